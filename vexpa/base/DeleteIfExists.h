@@ -1,0 +1,18 @@
+// vexpa/base/DeleteIfExists.h - Release for objects that are not shared.
+#ifndef VEXPA_BASE_DELETEIFEXISTS_H_
+#define VEXPA_BASE_DELETEIFEXISTS_H_
+
+namespace tarn {
+
+class Object;
+
+// Ends `object` through its deleting destructor; does nothing for null.
+//
+// A binary caller may reach Release through a slot with a null object, and a compiler
+// deletes a test of `this` against null. So the pointer passes a barrier that hides where
+// it came from before it is tested. (ReleaseOfANullObjectDoesNothing)
+void DeleteIfExists(Object* object);
+
+}  // namespace tarn
+
+#endif  // VEXPA_BASE_DELETEIFEXISTS_H_

@@ -1,0 +1,15 @@
+// vexpa/base/Result.h - the result codes of operations with an out argument.
+#ifndef VEXPA_BASE_RESULT_H_
+#define VEXPA_BASE_RESULT_H_
+
+#include "runtime/Runtime.h"
+
+namespace tarn {
+
+// HRESULT, S_OK, E_OUTOFMEMORY, E_INVALIDARG, E_FAIL and E_ACCESSDENIED are the platform's.
+constexpr bool Failed(HRESULT result) noexcept { return result < 0; }
+constexpr bool Succeeded(HRESULT result) noexcept { return result >= 0; }
+
+}  // namespace tarn
+
+#endif  // VEXPA_BASE_RESULT_H_

@@ -1,0 +1,41 @@
+// vexpa/base/Utf16.h - crossing between the two types of a UTF-16 code unit.
+//
+// Public signatures say `const unsigned short*`, as compiled callers know them; inside,
+// text is char16_t. The two types mean the same and may not alias, so this header alone
+// crosses, and it reads a caller's units as bytes.
+#ifndef VEXPA_BASE_UTF16_H_
+#define VEXPA_BASE_UTF16_H_
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+
+namespace tarn {
+
+static_assert(sizeof(char16_t) == sizeof(unsigned short), "a code unit is 16 bits wide");
+
+// The same text under the type that public signatures use, and back. The result points
+// into the argument: to be passed on, or read by code that knows only its own type.
+inline const unsigned short* ToUnits(const char16_t* text) noexcept {
+    return reinterpret_cast<const unsigned short*>(text);
+}
+inline const char16_t* FromUnits(const unsigned short* text) noexcept {
+    return reinterpret_cast<const char16_t*>(text);
+}
+
+// A copy of a caller's NUL-terminated text; null is the empty text.
+inline std::u16string CopyText(const unsigned short* text) {
+    if (text == nullptr) return {};
+    using AnyUnit __attribute__((__may_alias__)) = unsigned short;
+    const AnyUnit* units = text;
+    std::size_t length = 0;
+    while (units[length] != 0) ++length;
+    std::u16string copy(length, u'\0');
+    if (length != 0) std::memcpy(copy.data(), text, length * sizeof(char16_t));
+    return copy;
+}
+inline std::u16string CopyText(const char16_t* text) { return CopyText(ToUnits(text)); }
+
+}  // namespace tarn
+
+#endif  // VEXPA_BASE_UTF16_H_
