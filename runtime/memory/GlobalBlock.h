@@ -1,0 +1,27 @@
+// runtime/memory/GlobalBlock.h - a movable memory block, what an HGBL points to.
+#ifndef VEXPA_RUNTIME_MEMORY_GLOBALBLOCK_H_
+#define VEXPA_RUNTIME_MEMORY_GLOBALBLOCK_H_
+
+#include <cstddef>
+
+#include "runtime/Runtime.h"
+
+// The bytes lie in a block of their own, so that a stream can grow them while the handle
+// that callers hold stays the same.
+struct GlobalBlock {
+    std::byte* bytes;
+    std::size_t size;
+    int locks;
+};
+
+namespace vexpa_runtime {
+
+// Changes the block's size, keeping its bytes; new ones are zero. False, and no change,
+// when memory is exhausted.
+bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept;
+
+void FreeBlock(HGBL block) noexcept;  // null does nothing
+
+}  // namespace vexpa_runtime
+
+#endif  // VEXPA_RUNTIME_MEMORY_GLOBALBLOCK_H_
