@@ -1,0 +1,51 @@
+#include "vexpa/opc/ContentTypes.h"
+
+#include <utility>
+
+#include "runtime/Runtime.h"
+#include "vexpa/base/Utf16.h"
+#include "vexpa/opc/PartNameKey.h"
+
+namespace tarn::opc {
+
+namespace {
+
+// Calls visit(key, content type) for each element of this name that has both attributes.
+template <class Visit>
+void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t* keyName, Visit visit) {
+    IDomNodeList* rules = document.GetElementsByTagName(element);
+    for (std::uint32_t i = 0; i < rules->GetLength(); ++i) {
+        IDomAttributes* attributes = rules->GetItem(i)->GetAttributes();
+        if (attributes == nullptr) continue;
+        IDomAttribute* key = attributes->GetNamedItem(keyName);
+        IDomAttribute* contentType = attributes->GetNamedItem(u"ContentType");
+        if (key == nullptr || contentType == nullptr) continue;
+        visit(CopyText(key->GetValue()), CopyText(contentType->GetValue()));
+    }
+}
+
+}  // namespace
+
+void ContentTypes::Read(IDomDocument& document) {
+    ForEachRule(document, u"Override", u"PartName", [this](std::u16string name, std::u16string type) {
+        const std::u16string key(PartNameKey(name));
+        overrideContentTypes.try_emplace(PartUri(key.c_str()), std::move(type));
+    });
+    ForEachRule(document, u"Default", u"Extension", [this](std::u16string extension, std::u16string type) {
+        defaultContentTypes.try_emplace(std::move(extension), std::move(type));
+    });
+}
+
+std::u16string ContentTypes::Find(std::u16string_view key) const {
+    const auto override = overrideContentTypes.find(key);
+    if (override != overrideContentTypes.end()) return override->second;
+
+    // Kept: a name without a dot is its own extension. (ContentTypes.ANameWithoutADotIsItsOwnExtension)
+    std::u16string_view extension = key;
+    const std::size_t dot = extension.rfind(u'.');
+    if (dot != std::u16string_view::npos) extension.remove_prefix(dot + 1);
+    const auto byExtension = defaultContentTypes.find(extension);
+    return byExtension == defaultContentTypes.end() ? std::u16string() : byExtension->second;
+}
+
+}  // namespace tarn::opc

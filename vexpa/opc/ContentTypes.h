@@ -1,0 +1,42 @@
+// vexpa/opc/ContentTypes.h - which content type a package states for a part.
+#ifndef VEXPA_OPC_CONTENTTYPES_H_
+#define VEXPA_OPC_CONTENTTYPES_H_
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "vexpa/opc/PartUri.h"
+
+struct IDomDocument;
+
+namespace tarn::opc {
+
+// Orders part names by code unit, and compares a bare name with the names in a map.
+struct PartNameLess {
+    using is_transparent = void;
+    bool operator()(const PartUri& a, const PartUri& b) const noexcept { return a.name < b.name; }
+    bool operator()(const PartUri& a, std::u16string_view b) const noexcept { return a.name < b; }
+    bool operator()(std::u16string_view a, const PartUri& b) const noexcept { return a < b.name; }
+};
+
+// The two tables of [Content_Types].xml (ECMA-376 Part 2, content types). Values are kept
+// as written, and the first of equal keys wins.
+struct ContentTypes {
+    // By part name less its leading separator.
+    std::map<PartUri, std::u16string, PartNameLess> overrideContentTypes;
+    // By extension exactly as written: no dot is removed, and case matters.
+    std::map<std::u16string, std::u16string, std::less<>> defaultContentTypes;
+
+    // Adds the Override elements of the document, then its Default elements. One that
+    // lacks an attribute is skipped.
+    void Read(IDomDocument& document);
+
+    // The content type of a part by its key; empty when the package states none.
+    std::u16string Find(std::u16string_view key) const;
+};
+
+}  // namespace tarn::opc
+
+#endif  // VEXPA_OPC_CONTENTTYPES_H_

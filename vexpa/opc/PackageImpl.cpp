@@ -1,0 +1,55 @@
+#include "vexpa/opc/PackageImpl.h"
+
+#include "vexpa/base/DeleteIfExists.h"
+#include "vexpa/opc/PartNameKey.h"
+
+namespace tarn::opc {
+
+PackageImpl::PackageImpl() = default;
+
+PackageImpl::~PackageImpl() { PackageImpl::Close(); }
+
+void PackageImpl::Release() { DeleteIfExists(this); }
+
+void PackageImpl::Close() {
+    ownedObjects_.clear();
+    relationships_.Clear();
+    for (const std::unique_ptr<PartImpl>& part : parts_) part->Close();
+    parts_.clear();
+    archive_.Close();
+}
+
+bool PackageImpl::PartExists(const PartUri& name) {
+    // Kept: the first unit goes without a look, so docProps/core.xml is asked for as
+    // ocProps/core.xml. (PartExists.LosesARealFirstCharacter)
+    return archive_.HasEntry(name.name.empty() ? u"" : name.name.c_str() + 1);
+}
+
+Relationship* PackageImpl::GetRelationshipById(const unsigned short* id) {
+    return relationships_.FindById(id);
+}
+
+Relationship* PackageImpl::GetRelationshipByType(RelationshipTypeId type, RelationshipCursor* cursor) {
+    return relationships_.FindByType(type, cursor);
+}
+
+RelationshipRange PackageImpl::GetRelationshipsByType(const unsigned short* type) {
+    return relationships_.FindRange(type);
+}
+
+bool PackageImpl::HasRelationshipById(const unsigned short* id) {
+    return GetRelationshipById(id) != nullptr;
+}
+
+Part* PackageImpl::FindPart(const unsigned short* name) {
+    const PartUri uri(name);
+    return FindLoaded(PartNameKey(uri.name));
+}
+
+PartImpl* PackageImpl::FindLoaded(std::u16string_view key) const {
+    const auto found = partsByName_.find(key);
+    if (found == partsByName_.end() || found->second >= parts_.size()) return nullptr;
+    return parts_[found->second].get();
+}
+
+}  // namespace tarn::opc

@@ -1,0 +1,64 @@
+// vexpa/opc/PackageImpl.h - an open package over its zip archive.
+#ifndef VEXPA_OPC_PACKAGEIMPL_H_
+#define VEXPA_OPC_PACKAGEIMPL_H_
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "vexpa/base/Noncopyable.h"
+#include "vexpa/opc/ContentTypes.h"
+#include "vexpa/opc/Package.h"
+#include "vexpa/opc/PartImpl.h"
+#include "vexpa/opc/RelationshipIndex.h"
+#include "vexpa/zip/UnZipArchive.h"
+
+namespace tarn::opc {
+
+class PackageImpl : public Package, Noncopyable {
+public:
+    PackageImpl();
+    ~PackageImpl() override;
+
+    // The steps of opening, in this order and once; each result is negative on failure.
+    HRESULT OpenArchive(const char16_t* path);
+    HRESULT ReadContentTypes();
+    HRESULT ReopenArchive();
+    HRESULT ReadPackageRelationships();
+
+    void Release() override;
+    void Close() override;
+    Part* GetPart(const PartUri& name) override;
+    bool PartExists(const PartUri& name) override;
+    const RelationshipMap& GetRelationships() const override { return relationships_.ById(); }
+    Relationship* GetRelationshipById(const unsigned short* id) override;
+    Relationship* GetRelationshipByType(RelationshipTypeId type, RelationshipCursor* cursor) override;
+    RelationshipRange GetRelationshipsByType(const unsigned short* type) override;
+    bool HasRelationshipById(const unsigned short* id) override;
+    Part* FindPart(const unsigned short* name) override;
+    Handle<Package> Clone() override { return {}; }
+    Handle<Object> ShallowClone() override { return {}; }
+
+private:
+    HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
+    PartImpl* FindLoaded(std::u16string_view key) const;
+    PartImpl* LoadPart(const PartUri& name, const std::u16string& key);
+    void ReadPartRelationships(PartImpl& part);
+
+    lumo::Compression::Zip::UnZipArchive archive_;
+    OwnedObjects ownedObjects_;  // relationships that their Id map refused
+    // By key, where the part stands in parts_. Close empties only the list, so that an index
+    // beyond its end is one of a closed package.
+    std::map<std::u16string, std::size_t, std::less<>> partsByName_;
+    std::vector<std::unique_ptr<PartImpl>> parts_;
+    RelationshipIndex relationships_;
+    std::u16string packagePath_;
+    ContentTypes contentTypes_;
+};
+
+}  // namespace tarn::opc
+
+#endif  // VEXPA_OPC_PACKAGEIMPL_H_

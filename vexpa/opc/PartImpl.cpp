@@ -1,0 +1,109 @@
+#include "vexpa/opc/PartImpl.h"
+
+#include <utility>
+
+#include "vexpa/base/DeleteIfExists.h"
+#include "vexpa/zip/ExtractEntry.h"
+#include "vexpa/zip/UnZipArchive.h"
+#include "vexpa/zip/UnZipArchiveImpl.h"
+
+namespace tarn::opc {
+
+namespace zip = lumo::Compression::Zip;
+
+PartImpl::PartImpl(const PartUri& name, std::u16string entryName, std::u16string contentType,
+                   zip::UnZipArchive* archive)
+    : name_(name),
+      entryName_(std::move(entryName)),
+      contentType_(std::move(contentType)),
+      archive_(archive) {}
+
+PartImpl::~PartImpl() {
+    PartImpl::Close();
+    if (data_.dataStream != nullptr) data_.dataStream->Release();
+    if (data_.ownsBytes != 0) delete[] data_.bytes;
+}
+
+void PartImpl::Release() { DeleteIfExists(this); }
+
+void PartImpl::Close() {
+    relationships_.Clear();
+    if (storage_ != nullptr) std::exchange(storage_, nullptr)->Release();
+}
+
+const unsigned short* PartImpl::GetContentType() const { return ToUnits(contentType_.c_str()); }
+
+Relationship* PartImpl::GetRelationshipById(const unsigned short* id) {
+    return relationships_.FindById(id);
+}
+
+Relationship* PartImpl::GetRelationshipByType(RelationshipTypeId type, RelationshipCursor* cursor) {
+    return relationships_.FindByType(type, cursor);
+}
+
+RelationshipRange PartImpl::GetRelationshipsByType(const unsigned short* type) {
+    return relationships_.FindRange(type);
+}
+
+bool PartImpl::HasRelationship(const unsigned short* id) { return GetRelationshipById(id) != nullptr; }
+
+PartData* PartImpl::LoadData() {
+    if (data_.dataStream != nullptr) return &data_;
+    IStream* made = nullptr;
+    if (Failed(MakeStream(&made)) || made == nullptr) return &data_;
+
+    stream_ = made;
+    data_.position = data_.bytes;
+    data_.end = data_.bytes;
+    data_.dataStream = made;
+    return &data_;
+}
+
+HRESULT PartImpl::GetStream(IStream** out) {
+    if (out == nullptr) return E_INVALIDARG;
+    if (data_.dataStream == nullptr) LoadData();
+    *out = stream_;
+    if (stream_ == nullptr) return E_FAIL;
+    stream_->AddRef();
+    return S_OK;
+}
+
+HRESULT PartImpl::GetStorage(IStorage** out) {
+    if (out == nullptr) return E_INVALIDARG;
+    if (storage_ == nullptr) {
+        HGBL block = nullptr;
+        IStorage* made = nullptr;
+        if (Succeeded(ExtractEntry(&block)) &&
+            Failed(_XStgOpenStorageOnHGBL2(&block, zip::kFreeBlockOnRelease, &made))) {
+            return E_FAIL;
+        }
+        storage_ = made;
+    }
+    *out = storage_;
+    if (storage_ == nullptr) return E_FAIL;
+    storage_->AddRef();
+    return S_OK;
+}
+
+std::int64_t PartImpl::GetEntryValue() {
+    if (archive_ == nullptr || !archive_->HasEntry(entryName_.c_str())) return 0;
+    zip::UnZipArchiveImpl& archive = *archive_->GetImpl();
+    const std::size_t index = archive.entryIndexByName.try_emplace(entryName_, 0).first->second;
+    return archive.entries[index].value;
+}
+
+// Kept: the bytes are lost when there is no memory for their block. Opening a package frees
+// them, the readers of parts never did. (PartData.OutOfMemoryForTheBlockLosesTheExtractedBytes)
+HRESULT PartImpl::ExtractEntry(HGBL* block) {
+    zip::UnZipArchiveImpl* archive = archive_ == nullptr ? nullptr : archive_->GetImpl();
+    if (archive == nullptr) return E_FAIL;
+    return ExtractEntryToBlock(*archive, entryName_.c_str(), zip::OnBlockFailure::LoseBytes, block);
+}
+
+HRESULT PartImpl::MakeStream(IStream** out) {
+    HGBL block = nullptr;
+    const HRESULT result = ExtractEntry(&block);
+    return Failed(result) ? result : _XCreateStreamOnHGBL(block, zip::kFreeBlockOnRelease, out);
+}
+
+}  // namespace tarn::opc

@@ -1,0 +1,63 @@
+// Making the parts of a package, each with its content type and its relationships.
+
+#include <utility>
+
+#include "vexpa/base/ComPtr.h"
+#include "vexpa/opc/PackageImpl.h"
+#include "vexpa/opc/ParseDocument.h"
+#include "vexpa/opc/PartNameKey.h"
+#include "vexpa/opc/RelationshipReader.h"
+#include "vexpa/zip/ExtractEntry.h"
+#include "vexpa/zip/UnZipArchiveImpl.h"
+
+namespace tarn::opc {
+
+namespace zip = lumo::Compression::Zip;
+
+Part* PackageImpl::GetPart(const PartUri& name) {
+    const std::u16string key(PartNameKey(name.name));
+    if (PartImpl* loaded = FindLoaded(key)) return loaded;
+    if (!archive_.HasEntry(key.c_str())) return nullptr;
+    return LoadPart(name, key);
+}
+
+PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) {
+    auto part = std::make_unique<PartImpl>(name, EntryName(key), contentTypes_.Find(key), &archive_);
+    ReadPartRelationships(*part);
+
+    // A key must never stand without its part, nor for the part that comes next.
+    parts_.push_back(std::move(part));
+    try {
+        partsByName_.insert_or_assign(key, parts_.size() - 1);
+    } catch (...) {
+        parts_.pop_back();
+        throw;
+    }
+    return parts_.back().get();
+}
+
+// Files the relationships of `part` on it. A part without a readable relationship
+// stream simply has none: most parts do not, and one broken .rels entry must not
+// cost the caller the part itself.
+void PackageImpl::ReadPartRelationships(PartImpl& part) {
+    const std::u16string& source = part.GetName().name;
+    const std::u16string entryName = EntryName(RelationshipEntryName(source));
+    if (entryName.empty()) return;
+
+    HGBL block = nullptr;
+    if (Failed(ExtractEntryToBlock(*archive_.GetImpl(), entryName.c_str(),
+                                   zip::OnBlockFailure::LoseBytes, &block))) {
+        return;
+    }
+    ComPtr<IStream> stream;
+    if (Failed(_XCreateStreamOnHGBL(block, zip::kFreeBlockOnRelease, stream.Out()))) return;
+
+    ComPtr<IDomDocument> document;
+    ParseDocument(stream.Get(), document.Out());
+    if (!document) return;
+    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<Relationship> relationship) {
+        part.Relationships().File(std::move(relationship), ownedObjects_);
+    });
+}
+
+}  // namespace tarn::opc

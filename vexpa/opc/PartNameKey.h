@@ -1,0 +1,27 @@
+// vexpa/opc/PartNameKey.h - the form of a part name that look-ups compare.
+#ifndef VEXPA_OPC_PARTNAMEKEY_H_
+#define VEXPA_OPC_PARTNAMEKEY_H_
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace tarn::opc {
+
+// The name less one leading '/' or '\', nothing else changed: producers write targets of
+// the package with and without the slash and mean the same part.
+inline std::u16string_view PartNameKey(std::u16string_view name) {
+    if (!name.empty() && (name.front() == u'/' || name.front() == u'\\')) name.remove_prefix(1);
+    return name;
+}
+
+// The key as the archive's entries are spelled, with slashes.
+inline std::u16string EntryName(std::u16string_view name) {
+    std::u16string entry(PartNameKey(name));
+    std::replace(entry.begin(), entry.end(), u'\\', u'/');
+    return entry;
+}
+
+}  // namespace tarn::opc
+
+#endif  // VEXPA_OPC_PARTNAMEKEY_H_

@@ -1,0 +1,28 @@
+// vexpa/opc/RelationshipReader.h - the relationships that a .rels document lists.
+#ifndef VEXPA_OPC_RELATIONSHIPREADER_H_
+#define VEXPA_OPC_RELATIONSHIPREADER_H_
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "runtime/Runtime.h"
+#include "vexpa/opc/Relationship.h"
+
+namespace tarn::opc {
+
+using RelationshipSink = std::function<void(std::unique_ptr<Relationship>)>;
+
+// Gives `sink` a relationship for each Relationship element, in document order; the
+// element's namespace and parents do not matter. A missing attribute is an empty text.
+void ReadRelationships(IDomDocument& document, const std::u16string& source,
+                       const RelationshipSink& sink);
+
+// The entry that holds the relationships of the part `source`: word/_rels/document.xml.rels
+// for word/document.xml, with or without a leading '/' as the source has it. Empty when
+// the name is too long to have one.
+std::u16string RelationshipEntryName(const std::u16string& source);
+
+}  // namespace tarn::opc
+
+#endif  // VEXPA_OPC_RELATIONSHIPREADER_H_

@@ -1,0 +1,82 @@
+#include "vexpa/zip/ExtractEntry.h"
+
+#include <QByteArray>
+#include <QString>
+#include <cstdlib>
+
+#include "vexpa/base/Noncopyable.h"
+#include "vexpa/base/Result.h"
+#include "vexpa/zip/UnZipArchiveImpl.h"
+
+namespace lumo::Compression::Zip {
+
+namespace {
+
+// Kept: the record is larger, and this is the length that the unzip call has always been
+// told. (ExtractEntryToMemory.TellsTheShortRecordLength)
+constexpr unsigned long kCallbacksLength = 24;
+
+// Nothing is shown or logged: the caller's user did not ask for this file by name.
+int DropMessage(void*, unsigned char*, unsigned long, int) { return 0; }
+
+QByteArray ToLocal8Bit(const char16_t* text) { return QString::fromUtf16(text, -1).toLocal8Bit(); }
+
+// The extracted bytes, freed at the end unless they are let go.
+class ExtractedBytes : tarn::Noncopyable {
+public:
+    ~ExtractedBytes() { std::free(buffer_.strptr); }
+    UzpBuffer* Out() noexcept { return &buffer_; }
+    const char* Bytes() const noexcept { return buffer_.strptr; }
+    std::size_t Size() const noexcept { return buffer_.strptr == nullptr ? 0 : buffer_.strlength; }
+    void Lose() noexcept { buffer_.strptr = nullptr; }
+
+private:
+    UzpBuffer buffer_{};
+};
+
+// Access to a movable block's bytes for as long as this object lives.
+class BlockLock : tarn::Noncopyable {
+public:
+    explicit BlockLock(HGBL block) : block_(block), bytes_(_XGblLock(block)) {}
+    ~BlockLock() { _XGblUnlock(block_); }
+    void* Bytes() const noexcept { return bytes_; }
+
+private:
+    HGBL block_;
+    void* bytes_;
+};
+
+}  // namespace
+
+HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryName, UzpBuffer* result) {
+    QByteArray zip = ToLocal8Bit(archive.archivePath.c_str());
+    QByteArray entry = ToLocal8Bit(entryName);
+
+    UzpOpts options{};
+    UzpCB callbacks{};
+    callbacks.structlen = kCallbacksLength;
+    callbacks.msgfn = DropMessage;
+
+    return UzpUnzipToMemory(zip.data(), entry.data(), &options, &callbacks, result) != 0 ? S_OK : E_FAIL;
+}
+
+HRESULT ExtractEntryToBlock(UnZipArchiveImpl& archive, const char16_t* entryName,
+                            OnBlockFailure onBlockFailure, HGBL* block) {
+    *block = nullptr;
+    ExtractedBytes extracted;
+    const HRESULT result = ExtractEntryToMemory(archive, entryName, extracted.Out());
+    if (tarn::Failed(result)) return result;
+    if (extracted.Size() == 0) return S_OK;
+
+    HGBL copy = _XGblAlloc(kGblZeroInit, extracted.Size());
+    if (copy == nullptr) {
+        if (onBlockFailure == OnBlockFailure::LoseBytes) extracted.Lose();
+        return E_OUTOFMEMORY;
+    }
+    BlockLock lock(copy);
+    vmemcpy_s(lock.Bytes(), extracted.Size(), extracted.Bytes(), extracted.Size());
+    *block = copy;
+    return S_OK;
+}
+
+}  // namespace lumo::Compression::Zip

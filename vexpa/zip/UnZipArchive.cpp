@@ -1,0 +1,40 @@
+#include "vexpa/zip/UnZipArchive.h"
+
+#include <algorithm>
+#include <string>
+
+#include "runtime/Runtime.h"
+#include "vexpa/base/Utf16.h"
+#include "vexpa/zip/UnZipArchiveImpl.h"
+
+namespace lumo::Compression::Zip {
+
+namespace {
+
+constexpr int kReadAccess = 4;
+
+bool IsReadable(const std::u16string& path) { return _Xaccess(path.c_str(), kReadAccess) == 0; }
+
+}  // namespace
+
+UnZipArchive::UnZipArchive() noexcept = default;
+UnZipArchive::~UnZipArchive() = default;
+
+HRESULT UnZipArchive::Open(const char16_t* path) {
+    if (impl_ && IsReadable(impl_->archivePath)) return E_ACCESSDENIED;
+    impl_ = std::make_unique<UnZipArchiveImpl>();
+    impl_->archivePath = tarn::CopyText(path);
+    return IsReadable(impl_->archivePath) ? S_OK : E_FAIL;
+}
+
+void UnZipArchive::Close() noexcept { impl_.reset(); }
+
+bool UnZipArchive::HasEntry(const char16_t* name) {
+    if (!impl_) return false;
+    std::u16string converted = tarn::CopyText(name);
+    std::replace(converted.begin(), converted.end(), u'\\', u'/');
+    if (impl_->entries.empty()) ListEntries(*impl_);
+    return impl_->entryIndexByName.find(converted) != impl_->entryIndexByName.end();
+}
+
+}  // namespace lumo::Compression::Zip

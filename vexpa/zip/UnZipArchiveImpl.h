@@ -1,0 +1,41 @@
+// vexpa/zip/UnZipArchiveImpl.h - what an open archive knows.
+#ifndef VEXPA_ZIP_UNZIPARCHIVEIMPL_H_
+#define VEXPA_ZIP_UNZIPARCHIVEIMPL_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "vexpa/zip/EntryNameSet.h"
+
+namespace lumo::Compression::Zip {
+
+// Fixed; compiled callers of the original record expect it and nothing here reads it.
+constexpr std::uint32_t kEntryKind = 13;
+
+struct EntryRecord {
+    std::u16string name;  // as listed
+    std::int64_t value = 0;
+    std::uint64_t reserved1[3] = {};
+    std::uint32_t kind = kEntryKind;
+    std::uint64_t reserved2[2] = {};
+};
+
+struct UnZipArchiveImpl {
+    EntryNameSet entryNameSet;
+    std::u16string archivePath;
+    std::vector<EntryRecord> entries;  // in directory order; not empty once listed
+    std::vector<std::u16string> reservedTexts;
+    std::map<std::u16string, std::size_t, std::less<>> entryIndexByName;  // the first of equal names
+    std::u16string reservedText;
+};
+
+// Fills the list of entries from the platform; a failure leaves it empty.
+void ListEntries(UnZipArchiveImpl& archive);
+
+}  // namespace lumo::Compression::Zip
+
+#endif  // VEXPA_ZIP_UNZIPARCHIVEIMPL_H_
