@@ -4,6 +4,7 @@
 #include <QString>
 #include <cstdlib>
 
+#include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Noncopyable.h"
 #include "vexpa/base/Result.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
@@ -13,7 +14,7 @@ namespace lumo::Compression::Zip {
 namespace {
 
 // Kept: the record is larger, and this is the length that the unzip call has always been
-// told. (ExtractEntryToMemory.TellsTheShortRecordLength)
+// told. (ExtractEntry.TellsTheShortRecordLength)
 constexpr unsigned long kCallbacksLength = 24;
 
 // Nothing is shown or logged: the caller's user did not ask for this file by name.
@@ -46,6 +47,17 @@ private:
     void* bytes_;
 };
 
+bool CopyInto(HGBL block, const ExtractedBytes& extracted) {
+    const BlockLock lock(block);
+    return vmemcpy_s(lock.Bytes(), extracted.Size(), extracted.Bytes(), extracted.Size()) == 0;
+}
+
+// The platform ends a block together with the stream that owns it.
+void FreeBlock(HGBL block) {
+    tarn::ComPtr<IStream> stream;
+    _XCreateStreamOnHGBL(block, kFreeBlockOnRelease, stream.Out());
+}
+
 }  // namespace
 
 HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryName, UzpBuffer* result) {
@@ -73,8 +85,10 @@ HRESULT ExtractEntryToBlock(UnZipArchiveImpl& archive, const char16_t* entryName
         if (onBlockFailure == OnBlockFailure::LoseBytes) extracted.Lose();
         return E_OUTOFMEMORY;
     }
-    BlockLock lock(copy);
-    vmemcpy_s(lock.Bytes(), extracted.Size(), extracted.Bytes(), extracted.Size());
+    if (!CopyInto(copy, extracted)) {
+        FreeBlock(copy);
+        return E_FAIL;
+    }
     *block = copy;
     return S_OK;
 }

@@ -1,0 +1,118 @@
+#include "vexpa/zip/EntryNameSet.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using lumo::Compression::Zip::EntryNameSet;
+using lumo::Compression::Zip::HashEntryName;
+
+// Whether the set took the name; what it refuses is freed here.
+bool Insert(EntryNameSet& set, const std::u16string& name) {
+    BSTR text = _XSysAllocString(name.c_str());
+    if (set.Insert(text)) return true;
+    _XSysFreeString(text);
+    return false;
+}
+
+std::u16string Numbered(int i) {
+    const std::string digits = std::to_string(i);
+    return u"part" + std::u16string(digits.begin(), digits.end());
+}
+
+// 2^bits names of one hash: "p" and " " fall together with "o" and "0", as 16 more in one
+// unit equals 1 more in the unit before.
+std::u16string Colliding(unsigned number, int bits) {
+    std::u16string name;
+    for (int bit = 0; bit < bits; ++bit) name += (number >> bit & 1) != 0 ? u"1 " : u"00";
+    return name;
+}
+
+TEST(HashEntryName, IsTheElfHashOfTheFoldedUnits) {
+    EXPECT_EQ(HashEntryName(u""), 0u);
+    EXPECT_EQ(HashEntryName(u"A"), 0x41u);
+    EXPECT_EQ(HashEntryName(u"a"), 0x41u);
+    // 0x41 * 16 + 0x42
+    EXPECT_EQ(HashEntryName(u"ab"), 0x452u);
+    // Worked out by hand: after seven A's the hash is 0x5555551, and the eighth overflows
+    // into the top four bits: 0x55555551 -> top 5, folded in at bit 4.
+    EXPECT_EQ(HashEntryName(u"AAAAAAA"), 0x5555551u);
+    EXPECT_EQ(HashEntryName(u"AAAAAAAA"), 0x5555551u ^ 0x50u);
+}
+
+TEST(HashEntryName, FoldsOnlyAsciiLetters) {
+    EXPECT_EQ(HashEntryName(u"\u00e4"), 0xe4u);
+    EXPECT_EQ(HashEntryName(u"{"), 0x7bu);
+    EXPECT_EQ(HashEntryName(u"`"), 0x60u);
+    EXPECT_EQ(HashEntryName(u"z"), 0x5au);
+}
+
+TEST(EntryNameSet, HoldsANameOncePerSpellingWithoutRegardToCase) {
+    EntryNameSet set;
+    EXPECT_TRUE(Insert(set, u"word/document.xml"));
+    EXPECT_FALSE(Insert(set, u"word/document.xml"));
+    EXPECT_FALSE(Insert(set, u"Word/DOCUMENT.xml"));
+    EXPECT_TRUE(Insert(set, u"word/document.xm"));
+    EXPECT_EQ(set.GetCount(), 2u);
+    EXPECT_TRUE(set.Contains(u"WORD/document.XML"));
+    EXPECT_FALSE(set.Contains(u"word/styles.xml"));
+}
+
+TEST(EntryNameSet, HoldsTheEmptyName) {
+    EntryNameSet set;
+    EXPECT_FALSE(set.Contains(u""));
+    EXPECT_TRUE(Insert(set, u""));
+    EXPECT_TRUE(set.Contains(u""));
+}
+
+TEST(EntryNameSet, StartsWithSixteenBucketsAndGrowsByFours) {
+    EntryNameSet set;
+    EXPECT_EQ(set.GetBucketCount(), 16u);
+    std::vector<std::size_t> steps;
+    for (int i = 0; i < 1025; ++i) {
+        const std::size_t before = set.GetBucketCount();
+        ASSERT_TRUE(Insert(set, Numbered(i)));
+        ASSERT_LE(set.GetCount(), set.GetBucketCount());
+        if (set.GetBucketCount() != before) steps.push_back(set.GetCount());
+    }
+    EXPECT_EQ(steps, (std::vector<std::size_t>{17, 65, 257, 1025}));
+    EXPECT_EQ(set.GetBucketCount(), 4096u);
+}
+
+TEST(EntryNameSet, FindsEveryNameAfterGrowing) {
+    EntryNameSet set;
+    for (int i = 0; i < 5000; ++i) ASSERT_TRUE(Insert(set, Numbered(i)));
+    for (int i = 0; i < 5000; ++i) ASSERT_TRUE(set.Contains(Numbered(i).c_str()));
+    EXPECT_FALSE(set.Contains(Numbered(5000).c_str()));
+}
+
+TEST(EntryNameSet, KeepsNamesApartThatShareAHash) {
+    ASSERT_EQ(HashEntryName(Colliding(0, 3)), HashEntryName(Colliding(5, 3)));
+    EntryNameSet set;
+    for (unsigned i = 0; i < 8; ++i) ASSERT_TRUE(Insert(set, Colliding(i, 3)));
+    for (unsigned i = 0; i < 8; ++i) ASSERT_FALSE(Insert(set, Colliding(i, 3)));
+    EXPECT_EQ(set.GetCount(), 8u);
+}
+
+TEST(EntryNameSet, TakesABucketOfMoreThanASmallBlockHolds) {
+    EntryNameSet set;
+    constexpr unsigned kNames = 1U << 16;
+    for (unsigned i = 0; i < kNames; ++i) ASSERT_TRUE(Insert(set, Colliding(i, 16)));
+    EXPECT_EQ(set.GetCount(), kNames);
+    for (unsigned i = 0; i < kNames; i += 97) ASSERT_TRUE(set.Contains(Colliding(i, 16).c_str()));
+    EXPECT_FALSE(Insert(set, Colliding(kNames - 1, 16)));
+}
+
+TEST(EntryNameSet, IsEmptyAgainAfterClear) {
+    EntryNameSet set;
+    for (int i = 0; i < 100; ++i) ASSERT_TRUE(Insert(set, Numbered(i)));
+    set.Clear();
+    EXPECT_EQ(set.GetCount(), 0u);
+    EXPECT_EQ(set.GetBucketCount(), 16u);
+    EXPECT_FALSE(set.Contains(u"part1"));
+    EXPECT_TRUE(Insert(set, u"part1"));
+}
+
+}  // namespace
