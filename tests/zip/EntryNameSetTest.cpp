@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -22,8 +23,7 @@ std::u16string Numbered(int i) {
     return u"part" + std::u16string(digits.begin(), digits.end());
 }
 
-// 2^bits names of one hash: "p" and " " fall together with "o" and "0", as 16 more in one
-// unit equals 1 more in the unit before.
+// One of 2^bits names that share a hash: 1 more in a unit equals 16 more in the next one.
 std::u16string Colliding(unsigned number, int bits) {
     std::u16string name;
     for (int bit = 0; bit < bits; ++bit) name += (number >> bit & 1) != 0 ? u"1 " : u"00";
@@ -36,10 +36,11 @@ TEST(HashEntryName, IsTheElfHashOfTheFoldedUnits) {
     EXPECT_EQ(HashEntryName(u"a"), 0x41u);
     // 0x41 * 16 + 0x42
     EXPECT_EQ(HashEntryName(u"ab"), 0x452u);
-    // Worked out by hand: after seven A's the hash is 0x5555551, and the eighth overflows
-    // into the top four bits: 0x55555551 -> top 5, folded in at bit 4.
-    EXPECT_EQ(HashEntryName(u"AAAAAAA"), 0x5555551u);
-    EXPECT_EQ(HashEntryName(u"AAAAAAAA"), 0x5555551u ^ 0x50u);
+    // By hand: six give 0x4555551; the seventh makes 0x45555551, whose top 4 is folded in
+    // at bit 4 and cleared, the eighth 0x55555151, whose top 5 goes the same way.
+    EXPECT_EQ(HashEntryName(u"AAAAAA"), 0x4555551u);
+    EXPECT_EQ(HashEntryName(u"AAAAAAA"), 0x5555511u);
+    EXPECT_EQ(HashEntryName(u"AAAAAAAA"), 0x5555101u);
 }
 
 TEST(HashEntryName, FoldsOnlyAsciiLetters) {
