@@ -1,0 +1,32 @@
+#include "vexpa/opc/NormalizeRelationshipType.h"
+
+#include <algorithm>
+#include <cwctype>
+
+namespace tarn::opc {
+
+namespace {
+
+bool IsSpace(char16_t unit) {
+    return std::iswspace(unit) != 0;
+}
+
+char16_t Fold(char16_t unit) {
+    if (unit == u'\\') return u'/';
+    if (std::iswlower(unit) != 0) return unit;
+    return static_cast<char16_t>(std::towlower(unit));
+}
+
+}  // namespace
+
+std::u16string NormalizeRelationshipType(std::u16string_view type) {
+    // Only the blanks of XML are passed over; any other white space in front cuts at once.
+    type.remove_prefix(std::min(type.find_first_not_of(u"\t\n\r "), type.size()));
+
+    const auto end = std::find_if(type.begin(), type.end(), IsSpace);
+    std::u16string folded(type.begin(), end);
+    std::transform(folded.begin(), folded.end(), folded.begin(), Fold);
+    return folded;
+}
+
+}  // namespace tarn::opc

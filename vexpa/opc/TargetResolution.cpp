@@ -1,0 +1,109 @@
+#include "vexpa/opc/TargetResolution.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "runtime/Runtime.h"
+
+namespace tarn::opc {
+
+namespace {
+
+constexpr std::size_t kDirectorySize = 4096;
+
+bool IsSeparator(char16_t unit) {
+    return unit == u'/' || unit == u'\\';
+}
+
+// Whether a scheme begins the target: a ':' before the first slash. Backslashes separate
+// only in a target that has no slash at all.
+bool IsAbsoluteUri(std::u16string_view target) {
+    const std::size_t colon = target.find(u':');
+    if (colon == target.npos) return false;
+    const std::size_t slash = target.find(u'/');
+    const std::size_t separator = slash != target.npos ? slash : target.find(u'\\');
+    return colon < separator;  // npos, no separator, is after every colon
+}
+
+// The directory of a part name, without the separator at its end.
+class SourceDirectory {
+public:
+    explicit SourceDirectory(const std::u16string& source) {
+        // A directory that does not fit is left empty, so its targets resolve from the root.
+        u_splitpath_s(source.c_str(), nullptr, 0, units_, kDirectorySize, nullptr, 0, nullptr, 0);
+        length_ = u_strnlen_s(units_, kDirectorySize);
+        if (length_ != 0 && IsSeparator(units_[length_ - 1])) --length_;
+    }
+    std::u16string_view text() const { return {units_, length_}; }
+
+private:
+    char16_t units_[kDirectorySize] = {};
+    std::size_t length_;
+};
+
+struct StepsUp {
+    std::size_t count = 0;
+    std::size_t end = 0;  // right after the last of them
+};
+
+// Kept: every ".." is a step up, also one inside a file name. (TwoDotsInsideAFileNameClimb)
+StepsUp CountStepsUp(std::u16string_view target) {
+    StepsUp steps;
+    for (std::size_t at = 0; (at = target.find(u"..", at)) != target.npos;) {
+        at += 2;
+        ++steps.count;
+        steps.end = at;
+    }
+    return steps;
+}
+
+// The directory that remains after `steps` searches for a separator, each in front of the
+// one found before, have cut it at the last one found.
+//
+// Kept: after a separator at the very start the searches begin again at the end of the
+// directory; without one they stay at the first separator.
+// (StepsBeyondTheRootBeginAgainAtTheEnd, StepsBeyondARelativeDirectoryStayAtItsFirstSeparator)
+//
+// So the separators are met in a cycle, or until they are used up, and counting them tells
+// which one is the last: a target may hold far more steps than there is time to search.
+std::u16string_view Climb(std::u16string_view directory, std::size_t steps) {
+    const auto separators =
+        static_cast<std::size_t>(std::count_if(directory.begin(), directory.end(), IsSeparator));
+    if (separators == 0) return {};
+
+    const bool isCycle = IsSeparator(directory.front());
+    std::size_t cuts = isCycle ? (steps - 1) % separators + 1 : std::min(steps, separators);
+    for (; cuts != 0; --cuts) directory = directory.substr(0, directory.find_last_of(u"/\\"));
+    return directory;
+}
+
+std::u16string ResolveRelative(const std::u16string& source, std::u16string_view target) {
+    const SourceDirectory directory(source);
+    const StepsUp steps = CountStepsUp(target);
+
+    std::u16string result;
+    if (steps.count == 0) {
+        result.append(directory.text()).append(u"/").append(target);
+    } else {
+        result.append(Climb(directory.text(), steps.count)).append(target.substr(steps.end));
+    }
+    if (!result.empty() && IsSeparator(result.front())) result.erase(0, 1);
+    return result;
+}
+
+}  // namespace
+
+TargetMode ParseTargetMode(const char16_t* text) {
+    if (text == nullptr) return TargetModeInternal;
+    return _Xu2_stricmp(text, u"external") == 0 ? TargetModeExternal : TargetModeInternal;
+}
+
+std::u16string ResolveTarget(const std::u16string& source, const std::u16string& target) {
+    if (source.empty()) return target;
+    if (!target.empty() && target.front() == u'/') return target.substr(1);
+    if (IsAbsoluteUri(target)) return target;
+    return ResolveRelative(source, target);
+}
+
+}  // namespace tarn::opc

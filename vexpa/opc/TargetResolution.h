@@ -1,0 +1,21 @@
+// vexpa/opc/TargetResolution.h - what the attributes TargetMode and Target of a relationship mean.
+#ifndef VEXPA_OPC_TARGETRESOLUTION_H_
+#define VEXPA_OPC_TARGETRESOLUTION_H_
+
+#include <string>
+
+#include "vexpa/opc/TargetMode.h"
+
+namespace tarn::opc {
+
+// External for the word "External" in any case; internal for anything else, null included.
+TargetMode ParseTargetMode(const char16_t* text);
+
+// The name of the part that `target` means in the relationships of the part `source`;
+// `source` is empty for those of the package, whose targets stay as they are. Neither the
+// target mode nor a fragment or an escape in the target changes the steps. Time is linear.
+std::u16string ResolveTarget(const std::u16string& source, const std::u16string& target);
+
+}  // namespace tarn::opc
+
+#endif  // VEXPA_OPC_TARGETRESOLUTION_H_
