@@ -1,0 +1,217 @@
+#include "runtime/com/CompoundCheck.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace vexpa_runtime {
+
+namespace {
+
+// [MS-CFB] 2.1, 2.2 and 2.6.1. A sector number above the last regular one ends a chain.
+constexpr std::uint8_t kSignature[8] = {0xD0, 0xCF, 0x11, 0xE0, 0xA1, 0xB1, 0x1A, 0xE1};
+constexpr std::size_t kHeaderSize = 512;
+constexpr std::size_t kSectorShiftAt = 30;
+constexpr std::size_t kMiniSectorShiftAt = 32;
+constexpr std::size_t kFatCountAt = 44;
+constexpr std::size_t kDirectoryStartAt = 48;
+constexpr std::size_t kMiniCutoffAt = 56;
+constexpr std::size_t kMiniFatStartAt = 60;
+constexpr std::size_t kMiniFatCountAt = 64;
+constexpr std::size_t kDifatStartAt = 68;
+constexpr std::size_t kDifatCountAt = 72;
+constexpr std::size_t kDifatAt = 76;
+constexpr std::size_t kHeaderDifatEntries = 109;
+constexpr std::uint32_t kMiniCutoff = 4096;
+constexpr std::uint32_t kMaxRegularSector = 0xFFFFFFFA;
+constexpr std::uint32_t kFreeSector = 0xFFFFFFFF;
+
+constexpr std::size_t kEntrySize = 128;
+constexpr std::size_t kTypeAt = 66;
+constexpr std::size_t kLeftAt = 68;
+constexpr std::size_t kRightAt = 72;
+constexpr std::size_t kChildAt = 76;
+constexpr std::size_t kStartAt = 116;
+constexpr std::size_t kSizeAt = 120;
+constexpr std::uint8_t kStreamType = 2;
+constexpr std::uint8_t kRootType = 5;
+
+// Offsets are computed in 32 bits by libgsf.
+constexpr std::size_t kMaxFileSize = 0xFFFFFFFF;
+
+// Streams may share sectors in a damaged file, but not so that opening each of them walks
+// the file again and again.
+constexpr std::uint64_t kFreeSteps = 1 << 24;
+constexpr std::uint64_t kStepsPerSector = 4;
+
+class Checker {
+public:
+    explicit Checker(std::span<const std::byte> bytes) : bytes_(bytes) {}
+
+    bool Sound() {
+        return ReadHeader() && ReadFat() && ReadDirectory() && ReadMiniFat() && WalkDirectory();
+    }
+
+private:
+    using Sectors = std::vector<std::uint32_t>;
+
+    // An allocation table: the sectors that hold it, in order.
+    struct Table {
+        Sectors sectors;
+        std::size_t entries = 0;
+    };
+
+    // An entry to visit, how deep libgsf's recursion is there, and the storage it is in.
+    struct Visit {
+        std::uint32_t entry;
+        std::size_t depth;
+        std::uint32_t parent;
+    };
+
+    std::uint16_t U16(std::size_t at) const {
+        return static_cast<std::uint16_t>(U8(at) | U8(at + 1) << 8);
+    }
+    std::uint32_t U32(std::size_t at) const {
+        return U16(at) | static_cast<std::uint32_t>(U16(at + 2)) << 16;
+    }
+    std::uint8_t U8(std::size_t at) const { return std::to_integer<std::uint8_t>(bytes_[at]); }
+
+    std::size_t SectorSize() const { return std::size_t{1} << sectorShift_; }
+    std::size_t PerSector() const { return SectorSize() / sizeof(std::uint32_t); }
+    std::size_t OffsetOf(std::uint32_t sector) const {
+        return (std::size_t{sector} + 1) << sectorShift_;
+    }
+    // Tables and directories must lie in the file; only a stream may be cut.
+    bool IsWhole(std::uint32_t sector) const {
+        return sector <= kMaxRegularSector && OffsetOf(sector) + SectorSize() <= bytes_.size();
+    }
+
+    bool ReadHeader();
+    bool ReadFat();
+    bool ReadDirectory();
+    bool ReadMiniFat();
+    bool WalkDirectory();
+    bool CheckEntry(std::size_t at);
+
+    std::uint32_t Next(const Table& table, std::uint32_t sector) const;
+    bool ChainEnds(const Table& table, std::uint32_t start);
+    bool CollectWhole(std::uint32_t start, Sectors& sectors) const;
+
+    std::span<const std::byte> bytes_;
+    unsigned int sectorShift_ = 9;
+    Table fat_;
+    Table miniFat_;
+    Sectors directory_;
+    std::uint64_t steps_ = 0;
+};
+
+bool Checker::ReadHeader() {
+    if (bytes_.size() < kHeaderSize || bytes_.size() > kMaxFileSize) return false;
+    if (std::memcmp(bytes_.data(), kSignature, sizeof kSignature) != 0) return false;
+    sectorShift_ = U16(kSectorShiftAt);
+    if (sectorShift_ != 9 && sectorShift_ != 12) return false;
+    return U16(kMiniSectorShiftAt) == 6 && U32(kMiniCutoffAt) == kMiniCutoff;
+}
+
+bool Checker::ReadFat() {
+    const std::size_t wanted = U32(kFatCountAt);
+    if (wanted > bytes_.size() >> sectorShift_) return false;
+
+    for (std::size_t i = 0; i < std::min(wanted, kHeaderDifatEntries); ++i) {
+        fat_.sectors.push_back(U32(kDifatAt + i * sizeof(std::uint32_t)));
+    }
+    std::uint32_t difat = U32(kDifatStartAt);
+    for (std::uint32_t left = U32(kDifatCountAt); left > 0 && fat_.sectors.size() < wanted; --left) {
+        if (!IsWhole(difat)) return false;
+        const std::size_t links = PerSector() - 1;  // the last entry leads on
+        const std::size_t at = OffsetOf(difat);
+        for (std::size_t i = 0; i < links && fat_.sectors.size() < wanted; ++i) {
+            fat_.sectors.push_back(U32(at + i * sizeof(std::uint32_t)));
+        }
+        difat = U32(at + links * sizeof(std::uint32_t));
+    }
+    for (const std::uint32_t sector : fat_.sectors) {
+        if (sector != kFreeSector && !IsWhole(sector)) return false;
+    }
+    fat_.entries = fat_.sectors.size() * PerSector();
+    return fat_.sectors.size() == wanted;
+}
+
+bool Checker::ReadDirectory() {
+    return CollectWhole(U32(kDirectoryStartAt), directory_) && !directory_.empty();
+}
+
+bool Checker::ReadMiniFat() {
+    if (U32(kMiniFatCountAt) > bytes_.size() >> sectorShift_) return false;
+    if (U32(kMiniFatCountAt) == 0) return true;
+    if (!CollectWhole(U32(kMiniFatStartAt), miniFat_.sectors)) return false;
+    miniFat_.entries = miniFat_.sectors.size() * PerSector();
+    return true;
+}
+
+// The sector after `sector`; what the table does not cover is free, and ends a chain.
+std::uint32_t Checker::Next(const Table& table, std::uint32_t sector) const {
+    const std::uint32_t holder = table.sectors[sector / PerSector()];
+    if (holder == kFreeSector) return kFreeSector;
+    return U32(OffsetOf(holder) + sector % PerSector() * sizeof(std::uint32_t));
+}
+
+// False when the chain runs in a circle, or all chains together take too long.
+bool Checker::ChainEnds(const Table& table, std::uint32_t start) {
+    const std::uint64_t limit = kFreeSteps + kStepsPerSector * (fat_.entries + miniFat_.entries);
+    std::size_t length = 0;
+    for (std::uint32_t at = start; at < table.entries; at = Next(table, at)) {
+        if (++length > table.entries || ++steps_ > limit) return false;
+    }
+    return true;
+}
+
+// The sectors of a chain that must lie in the file as a whole.
+bool Checker::CollectWhole(std::uint32_t start, Sectors& sectors) const {
+    for (std::uint32_t at = start; at < fat_.entries; at = Next(fat_, at)) {
+        if (!IsWhole(at) || sectors.size() == fat_.entries) return false;
+        sectors.push_back(at);
+    }
+    return true;
+}
+
+bool Checker::WalkDirectory() {
+    const std::size_t perSector = SectorSize() / kEntrySize;
+    const std::size_t count = directory_.size() * perSector;
+    std::vector<bool> seen(count);
+    std::vector<std::uint32_t> elements(count);
+    std::vector<Visit> open{{0, 1, 0}};
+    while (!open.empty()) {
+        const Visit visit = open.back();
+        open.pop_back();
+        if (visit.entry > kMaxRegularSector) continue;
+        if (visit.entry >= count || seen[visit.entry] || visit.depth > kMaxDirectoryDepth) return false;
+        if (++elements[visit.parent] > kMaxStorageElements) return false;
+        seen[visit.entry] = true;
+
+        const std::size_t at =
+            OffsetOf(directory_[visit.entry / perSector]) + visit.entry % perSector * kEntrySize;
+        if (!CheckEntry(at)) return false;
+        open.push_back({U32(at + kLeftAt), visit.depth + 1, visit.parent});
+        open.push_back({U32(at + kRightAt), visit.depth + 1, visit.parent});
+        open.push_back({U32(at + kChildAt), visit.depth + 1, visit.entry});
+    }
+    return true;
+}
+
+bool Checker::CheckEntry(std::size_t at) {
+    const std::uint8_t type = U8(at + kTypeAt);
+    const std::uint32_t start = U32(at + kStartAt);
+    if (type == kRootType) return ChainEnds(fat_, start);
+    if (type != kStreamType) return true;
+    return ChainEnds(U32(at + kSizeAt) < kMiniCutoff ? miniFat_ : fat_, start);
+}
+
+}  // namespace
+
+bool IsSoundCompoundFile(std::span<const std::byte> bytes) {
+    return Checker(bytes).Sound();
+}
+
+}  // namespace vexpa_runtime

@@ -1,0 +1,22 @@
+// runtime/com/GsfSilence.h - keeps the compound file library from talking about bad files.
+#ifndef VEXPA_RUNTIME_COM_GSFSILENCE_H_
+#define VEXPA_RUNTIME_COM_GSFSILENCE_H_
+
+namespace vexpa_runtime {
+
+// While one lives, what libgsf logs from this thread is dropped. Other threads' messages,
+// other libraries' messages and the host's handlers are left as they are.
+class GsfSilence {
+public:
+    GsfSilence() noexcept;
+    ~GsfSilence();
+    GsfSilence(const GsfSilence&) = delete;
+    GsfSilence& operator=(const GsfSilence&) = delete;
+
+private:
+    unsigned int handlers_[2];
+};
+
+}  // namespace vexpa_runtime
+
+#endif  // VEXPA_RUNTIME_COM_GSFSILENCE_H_

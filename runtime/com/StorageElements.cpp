@@ -1,0 +1,96 @@
+#include "runtime/com/StorageElements.h"
+
+#include <gsf/gsf-infile-msole.h>
+#include <gsf/gsf-input.h>
+
+#include <QChar>
+#include <QString>
+#include <algorithm>
+#include <cstring>
+
+#include "runtime/com/GsfPtr.h"
+#include "runtime/com/GsfSilence.h"
+
+namespace vexpa_runtime {
+
+namespace {
+
+constexpr std::int64_t kUnixEpoch = 11'644'473'600;  // seconds after 1601-01-01
+constexpr std::int64_t kTicksPerSecond = 10'000'000;
+
+FILETIME ToFileTime(GDateTime* time) {
+    if (time == nullptr) return {};
+    const std::int64_t ticks = (g_date_time_to_unix(time) + kUnixEpoch) * kTicksPerSecond +
+                               std::int64_t{10} * g_date_time_get_microsecond(time);
+    const auto value = static_cast<std::uint64_t>(ticks);
+    return {static_cast<std::uint32_t>(value), static_cast<std::uint32_t>(value >> 32)};
+}
+
+std::u16string UpperCase(std::u16string_view name) {
+    std::u16string upper(name);
+    for (char16_t& unit : upper) unit = QChar(unit).toUpper().unicode();
+    return upper;
+}
+
+// libgsf gives every element, stream or storage, the same class; only a storage counts children.
+bool IsStorage(GsfInput* element) {
+    return GSF_IS_INFILE(element) && gsf_infile_num_children(GSF_INFILE(element)) >= 0;
+}
+
+}  // namespace
+
+std::u16string ElementName(const char* utf8) {
+    return utf8 == nullptr ? std::u16string() : QString::fromUtf8(utf8).toStdU16String();
+}
+
+STATSTG DescribeElement(GsfInput* element) {
+    STATSTG stat{};
+    stat.mtime = ToFileTime(gsf_input_get_modtime(element));
+    if (!IsStorage(element)) {
+        stat.type = STGTY_STREAM;
+        stat.cbSize = static_cast<std::uint64_t>(gsf_input_size(element));
+        return stat;
+    }
+    stat.type = STGTY_STORAGE;
+    guint8 clsid[sizeof(GUID)];
+    if (gsf_infile_msole_get_class_id(GSF_INFILE_MSOLE(element), clsid)) {
+        std::memcpy(&stat.clsid, clsid, sizeof clsid);
+    }
+    return stat;
+}
+
+HRESULT CopyStat(const STATSTG& stat, std::u16string_view name, std::uint32_t flags,
+                 STATSTG* out) noexcept {
+    char16_t* copy = nullptr;
+    if (flags != STATFLAG_NONAME && !name.empty()) {
+        copy = static_cast<char16_t*>(_XCoTaskMemAlloc((name.size() + 1) * sizeof(char16_t)));
+        if (copy == nullptr) return E_OUTOFMEMORY;
+        *std::copy(name.begin(), name.end(), copy) = u'\0';
+    }
+    *out = stat;
+    out->pwcsName = copy;
+    return S_OK;
+}
+
+StorageElements::StorageElements(GsfInfile* storage) {
+    const GsfSilence silence;
+    const int count = gsf_infile_num_children(storage);
+    for (int index = 0; index < count; ++index) {
+        StorageElement element{ElementName(gsf_infile_name_by_index(storage, index)), {}, index};
+        // A damaged stream keeps its name; opening it fails.
+        element.stat.type = STGTY_STREAM;
+        const GsfPtr<GsfInput> input(gsf_infile_child_by_index(storage, index));
+        if (input) element.stat = DescribeElement(input.get());
+        elements_.push_back(std::move(element));
+        byName_.emplace(UpperCase(elements_.back().name), elements_.size() - 1);
+    }
+}
+
+const StorageElement* StorageElements::Find(std::u16string_view name, STGTY type) const {
+    const auto found = byName_.find(UpperCase(name));
+    if (found == byName_.end()) return nullptr;
+    const StorageElement& element = elements_[found->second];
+    return element.stat.type == type ? &element : nullptr;
+}
+
+}  // namespace vexpa_runtime

@@ -1,0 +1,50 @@
+// runtime/com/StorageElements.h - what a storage of a compound file holds.
+#ifndef VEXPA_RUNTIME_COM_STORAGEELEMENTS_H_
+#define VEXPA_RUNTIME_COM_STORAGEELEMENTS_H_
+
+#include <gsf/gsf-infile.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "runtime/Runtime.h"
+
+namespace vexpa_runtime {
+
+struct StorageElement {
+    std::u16string name;
+    STATSTG stat;  // without the name
+    int index;     // within its storage, as libgsf counts
+};
+
+class StorageElements {
+public:
+    explicit StorageElements(GsfInfile* storage);
+
+    const std::vector<StorageElement>& All() const { return elements_; }
+
+    // The element of that name when it is of that type, or null; of several the first. Case is ignored
+    // as the format has it: by the simple upper case of each code unit, in no language
+    // ([MS-CFB] 2.6.4).
+    const StorageElement* Find(std::u16string_view name, STGTY type) const;
+
+private:
+    std::vector<StorageElement> elements_;
+    std::map<std::u16string, std::size_t> byName_;  // upper case
+};
+
+// Type, size, times and class of an opened element, without its name.
+STATSTG DescribeElement(GsfInput* element);
+
+// What Stat answers: `stat`, with a copy of the name when flags ask for it.
+HRESULT CopyStat(const STATSTG& stat, std::u16string_view name, std::uint32_t flags,
+                 STATSTG* out) noexcept;
+
+// UTF-16 of what libgsf calls an element, or nothing for an element without a name.
+std::u16string ElementName(const char* utf8);
+
+}  // namespace vexpa_runtime
+
+#endif  // VEXPA_RUNTIME_COM_STORAGEELEMENTS_H_

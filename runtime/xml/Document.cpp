@@ -1,0 +1,32 @@
+#include "runtime/xml/Document.h"
+
+#include <utility>
+
+namespace vexpa_runtime {
+
+IDomAttribute* Element::GetNamedItem(const char16_t* name) {
+    if (name == nullptr) return nullptr;
+    const std::uint32_t wanted = document_->attributeNames.Find(name);
+    if (wanted == NameTable::kUnknown) return nullptr;
+    Attribute* attributes = document_->attributes.data() + first_;
+    for (std::uint32_t i = 0; i < count_; ++i) {
+        if (attributes[i].Name() == wanted) return &attributes[i];
+    }
+    return nullptr;
+}
+
+IDomNode* ElementList::GetItem(std::uint32_t index) {
+    if (index >= length_) return nullptr;
+    return &document_->elements[document_->order[first_ + index]];
+}
+
+Document::Document(std::unique_ptr<DocumentData> data) noexcept
+    : data_(std::move(data)), none_(data_.get(), 0, 0) {}
+
+IDomNodeList* Document::GetElementsByTagName(const char16_t* name) {
+    if (name == nullptr) return &none_;
+    const std::uint32_t number = data_->localNames.Find(name);
+    return number == NameTable::kUnknown ? &none_ : &data_->lists[number];
+}
+
+}  // namespace vexpa_runtime

@@ -1,0 +1,42 @@
+// runtime/xml/DocumentBuilder.h - makes a document of the parser's start tags.
+#ifndef VEXPA_RUNTIME_XML_DOCUMENTBUILDER_H_
+#define VEXPA_RUNTIME_XML_DOCUMENTBUILDER_H_
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "runtime/xml/Document.h"
+
+namespace vexpa_runtime {
+
+// Takes names and values in the parser's UTF-8. Everything throws std::bad_alloc when
+// memory is exhausted or a number of 32 bits is.
+class DocumentBuilder {
+public:
+    DocumentBuilder() : data_(std::make_unique<DocumentData>()) {}
+
+    // `attributes` alternates names and values up to a null.
+    void AddElement(const char* name, const char* const* attributes);
+
+    // How many bytes the document takes, about.
+    std::uint64_t Cost() const noexcept { return cost_; }
+
+    // The document; nothing may be added after this.
+    std::unique_ptr<Document> Finish();
+
+private:
+    void AddAttribute(const char* name, const char* value);
+    void BuildLists();
+
+    std::unique_ptr<DocumentData> data_;
+    std::vector<std::uint32_t> elementNames_;  // in DocumentData::localNames, by element
+    std::u16string scratch_;
+    std::uint64_t cost_ = 0;
+};
+
+}  // namespace vexpa_runtime
+
+#endif  // VEXPA_RUNTIME_XML_DOCUMENTBUILDER_H_

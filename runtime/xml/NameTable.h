@@ -1,0 +1,42 @@
+// runtime/xml/NameTable.h - a number for each distinct name.
+#ifndef VEXPA_RUNTIME_XML_NAMETABLE_H_
+#define VEXPA_RUNTIME_XML_NAMETABLE_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <memory_resource>
+#include <string_view>
+#include <unordered_map>
+
+namespace vexpa_runtime {
+
+// Keyed by chance: a document cannot choose names that fall into one bucket.
+class NameHash {
+public:
+    NameHash();
+    std::size_t operator()(std::u16string_view name) const noexcept;
+
+private:
+    std::uint64_t point_;
+};
+
+// Numbers run from 0 in order of first appearance, so they index arrays.
+class NameTable {
+public:
+    static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
+
+    // New names are copied into `text`, which outlives the table.
+    explicit NameTable(std::pmr::memory_resource& text) : text_(&text) {}
+
+    std::uint32_t Intern(std::u16string_view name);
+    std::uint32_t Find(std::u16string_view name) const;
+    std::size_t Size() const { return numbers_.size(); }
+
+private:
+    std::pmr::memory_resource* text_;
+    std::unordered_map<std::u16string_view, std::uint32_t, NameHash> numbers_;
+};
+
+}  // namespace vexpa_runtime
+
+#endif  // VEXPA_RUNTIME_XML_NAMETABLE_H_

@@ -1,0 +1,99 @@
+// Expat declares its limits on growth only where XML_DTD is defined; the library has them.
+#define XML_DTD
+#include "runtime/xml/XmlParser.h"
+
+#include <algorithm>
+#include <new>
+
+#include "runtime/com/Guarded.h"
+#include "runtime/xml/Encoding.h"
+
+namespace vexpa_runtime {
+
+namespace {
+
+constexpr int kSmallestPiece = 64 * 1024;
+constexpr int kLargestPiece = 256 * 1024 * 1024;
+
+}  // namespace
+
+XmlParser::XmlParser() : parser_(XML_ParserCreate(nullptr)) {
+    if (!parser_) throw std::bad_alloc();
+    XML_SetUserData(parser_.get(), this);
+    XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
+    XML_SetEntityDeclHandler(parser_.get(), OnEntity);
+    XML_SetUnknownEncodingHandler(parser_.get(), FindEncoding, nullptr);
+    XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser_.get(), kMaxGrowth);
+    XML_SetBillionLaughsAttackProtectionActivationThreshold(parser_.get(), kGrowthThreshold);
+}
+
+HRESULT XmlParser::Parse(IStream& stream, std::unique_ptr<Document>* document) {
+    const HRESULT fed = Feed(stream);
+    if (fed < 0) return fed;
+    *document = builder_.Finish();
+    return S_OK;
+}
+
+HRESULT XmlParser::Feed(IStream& stream) {
+    for (;;) {
+        const int wanted = NextPiece();
+        void* piece = XML_GetBuffer(parser_.get(), wanted);
+        if (piece == nullptr) return Failure();
+
+        std::uint32_t got = 0;
+        const HRESULT read = stream.Read(piece, static_cast<std::uint32_t>(wanted), &got);
+        if (read < 0) return read;
+        if (got > static_cast<std::uint32_t>(wanted)) return E_FAIL;
+        bytesFed_ += got;
+
+        // A piece may be short in the middle of a stream; only an empty one ends it.
+        const bool last = got == 0;
+        if (XML_ParseBuffer(parser_.get(), static_cast<int>(got), last) != XML_STATUS_OK) {
+            return Failure();
+        }
+        if (last) return S_OK;
+    }
+}
+
+// As much as the parser holds of an unfinished token, at least: it may scan the token from
+// its start each time, which pieces of one size would make quadratic.
+int XmlParser::NextPiece() const {
+    const std::int64_t at = std::max<std::int64_t>(XML_GetCurrentByteIndex(parser_.get()), 0);
+    const std::int64_t held = static_cast<std::int64_t>(bytesFed_) - at;
+    return static_cast<int>(std::clamp<std::int64_t>(held, kSmallestPiece, kLargestPiece));
+}
+
+HRESULT XmlParser::Failure() const noexcept {
+    if (stopped_ < 0) return stopped_;
+    return XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY ? E_OUTOFMEMORY : E_FAIL;
+}
+
+// Handlers are called from C, which no exception may cross: the reason is kept, and the
+// parser stops once the handler is back.
+void XmlParser::Stop(HRESULT reason) noexcept {
+    stopped_ = reason;
+    XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+void XMLCALL XmlParser::OnStart(void* self, const XML_Char* name, const XML_Char** attributes) {
+    auto& parser = *static_cast<XmlParser*>(self);
+    const HRESULT added = Guarded([&] {
+        if (++parser.depth_ > kMaxDepth) return E_FAIL;
+        parser.builder_.AddElement(name, attributes);
+        const std::uint64_t allowed = kGrowthThreshold + kMaxGrowth * parser.bytesFed_;
+        return parser.builder_.Cost() > allowed ? E_FAIL : S_OK;
+    });
+    if (added < 0) parser.Stop(added);
+}
+
+void XMLCALL XmlParser::OnEnd(void* self, const XML_Char*) {
+    --static_cast<XmlParser*>(self)->depth_;
+}
+
+void XMLCALL XmlParser::OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
+                                 const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
+    auto& parser = *static_cast<XmlParser*>(self);
+    if (++parser.entities_ > kMaxEntities) parser.Stop(E_FAIL);
+}
+
+}  // namespace vexpa_runtime

@@ -1,0 +1,62 @@
+// runtime/xml/XmlParser.h - reads a stream through Expat into a document.
+#ifndef VEXPA_RUNTIME_XML_XMLPARSER_H_
+#define VEXPA_RUNTIME_XML_XMLPARSER_H_
+
+#include <expat.h>
+
+#include <memory>
+#include <type_traits>
+
+#include "runtime/xml/DocumentBuilder.h"
+
+namespace vexpa_runtime {
+
+// Elements within elements; deeper documents are refused.
+constexpr std::uint32_t kMaxDepth = 10'000;
+
+// Entities declared by one document. Expat recurses through entities that refer to one
+// another, so their number bounds its stack; a real DTD declares some hundreds.
+constexpr std::uint32_t kMaxEntities = 1'000;
+
+// How much a document may grow, by entities and by defaulted attributes: what the parser
+// expands and what we store of it, for each byte of the stream and beyond the first bytes.
+constexpr std::uint32_t kMaxGrowth = 100;
+constexpr std::uint32_t kGrowthThreshold = 1 << 20;
+
+// Parses one stream. Nothing outside it is read: Expat loads external entities only
+// through a handler, and there is none.
+class XmlParser {
+public:
+    XmlParser();
+    XmlParser(const XmlParser&) = delete;
+    XmlParser& operator=(const XmlParser&) = delete;
+
+    // What is left in the stream, from its seek position on. On success *document is set.
+    HRESULT Parse(IStream& stream, std::unique_ptr<Document>* document);
+
+private:
+    struct FreeParser {
+        void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
+    };
+
+    static void XMLCALL OnStart(void* self, const XML_Char* name, const XML_Char** attributes);
+    static void XMLCALL OnEnd(void* self, const XML_Char* name);
+    static void XMLCALL OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
+                                 const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*);
+
+    HRESULT Feed(IStream& stream);
+    int NextPiece() const;
+    void Stop(HRESULT reason) noexcept;
+    HRESULT Failure() const noexcept;
+
+    std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser> parser_;
+    DocumentBuilder builder_;
+    std::uint64_t bytesFed_ = 0;
+    std::uint32_t depth_ = 0;
+    std::uint32_t entities_ = 0;
+    HRESULT stopped_ = S_OK;  // why a handler ended the parse
+};
+
+}  // namespace vexpa_runtime
+
+#endif  // VEXPA_RUNTIME_XML_XMLPARSER_H_
