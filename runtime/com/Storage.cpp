@@ -45,11 +45,6 @@ const std::shared_ptr<const StorageElements>& Storage::Elements() {
     return elements_;
 }
 
-GsfPtr<GsfInput> Storage::Open(const StorageElement& element) {
-    const GsfSilence silence;
-    return GsfPtr<GsfInput>(gsf_infile_child_by_index(storage_.get(), element.index));
-}
-
 HRESULT Storage::OpenStream(const char16_t* name, void*, std::uint32_t, std::uint32_t, IStream** out) {
     if (out == nullptr) return E_INVALIDARG;
     *out = nullptr;
@@ -57,7 +52,7 @@ HRESULT Storage::OpenStream(const char16_t* name, void*, std::uint32_t, std::uin
     return Guarded([&] {
         const StorageElement* element = Elements()->Find(name, STGTY_STREAM);
         if (element == nullptr) return STG_E_FILENOTFOUND;
-        GsfPtr<GsfInput> input = Open(*element);
+        GsfPtr<GsfInput> input = OpenElement(storage_.get(), element->index);
         if (!input) return E_FAIL;
         *out = new StorageStream(std::make_shared<const OpenedStream>(
             OpenedStream{file_, std::move(input), element->name, element->stat}));
@@ -73,7 +68,7 @@ HRESULT Storage::OpenStorage(const char16_t* name, IStorage*, std::uint32_t, cha
     return Guarded([&] {
         const StorageElement* element = Elements()->Find(name, STGTY_STORAGE);
         if (element == nullptr) return STG_E_FILENOTFOUND;
-        GsfPtr<GsfInput> input = Open(*element);
+        GsfPtr<GsfInput> input = OpenElement(storage_.get(), element->index);
         if (!input) return E_FAIL;
         *out = new Storage(file_, GsfPtr<GsfInfile>(GSF_INFILE(input.release())), element->name);
         return S_OK;

@@ -45,7 +45,6 @@ public:
 
 private:
     const std::shared_ptr<const StorageElements>& Elements();
-    GsfPtr<GsfInput> Open(const StorageElement& element);
 
     std::shared_ptr<const CompoundFile> file_;  // outlives storage_, which points into it
     GsfPtr<GsfInfile> storage_;

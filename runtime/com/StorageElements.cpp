@@ -1,5 +1,6 @@
 #include "runtime/com/StorageElements.h"
 
+#include <gsf/gsf-infile-impl.h>
 #include <gsf/gsf-infile-msole.h>
 #include <gsf/gsf-input.h>
 
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "runtime/com/GsfPtr.h"
 #include "runtime/com/GsfSilence.h"
 
 namespace vexpa_runtime {
@@ -32,6 +32,10 @@ std::u16string UpperCase(std::u16string_view name) {
     return upper;
 }
 
+std::u16string ToUtf16(const char* utf8) {
+    return QString::fromUtf8(utf8).toStdU16String();
+}
+
 // libgsf gives every element, stream or storage, the same class; only a storage counts children.
 bool IsStorage(GsfInput* element) {
     return GSF_IS_INFILE(element) && gsf_infile_num_children(GSF_INFILE(element)) >= 0;
@@ -39,8 +43,12 @@ bool IsStorage(GsfInput* element) {
 
 }  // namespace
 
-std::u16string ElementName(const char* utf8) {
-    return utf8 == nullptr ? std::u16string() : QString::fromUtf8(utf8).toStdU16String();
+// Through the class: the plain call prints the error to the default log domain, which is
+// the host's.
+GsfPtr<GsfInput> OpenElement(GsfInfile* storage, int index) {
+    const GsfSilence silence;
+    const auto* type = G_TYPE_INSTANCE_GET_CLASS(storage, GSF_INFILE_TYPE, GsfInfileClass);
+    return GsfPtr<GsfInput>(type->child_by_index(storage, index, nullptr));
 }
 
 STATSTG DescribeElement(GsfInput* element) {
@@ -73,13 +81,12 @@ HRESULT CopyStat(const STATSTG& stat, std::u16string_view name, std::uint32_t fl
 }
 
 StorageElements::StorageElements(GsfInfile* storage) {
-    const GsfSilence silence;
     const int count = gsf_infile_num_children(storage);
     for (int index = 0; index < count; ++index) {
-        StorageElement element{ElementName(gsf_infile_name_by_index(storage, index)), {}, index};
+        StorageElement element{ToUtf16(gsf_infile_name_by_index(storage, index)), {}, index};
         // A damaged stream keeps its name; opening it fails.
         element.stat.type = STGTY_STREAM;
-        const GsfPtr<GsfInput> input(gsf_infile_child_by_index(storage, index));
+        const GsfPtr<GsfInput> input = OpenElement(storage, index);
         if (input) element.stat = DescribeElement(input.get());
         elements_.push_back(std::move(element));
         byName_.emplace(UpperCase(elements_.back().name), elements_.size() - 1);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "runtime/Runtime.h"
+#include "runtime/com/GsfPtr.h"
 
 namespace vexpa_runtime {
 
@@ -35,15 +36,15 @@ private:
     std::map<std::u16string, std::size_t> byName_;  // upper case
 };
 
+// The element at an index, opened; null when it is damaged.
+GsfPtr<GsfInput> OpenElement(GsfInfile* storage, int index);
+
 // Type, size, times and class of an opened element, without its name.
 STATSTG DescribeElement(GsfInput* element);
 
 // What Stat answers: `stat`, with a copy of the name when flags ask for it.
 HRESULT CopyStat(const STATSTG& stat, std::u16string_view name, std::uint32_t flags,
                  STATSTG* out) noexcept;
-
-// UTF-16 of what libgsf calls an element, or nothing for an element without a name.
-std::u16string ElementName(const char* utf8);
 
 }  // namespace vexpa_runtime
 

@@ -1,0 +1,214 @@
+#include <glib.h>
+#include <gtest/gtest.h>
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "runtime/com/CompoundCheck.h"
+#include "tests/runtime/com/Blocks.h"
+#include "tests/runtime/com/CompoundBytes.h"
+#include "tests/runtime/com/CompoundWalk.h"
+
+namespace vexpa_test {
+namespace {
+
+using vexpa_runtime::kMaxDirectoryDepth;
+using vexpa_runtime::kMaxStorageElements;
+
+RawEntry Root(std::uint32_t child) {
+    return {u"Root Entry", 5, kNoEntry, kNoEntry, child};
+}
+
+// Siblings that hang on one another like a list.
+std::string WithSiblings(std::size_t count) {
+    std::vector<RawEntry> directory{Root(1)};
+    for (std::uint32_t i = 1; i <= count; ++i) {
+        RawEntry entry{u"S" + Utf16Number(i)};
+        if (i < count) entry.right = i + 1;
+        directory.push_back(entry);
+    }
+    return RawCompoundBytes(directory);
+}
+
+// The same number of siblings as a balanced tree.
+std::string WithSiblingTree(std::uint32_t count) {
+    std::vector<RawEntry> directory{Root(1)};
+    for (std::uint32_t i = 1; i <= count; ++i) {
+        RawEntry entry{u"S" + Utf16Number(i)};
+        if (2 * i <= count) entry.left = 2 * i;
+        if (2 * i + 1 <= count) entry.right = 2 * i + 1;
+        directory.push_back(entry);
+    }
+    return RawCompoundBytes(directory);
+}
+
+std::string WithNestedStorages(std::size_t count) {
+    std::vector<RawEntry> directory{Root(1)};
+    for (std::uint32_t i = 1; i <= count; ++i) {
+        RawEntry entry{u"D", 1};
+        if (i < count) entry.child = i + 1;
+        directory.push_back(entry);
+    }
+    return RawCompoundBytes(directory);
+}
+
+TEST(CompoundCheck, TakesTheDeepestDirectoryAndNoDeeper) {
+    EXPECT_TRUE(OpensWith(WithSiblings(kMaxDirectoryDepth - 1)));
+    EXPECT_FALSE(OpensWith(WithSiblings(kMaxDirectoryDepth)));
+    EXPECT_TRUE(OpensWith(WithNestedStorages(kMaxDirectoryDepth - 1)));
+    EXPECT_FALSE(OpensWith(WithNestedStorages(kMaxDirectoryDepth)));
+}
+
+TEST(CompoundCheck, TakesTheWidestStorageAndNoWider) {
+    EXPECT_EQ(WalkBytes(WithSiblingTree(kMaxStorageElements - 1)).streams, kMaxStorageElements - 1);
+    EXPECT_FALSE(OpensWith(WithSiblingTree(kMaxStorageElements)));
+}
+
+TEST(CompoundCheck, RefusesADirectoryThatMeetsItselfAgain) {
+    struct Row {
+        const char* shows;
+        std::vector<RawEntry> directory;
+    };
+    const Row rows[] = {
+        {"a storage within itself", {Root(1), {u"D", 1, kNoEntry, kNoEntry, 1}}},
+        {"the root within the root", {Root(0)}},
+        {"a sibling that is the entry itself", {Root(1), {u"S", 2, 1, kNoEntry}}},
+        {"one entry on both sides", {Root(1), {u"S", 2, 2, 2}, {u"T"}}},
+        {"an entry that is not there", {Root(77)}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.shows);
+        EXPECT_FALSE(OpensWith(RawCompoundBytes(row.directory)));
+    }
+}
+
+TEST(CompoundCheck, RefusesAStreamWhoseChainRunsInACircle) {
+    std::string bytes =
+        RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, kNoEntry, 2, 5000}}, 2);
+    ASSERT_TRUE(OpensWith(bytes));
+    Put32(bytes, 512 + 4 * 2, 3);
+    Put32(bytes, 512 + 4 * 3, 2);
+    EXPECT_FALSE(OpensWith(bytes));
+}
+
+TEST(CompoundCheck, RefusesADirectoryWhoseChainRunsInACircle) {
+    std::string bytes = RawCompoundBytes({Root(kNoEntry)});
+    Put32(bytes, 512 + 4 * 1, 1);
+    EXPECT_FALSE(OpensWith(bytes));
+}
+
+// Each of many streams claims one long chain: opening them all would walk it again and again.
+TEST(CompoundCheck, RefusesManyStreamsOverOneLongChain) {
+    constexpr std::uint32_t kStreams = 4'000;
+    constexpr std::uint32_t kSectors = 8'000;
+    std::vector<RawEntry> directory{Root(1)};
+    for (std::uint32_t i = 1; i <= kStreams; ++i) {
+        RawEntry entry{u"S" + Utf16Number(i)};
+        if (2 * i <= kStreams) entry.left = 2 * i;
+        if (2 * i + 1 <= kStreams) entry.right = 2 * i + 1;
+        entry.size = kSectors * 512;
+        directory.push_back(entry);
+    }
+    std::string bytes = RawCompoundBytes(directory, kSectors);
+    ASSERT_TRUE(OpensWith(bytes));
+
+    const auto sectors = static_cast<std::uint32_t>(bytes.size() / 512 - 1);
+    const std::uint32_t first = sectors - kSectors;
+    for (std::uint32_t i = first; i < sectors; ++i) {
+        Put32(bytes, 512 + 4 * std::size_t{i}, i + 1 < sectors ? i + 1 : kEndOfChain);
+    }
+    const std::size_t directoryAt = bytes.size() - kSectors * 512 - (kStreams + 4) / 4 * 512;
+    for (std::size_t i = 1; i <= kStreams; ++i) Put32(bytes, directoryAt + i * 128 + 116, first);
+    EXPECT_FALSE(OpensWith(bytes));
+}
+
+TEST(CompoundCheck, RefusesAHeaderThatLies) {
+    const std::string sound = RawCompoundBytes({Root(kNoEntry)});
+    ASSERT_TRUE(OpensWith(sound));
+    struct Row {
+        const char* shows;
+        std::size_t at;
+        std::uint32_t value;
+    };
+    const Row rows[] = {
+        {"another signature", 0, 0x04034B50},
+        {"sectors of a gibibyte, mini sectors of 64 bytes", 30, 0x0006001E},
+        {"mini sectors of a gibibyte", 30, 0x001E0009},
+        {"more FAT sectors than the file has", 44, 0x7FFFFFFF},
+        {"a FAT sector outside the file", 76, 0x00FFFFFF},
+        {"a directory outside the file", 48, 0x00FFFFFF},
+        {"no directory", 48, kEndOfChain},
+        {"every stream in the mini stream", 56, 0xFFFFFFFF},
+        {"more mini FAT sectors than the file has", 64, 0x7FFFFFFF},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.shows);
+        std::string bytes = sound;
+        Put32(bytes, row.at, row.value);
+        EXPECT_FALSE(OpensWith(bytes));
+    }
+}
+
+TEST(CompoundCheck, SurvivesEveryTruncation) {
+    const std::string bytes = CompoundBytes(
+        {{"Small", "s"}, {"Large", std::string(9'000, 'l')}, {"D", "", {{"Inner", "inside"}}}});
+    for (std::size_t size = 0; size < bytes.size(); size += size < 600 ? 1 : 61) {
+        SCOPED_TRACE(size);
+        EXPECT_LE(WalkBytes(bytes.substr(0, size)).bytes, 9'007u);
+    }
+}
+
+// What comes of a flipped bit is anybody's guess; that the walk ends is what counts.
+TEST(CompoundCheck, SurvivesFlippedBitsInHeaderFatAndDirectory) {
+    const std::string bytes = CompoundBytes(
+        {{"Small", "s"}, {"Large", std::string(5'000, 'l')}, {"D", "", {{"Inner", "inside"}}}});
+    std::size_t opened = 0;
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        if (bytes[at] == 'l') continue;
+        std::string flipped = bytes;
+        flipped[at] = static_cast<char>(flipped[at] ^ (at % 2 == 0 ? 0x01 : 0x80));
+        opened += OpensWith(flipped) ? 1 : 0;
+        WalkBytes(flipped);
+    }
+    EXPECT_GT(opened, 0u);
+    EXPECT_LT(opened, bytes.size());
+}
+
+// A stream whose chain is cut short: what libgsf has to say of it.
+std::string DamagedStream() {
+    return RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, kNoEntry, 2, 5'000}}, 20);
+}
+
+TEST(Storage, FailsToReadADamagedStream) {
+    const CompoundWalk walk = WalkBytes(DamagedStream());
+    EXPECT_TRUE(walk.opened);
+    EXPECT_EQ(walk.streams, 0u);
+    EXPECT_EQ(walk.damaged, 1u);
+}
+
+TEST(Storage, KeepsTheLibraryQuiet) {
+    const std::string bytes = DamagedStream();
+    testing::internal::CaptureStderr();
+    testing::internal::CaptureStdout();
+    WalkBytes(bytes);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+void Note(const gchar*, GLogLevelFlags, const gchar* message, gpointer heard) {
+    static_cast<std::string*>(heard)->append(message);
+}
+
+TEST(Storage, LeavesTheHostsLogHandlersInPlace) {
+    std::string heard;
+    const guint handler = g_log_set_handler("libgsf:msole", G_LOG_LEVEL_WARNING, Note, &heard);
+    WalkBytes(DamagedStream());
+    EXPECT_EQ(heard, "");
+    g_log("libgsf:msole", G_LOG_LEVEL_WARNING, "the host's own");
+    g_log_remove_handler("libgsf:msole", handler);
+    EXPECT_EQ(heard, "the host's own");
+}
+
+}  // namespace
+}  // namespace vexpa_test
