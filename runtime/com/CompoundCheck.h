@@ -14,8 +14,9 @@ namespace vexpa_runtime {
 // A damaged stream is no reason: it fails when it is read, and the others are sound.
 bool IsSoundCompoundFile(std::span<const std::byte> bytes);
 
-// Bounds on the directory, well above any document and below what a small stack carries.
-constexpr std::size_t kMaxDirectoryDepth = 4'096;
+// Bounds on the directory, well above any document. The deepest takes libgsf about half a
+// megabyte of stack.
+constexpr std::size_t kMaxDirectoryDepth = 2'048;
 constexpr std::size_t kMaxStorageElements = 8'192;
 
 }  // namespace vexpa_runtime

@@ -28,9 +28,9 @@ bool MapByte(const QTextCodec& codec, unsigned char byte, int& code) {
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     const char text = static_cast<char>(byte);
     const QString decoded = codec.toUnicode(&text, 1, &state);
-    if (state.remainingChars != 0 || decoded.size() > 1) return false;
-    const bool valid = state.invalidChars == 0 && decoded.size() == 1 &&
-                       decoded.at(0) != QChar(QChar::ReplacementCharacter);
+    if (state.remainingChars != 0 || decoded.size() != 1) return false;
+    const bool valid =
+        state.invalidChars == 0 && decoded.at(0) != QChar(QChar::ReplacementCharacter);
     code = valid ? decoded.at(0).unicode() : -1;
     return true;
 }

@@ -32,7 +32,7 @@ NameHash::NameHash() : point_(RandomPoint()) {}
 
 // The name as a polynomial, evaluated at the random point: two names of n units meet with
 // a chance of n / 2^61, whatever they are.
-std::size_t NameHash::operator()(std::u16string_view name) const noexcept {
+std::size_t NameHash::operator()(std::u16string_view name) const {
     std::uint64_t hash = name.size();
     for (const char16_t unit : name) hash = Reduce(Wide{hash} * point_ + unit + 1);
     return hash;

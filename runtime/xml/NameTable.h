@@ -14,7 +14,8 @@ namespace vexpa_runtime {
 class NameHash {
 public:
     NameHash();
-    std::size_t operator()(std::u16string_view name) const noexcept;
+    // Not noexcept, so that the table keeps each hash rather than making it again.
+    std::size_t operator()(std::u16string_view name) const;
 
 private:
     std::uint64_t point_;

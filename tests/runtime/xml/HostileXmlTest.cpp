@@ -1,1 +1,197 @@
+#include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "runtime/xml/XmlParser.h"
+#include "tests/runtime/xml/Dom.h"
+#include "tests/support/ScratchFile.h"
+
+namespace vexpa_test {
+namespace {
+
+using Texts = std::vector<std::u16string>;
+using vexpa_runtime::kMaxDepth;
+using vexpa_runtime::kMaxEntities;
+
+std::string Repeat(std::string_view text, std::size_t count) {
+    std::string repeated;
+    repeated.reserve(text.size() * count);
+    for (std::size_t i = 0; i < count; ++i) repeated += text;
+    return repeated;
+}
+
+std::string Nested(std::size_t depth) {
+    return Repeat("<a>", depth) + Repeat("</a>", depth);
+}
+
+// Each entity is ten of the one before.
+std::string LaughingEntities(int levels) {
+    std::string entities = "<!ENTITY e0 'ha ha ha ha ha ha'>";
+    for (int i = 1; i < levels; ++i) {
+        entities += "<!ENTITY e" + std::to_string(i) + " '" +
+                    Repeat("&e" + std::to_string(i - 1) + ";", 10) + "'>";
+    }
+    return entities;
+}
+
+TEST(HostileXml, TakesTheDeepestDocumentAndNoDeeper) {
+    ComPtr<IDomDocument> document = Parsed(Nested(kMaxDepth));
+    EXPECT_EQ(Count(*document.Get(), u"a"), kMaxDepth);
+    EXPECT_EQ(ParseResult(Nested(kMaxDepth + 1)), E_FAIL);
+    EXPECT_EQ(ParseResult(Repeat("<a>", 1'000'000)), E_FAIL);
+}
+
+TEST(HostileXml, CountsDepthAndNotElements) {
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a><b/></a>", 2 * kMaxDepth) + "</r>"), S_OK);
+}
+
+TEST(HostileXml, RefusesEntitiesThatGrowWithoutBoundInText) {
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [" + LaughingEntities(9) + "]><r>&e8;</r>"), E_FAIL);
+}
+
+TEST(HostileXml, RefusesEntitiesThatGrowWithoutBoundInAttributes) {
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [" + LaughingEntities(9) + "]><r x='&e8;'/>"), E_FAIL);
+}
+
+TEST(HostileXml, RefusesEntitiesThatGrowWithoutBoundInDefaults) {
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [" + LaughingEntities(9) + "<!ATTLIST r x CDATA '&e8;'>]><r/>"),
+              E_FAIL);
+}
+
+TEST(HostileXml, TakesEntitiesThatGrowALittle) {
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [" + LaughingEntities(4) + "]><r x='&e3;'>&e3;</r>"), S_OK);
+}
+
+TEST(HostileXml, RefusesOneLargeEntityManyTimes) {
+    const std::string entity = "<!DOCTYPE r [<!ENTITY e '" + std::string(50'000, 'x') + "'>]>";
+    const std::string uses = Repeat("&e;", 20'000);
+    EXPECT_EQ(ParseResult(entity + "<r>" + uses + "</r>"), E_FAIL);
+    EXPECT_EQ(ParseResult(entity + "<r x='" + uses + "'/>"), E_FAIL);
+}
+
+TEST(HostileXml, RefusesOneLargeEntityInManyElements) {
+    const std::string entity = "<!DOCTYPE r [<!ENTITY e '" + std::string(50'000, 'x') + "'>]>";
+    EXPECT_EQ(ParseResult(entity + "<r>" + Repeat("<a x='&e;'/>", 20'000) + "</r>"), E_FAIL);
+}
+
+// The parser hands the same default out for every element; what we keep of it is copied.
+TEST(HostileXml, RefusesOneLargeDefaultInManyElements) {
+    const std::string list = "<!DOCTYPE r [<!ATTLIST a x CDATA '" + std::string(50'000, 'x') + "'>]>";
+    EXPECT_EQ(ParseResult(list + "<r>" + Repeat("<a/>", 20'000) + "</r>"), E_FAIL);
+    EXPECT_EQ(ParseResult(list + "<r>" + Repeat("<a/>", 5) + "</r>"), S_OK);
+}
+
+TEST(HostileXml, RefusesManyDefaultsInManyElements) {
+    std::string list = "<!DOCTYPE r [<!ATTLIST a";
+    for (int i = 0; i < 5'000; ++i) list += " x" + std::to_string(i) + " CDATA ''";
+    EXPECT_EQ(ParseResult(list + ">]><r>" + Repeat("<a/>", 20'000) + "</r>"), E_FAIL);
+}
+
+// A chain of entities costs the parser a stack frame for each link.
+TEST(HostileXml, RefusesAChainOfManyEntities) {
+    for (const bool inAttribute : {false, true}) {
+        SCOPED_TRACE(inAttribute);
+        std::string xml = "<!DOCTYPE r [<!ENTITY e0 'end'>";
+        for (int i = 1; i < 200'000; ++i) {
+            xml += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
+        }
+        xml += inAttribute ? "]><r x='&e199999;'/>" : "]><r>&e199999;</r>";
+        EXPECT_EQ(ParseResult(xml), E_FAIL);
+    }
+}
+
+TEST(HostileXml, TakesAsManyEntitiesAsRealDocumentsDeclare) {
+    std::string xml = "<!DOCTYPE r [<!ENTITY e0 'end'>";
+    for (std::uint32_t i = 1; i < kMaxEntities; ++i) {
+        xml += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
+    }
+    const std::string last = "&e" + std::to_string(kMaxEntities - 1) + ";";
+    ComPtr<IDomDocument> document = Parsed(xml + "]><r x='" + last + "'>" + last + "</r>");
+    EXPECT_EQ(Values(*document.Get(), u"r", u"x"), Texts{u"end"});
+}
+
+TEST(HostileXml, RefusesAnEntityWithinItself) {
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [<!ENTITY e '&e;'>]><r>&e;</r>"), E_FAIL);
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><r x='&e;'/>"), E_FAIL);
+}
+
+// Each would bring an element if the file were read.
+TEST(HostileXml, ReadsNothingOutsideTheDocument) {
+    const ScratchFile outside("<!ENTITY inside '<found/>'>", "outside.dtd");
+    const ScratchFile text("<found/>", "outside.xml");
+    struct Row {
+        const char* shows;
+        std::string xml;
+    };
+    const Row rows[] = {
+        {"a DTD", "<!DOCTYPE r SYSTEM 'file://" + outside.Path() + "'><r>&inside;</r>"},
+        {"a public DTD", "<!DOCTYPE r PUBLIC 'p' 'file://" + outside.Path() + "'><r>&inside;</r>"},
+        {"an entity", "<!DOCTYPE r [<!ENTITY x SYSTEM 'file://" + text.Path() + "'>]><r>&x;</r>"},
+        {"a parameter entity",
+         "<!DOCTYPE r [<!ENTITY % x SYSTEM 'file://" + outside.Path() + "'>%x;]><r>&inside;</r>"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.shows);
+        ComPtr<IDomDocument> document = Parsed(row.xml);
+        EXPECT_EQ(Count(*document.Get(), u"r"), 1u);
+        EXPECT_EQ(Count(*document.Get(), u"found"), 0u);
+    }
+}
+
+TEST(HostileXml, RefusesAnExternalEntityInAnAttribute) {
+    EXPECT_EQ(ParseResult("<!DOCTYPE r [<!ENTITY x SYSTEM 'file:///etc/hostname'>]><r x='&x;'/>"),
+              E_FAIL);
+}
+
+TEST(HostileXml, PassesOverParameterEntitiesOfTheDocument) {
+    const std::string bomb = "<!DOCTYPE r [<!ENTITY % a '" + std::string(1'000, 'x') + "'>" +
+                             "<!ENTITY % b '<!ENTITY c \"d\">'>" + Repeat("%b;", 100'000) +
+                             "]><r>text</r>";
+    EXPECT_EQ(ParseResult(bomb), S_OK);
+}
+
+// Reading it again for each piece would take hours.
+TEST(HostileXml, ReadsOneVeryLongTokenInTime) {
+    const std::string value(30'000'000, 'v');
+    for (const std::string& xml :
+         {"<r x='" + value + "'/>", "<!--" + value + "--><r/>", "<?p " + value + "?><r/>",
+          "<r><![CDATA[" + value + "]]></r>", "<" + value + "/>"}) {
+        SCOPED_TRACE(xml.substr(0, 12));
+        EXPECT_EQ(ParseResult(xml), S_OK);
+    }
+}
+
+TEST(HostileXml, ReadsAnElementWithAMillionAttributes) {
+    std::string xml = "<r";
+    for (int i = 0; i < 1'000'000; ++i)
+        xml += " a" + std::to_string(i) + "='" + std::to_string(i) + "'";
+    ComPtr<IDomDocument> document = Parsed(xml + "/>");
+    IDomNode* element = document->GetElementsByTagName(u"r")->GetItem(0);
+    EXPECT_EQ(Value(element, u"a0"), u"0");
+    EXPECT_EQ(Value(element, u"a999999"), u"999999");
+    EXPECT_EQ(Value(element, u"a1000000"), u"(none)");
+}
+
+TEST(HostileXml, ReadsAMillionElementsOfAsManyNames) {
+    std::string xml = "<r>";
+    for (int i = 0; i < 1'000'000; ++i) xml += "<e" + std::to_string(i) + "/>";
+    ComPtr<IDomDocument> document = Parsed(xml + "</r>");
+    EXPECT_EQ(Count(*document.Get(), u"e0"), 1u);
+    EXPECT_EQ(Count(*document.Get(), u"e999999"), 1u);
+    EXPECT_EQ(Count(*document.Get(), u"e1000000"), 0u);
+}
+
+TEST(HostileXml, SurvivesEveryTruncation) {
+    const std::string xml =
+        "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8'?><!DOCTYPE r [<!ENTITY e 'f'>"
+        "<!ATTLIST a d CDATA 'x'>]><r><p:a x='&e;\xE2\x82\xAC'>&e;<![CDATA[c]]></p:a><!--n--></r>";
+    ASSERT_EQ(ParseResult(xml), S_OK);
+    for (std::size_t size = 0; size < xml.size(); ++size) {
+        SCOPED_TRACE(size);
+        EXPECT_EQ(ParseResult(xml.substr(0, size)), E_FAIL);
+    }
+}
+
+}  // namespace
+}  // namespace vexpa_test
