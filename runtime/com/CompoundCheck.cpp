@@ -34,6 +34,7 @@ constexpr std::size_t kRightAt = 72;
 constexpr std::size_t kChildAt = 76;
 constexpr std::size_t kStartAt = 116;
 constexpr std::size_t kSizeAt = 120;
+constexpr std::uint8_t kStorageType = 1;
 constexpr std::uint8_t kStreamType = 2;
 constexpr std::uint8_t kRootType = 5;
 
@@ -192,19 +193,25 @@ bool Checker::WalkDirectory() {
 
         const std::size_t at =
             OffsetOf(directory_[visit.entry / perSector]) + visit.entry % perSector * kEntrySize;
+        const std::uint8_t type = U8(at + kTypeAt);
+        // libgsf neither shows nor follows what is of no known type; links are garbage there.
+        if (type != kStorageType && type != kStreamType && type != kRootType) continue;
         if (!CheckEntry(at)) return false;
         open.push_back({U32(at + kLeftAt), visit.depth + 1, visit.parent});
         open.push_back({U32(at + kRightAt), visit.depth + 1, visit.parent});
+        // A stream has no elements, whatever its entry says.
+        if (type == kStreamType) continue;
         open.push_back({U32(at + kChildAt), visit.depth + 1, visit.entry});
     }
     return true;
 }
 
+// Whether the chain of a stream, or of the root's mini stream, comes to an end.
 bool Checker::CheckEntry(std::size_t at) {
     const std::uint8_t type = U8(at + kTypeAt);
     const std::uint32_t start = U32(at + kStartAt);
     if (type == kRootType) return ChainEnds(fat_, start);
-    if (type != kStreamType) return true;
+    if (type == kStorageType) return true;
     return ChainEnds(U32(at + kSizeAt) < kMiniCutoff ? miniFat_ : fat_, start);
 }
 

@@ -83,6 +83,11 @@ TEST(CompoundCheck, RefusesADirectoryThatMeetsItselfAgain) {
     }
 }
 
+TEST(CompoundCheck, FollowsNoLinksThatMeanNothing) {
+    EXPECT_TRUE(OpensWith(RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, 77}})));
+    EXPECT_TRUE(OpensWith(RawCompoundBytes({Root(1), {u"X", 0xC0, 77, 78, 79}})));
+}
+
 TEST(CompoundCheck, RefusesAStreamWhoseChainRunsInACircle) {
     std::string bytes =
         RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, kNoEntry, 2, 5000}}, 2);
