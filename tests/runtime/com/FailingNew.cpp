@@ -27,6 +27,14 @@ void* operator new(std::size_t size) {
     return memory;
 }
 
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (...) {
+        return nullptr;
+    }
+}
+
 void* operator new(std::size_t size, std::align_val_t alignment) {
     CountOne();
     const auto step = static_cast<std::size_t>(alignment);
