@@ -72,9 +72,10 @@ bool Fails(const char* name, const std::string& detail = {}) {
 
 }  // namespace
 
+// Visible, as the linker sees shared libraries refer to the wrapped names, too.
 #define VEXPA_WRAPPED(result, name, ...) \
     result __real_##name(__VA_ARGS__);   \
-    result __wrap_##name(__VA_ARGS__)
+    __attribute__((visibility("default"))) result __wrap_##name(__VA_ARGS__)
 
 extern "C" {
 

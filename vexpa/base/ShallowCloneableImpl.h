@@ -17,6 +17,8 @@ namespace tarn {
 template <class T>
 class ShallowCloneableImpl : public T {
 public:
+    using T::T;
+
     Handle<Object> ShallowClone() override {
         ++referenceCount_;
         return Handle<Object>(this);
