@@ -12,16 +12,16 @@
 namespace vexpa_test {
 namespace {
 
-std::filesystem::path CorpusFolder() {
+std::filesystem::path CorpusFolder(const char* name = "cfb") {
     const char* named = std::getenv("VEXPA_CORPUS");
     const std::filesystem::path corpus =
         named != nullptr ? named : std::filesystem::path(VEXPA_SOURCE_DIR) / "../shared/corpus";
-    return corpus / "cfb";
+    return corpus / name;
 }
 
-std::vector<std::filesystem::path> CorpusFiles() {
+std::vector<std::filesystem::path> CorpusFiles(const char* name = "cfb") {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(CorpusFolder())) {
+    for (const auto& entry : std::filesystem::directory_iterator(CorpusFolder(name))) {
         if (entry.is_regular_file()) files.push_back(entry.path());
     }
     std::sort(files.begin(), files.end());
@@ -69,6 +69,20 @@ TEST(CompoundCorpus, SurvivesTruncations) {
             const CompoundWalk walk = WalkBytes(cut);
             EXPECT_LE(walk.bytes, whole);
         }
+    }
+}
+
+// Encrypted documents are compound files; the rest of the damaged ones are not.
+TEST(CompoundCorpus, TellsCompoundFilesFromOtherDamagedDocuments) {
+    if (!std::filesystem::is_directory(CorpusFolder("damaged"))) {
+        GTEST_SKIP() << "no corpus: " << CorpusFolder("damaged");
+    }
+    for (const std::filesystem::path& file : CorpusFiles("damaged")) {
+        SCOPED_TRACE(file);
+        const std::string bytes = ReadFile(file.string());
+        const CompoundWalk walk = WalkBytes(bytes);
+        EXPECT_EQ(walk.opened, bytes.starts_with("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"));
+        EXPECT_EQ(walk.damaged, 0u);
     }
 }
 
