@@ -67,17 +67,17 @@ void NamePattern::AddClass(std::u32string_view body) {
     const bool negated = !body.empty() && (body[0] == U'!' || body[0] == U'^');
     if (negated) body.remove_prefix(1);
     const std::size_t firstRange = ranges_.size();
-    std::optional<char32_t> rangeStart;
+    std::size_t rangeStart = kNone;  // index of the first character of an open range
     bool literal = !body.empty() && body[0] == U'-';
     for (std::size_t i = 0; i < body.size(); ++i) {
         if (!literal && body[i] == U'\\') {
             literal = true;
         } else if (!literal && body[i] == U'-') {
-            rangeStart = body[i - 1];
+            rangeStart = i - 1;
         } else {
             const bool startsRange = i + 1 < body.size() && body[i + 1] == U'-';
-            if (!startsRange) ranges_.push_back({rangeStart.value_or(body[i]), body[i]});
-            rangeStart.reset();
+            if (!startsRange) ranges_.push_back({body[rangeStart == kNone ? i : rangeStart], body[i]});
+            rangeStart = kNone;
             literal = false;
         }
     }
