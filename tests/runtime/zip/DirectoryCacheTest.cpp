@@ -121,6 +121,15 @@ TEST_F(ZipDirectoryCache, DoesNotKeepWhatIsTooLarge) {
     EXPECT_TRUE(Keeps(small));
 }
 
+TEST_F(ZipDirectoryCache, DoesNotKeepWhatItReadFromAFileThatChangedMeanwhile) {
+    const ScratchFile scratch(SmallZip().Bytes());
+    const auto file = ArchiveFile::Open(scratch.Path().c_str());
+    ASSERT_TRUE(file);
+    scratch.Write(SmallZip().Bytes() + "suffix");
+    cache_.Read(*file);
+    EXPECT_EQ(cache_.Find(file->Identity()), nullptr);
+}
+
 TEST_F(ZipDirectoryCache, KeepsOneStateOfAFile) {
     const ScratchFile file(SmallZip().Bytes());
     const FileIdentity before = *IdentityOf(file.Path().c_str());

@@ -192,6 +192,20 @@ TEST(ZipDirectory, IsFoundBehindAFewPlausibleEndRecordsAndNotSoughtBehindMany) {
     ExpectNothing(bytes);
 }
 
+TEST(ZipDirectory, IsFoundBehindAnyNumberOfBareSignatures) {
+    ZipFile zip = SmallZip();
+    while (zip.comment.size() < 60'000) zip.comment += "PK\5\6";
+    ExpectWhole(zip.Bytes());
+}
+
+TEST(ZipDirectory, IsFoundThroughAZip64RecordWithMoreData) {
+    ZipFile zip = SmallZip();
+    zip.zip64 = true;
+    std::string bytes = zip.Bytes();
+    bytes.insert(bytes.rfind("PK\6\7"), "extensible data sector");
+    ExpectWhole(bytes);
+}
+
 TEST(ZipDirectory, OfAnEmptyArchiveIsSoundAndEmpty) {
     EXPECT_EQ(ListBytes(ZipFile().Bytes()), Names{});
     EXPECT_EQ(UnzipBytes(ZipFile().Bytes(), "a"), std::nullopt);
