@@ -1,5 +1,7 @@
 #include <cstdint>
+#include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 
