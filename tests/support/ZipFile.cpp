@@ -2,7 +2,6 @@
 
 #include <libdeflate.h>
 
-
 namespace vexpa_test {
 
 namespace {
@@ -19,7 +18,9 @@ void Put(std::string& out, std::uint64_t value, int bytes) {
     for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>(value >> (8 * i) & 0xFF));
 }
 
-std::uint64_t Clip(std::uint64_t value, bool to64) { return to64 ? 0xFFFFFFFF : value; }
+std::uint64_t Clip(std::uint64_t value, bool to64) {
+    return to64 ? 0xFFFFFFFF : value;
+}
 
 std::string Deflate(std::string_view content) {
     libdeflate_compressor* compressor = libdeflate_alloc_compressor(6);
@@ -52,7 +53,8 @@ std::string Zip64Extra(const Header& header, bool withOffset) {
 void PutLocal(std::string& out, const ZipEntry& entry, const Header& header) {
     const std::string name = entry.localName.value_or(entry.name);
     const bool later = entry.dataDescriptor;
-    const std::string extra = entry.zip64 && !later ? Zip64Extra(header, false) : std::string();
+    const std::string extra =
+        (entry.zip64 && !later ? Zip64Extra(header, false) : std::string()) + entry.localExtra;
     Put(out, kLocalHeader, 4);
     Put(out, entry.zip64 ? 45 : 20, 2);
     Put(out, header.flags, 2);
@@ -88,12 +90,12 @@ void PutDirectoryHeader(std::string& out, const ZipEntry& entry, const Header& h
     Put(out, Clip(header.size, entry.zip64), 4);
     Put(out, entry.name.size(), 2);
     Put(out, extra.size(), 2);
-    Put(out, 0, 2);  // comment
-    Put(out, 0, 2);  // disk
+    Put(out, entry.comment.size(), 2);
+    Put(out, entry.disk, 2);
     Put(out, 0, 2);  // internal attributes
     Put(out, 0, 4);  // external attributes
     Put(out, Clip(header.offset, entry.zip64), 4);
-    out += entry.name + extra;
+    out += entry.name + extra + entry.comment;
 }
 
 }  // namespace
@@ -114,13 +116,14 @@ std::string ZipFile::Bytes() const {
             entry.rawData.value_or(entry.stored ? entry.content : Deflate(entry.content));
         Header header{};
         header.method = entry.method.value_or(entry.stored ? std::uint16_t{0} : std::uint16_t{8});
-        header.crc = entry.crc.value_or(
-            libdeflate_crc32(0, entry.content.data(), entry.content.size()));
+        header.crc =
+            entry.crc.value_or(libdeflate_crc32(0, entry.content.data(), entry.content.size()));
         header.compressedSize = entry.compressedSize.value_or(data.size());
         header.size = entry.size.value_or(entry.content.size());
         header.offset = entry.localOffset.value_or(body.size());
         header.flags = entry.flags;
-        if (entry.dataDescriptor) header.flags = static_cast<std::uint16_t>(header.flags | kDescriptorFlag);
+        if (entry.dataDescriptor)
+            header.flags = static_cast<std::uint16_t>(header.flags | kDescriptorFlag);
 
         PutLocal(body, entry, header);
         body += data;
@@ -131,9 +134,10 @@ std::string ZipFile::Bytes() const {
     const std::uint64_t count = entryCount.value_or(entries.size());
     const std::uint64_t size = directorySize.value_or(directory.size());
     const std::uint64_t offset = directoryOffset.value_or(body.size());
-    std::string end;
+    const bool only64 = zip64 && !plainToo;
+    std::string end = gap;
     if (zip64) {
-        const std::uint64_t end64At = body.size() + directory.size();
+        const std::uint64_t end64At = body.size() + directory.size() + gap.size();
         Put(end, kEnd64, 4);
         Put(end, 44, 8);  // size of what follows
         Put(end, 45, 2);
@@ -152,10 +156,10 @@ std::string ZipFile::Bytes() const {
     Put(end, kEnd, 4);
     Put(end, disk, 2);
     Put(end, disk, 2);
-    Put(end, zip64 ? 0xFFFF : count, 2);
-    Put(end, zip64 ? 0xFFFF : count, 2);
-    Put(end, Clip(size, zip64), 4);
-    Put(end, Clip(offset, zip64), 4);
+    Put(end, only64 ? 0xFFFF : count, 2);
+    Put(end, only64 ? 0xFFFF : count, 2);
+    Put(end, Clip(size, only64), 4);
+    Put(end, Clip(offset, only64), 4);
     Put(end, comment.size(), 2);
     return prefix + body + directory + end + comment + suffix;
 }

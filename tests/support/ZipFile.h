@@ -30,15 +30,20 @@ struct ZipEntry {
     std::optional<std::string> localName;
     std::optional<std::string> rawData;  // in place of the compressed content
     std::string extra;                   // more extra fields in the directory
+    std::string localExtra;              // and in the local header
+    std::string comment;                 // in the directory
+    std::uint16_t disk = 0;
 };
 
 // An archive: entries in order, then the directory and its end record (APPNOTE 4.3.6).
 struct ZipFile {
     std::vector<ZipEntry> entries;
-    std::string prefix;   // bytes before the archive; offsets count from after it
-    std::string suffix;   // bytes after it
+    std::string prefix;  // bytes before the archive; offsets count from after it
+    std::string suffix;  // bytes after it
+    std::string gap;     // bytes between the directory and its end record
     std::string comment;
-    bool zip64 = false;   // zip64 end record and locator
+    bool zip64 = false;     // zip64 end record and locator
+    bool plainToo = false;  // with them, the end record's own fields tell the truth as well
     std::optional<std::uint64_t> entryCount;
     std::optional<std::uint64_t> directorySize;
     std::optional<std::uint64_t> directoryOffset;

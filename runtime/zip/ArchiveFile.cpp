@@ -1,0 +1,81 @@
+#include "runtime/zip/ArchiveFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace vexpa_runtime::zip {
+
+namespace {
+
+constexpr int kClosed = -1;
+
+std::optional<FileIdentity> RegularFile(const struct stat& status) {
+    if (!S_ISREG(status.st_mode)) return std::nullopt;
+    return FileIdentity{
+        status.st_dev,         status.st_ino,          static_cast<std::uint64_t>(status.st_size),
+        status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_ctim.tv_sec,
+        status.st_ctim.tv_nsec};
+}
+
+std::optional<FileIdentity> IdentityOfOpen(int descriptor) {
+    struct stat status;
+    if (fstat(descriptor, &status) != 0) return std::nullopt;
+    return RegularFile(status);
+}
+
+// O_NONBLOCK: between a look at the path and this call a FIFO can have taken its place.
+int OpenForReading(const char* path) {
+    int descriptor;
+    do {
+        descriptor = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor;
+}
+
+}  // namespace
+
+std::optional<FileIdentity> IdentityOf(const char* path) noexcept {
+    struct stat status;
+    if (stat(path, &status) != 0) return std::nullopt;
+    return RegularFile(status);
+}
+
+std::optional<ArchiveFile> ArchiveFile::Open(const char* path) noexcept {
+    ArchiveFile file(OpenForReading(path), {});
+    if (file.descriptor_ < 0) return std::nullopt;
+    const std::optional<FileIdentity> identity = IdentityOfOpen(file.descriptor_);
+    if (!identity) return std::nullopt;
+    file.identity_ = *identity;
+    return file;
+}
+
+ArchiveFile::ArchiveFile(ArchiveFile&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, kClosed)), identity_(other.identity_) {}
+
+ArchiveFile::~ArchiveFile() {
+    if (descriptor_ >= 0) close(descriptor_);
+}
+
+bool ArchiveFile::IsUnchanged() const noexcept {
+    return IdentityOfOpen(descriptor_) == identity_;
+}
+
+bool ArchiveFile::ReadAt(std::uint64_t position, void* destination, std::size_t size) const noexcept {
+    if (position > Size() || size > Size() - position) return false;
+    auto* out = static_cast<std::uint8_t*>(destination);
+    while (size > 0) {
+        const ssize_t got = pread(descriptor_, out, size, static_cast<off_t>(position));
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) return false;  // 0: the file was cut since it was opened
+        out += got;
+        position += static_cast<std::uint64_t>(got);
+        size -= static_cast<std::size_t>(got);
+    }
+    return true;
+}
+
+}  // namespace vexpa_runtime::zip

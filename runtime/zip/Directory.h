@@ -1,0 +1,61 @@
+// runtime/zip/Directory.h - the entries of an archive, as its central directory lists them.
+#ifndef VEXPA_RUNTIME_ZIP_DIRECTORY_H_
+#define VEXPA_RUNTIME_ZIP_DIRECTORY_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexpa_runtime::zip {
+
+// What the directory says about one entry. None of it is checked against the file yet: an
+// entry that lies fails when it is extracted, and does not cost the others.
+struct Entry {
+    std::uint64_t headerPosition;  // in the file, bytes before the archive counted in
+    std::uint64_t compressedSize;
+    std::uint64_t size;
+    std::size_t nameAt;  // into the directory's names
+    std::uint32_t nameSize;
+    std::uint32_t crc;
+    std::uint16_t method;
+    bool encrypted;
+    bool onOtherDisk;
+};
+
+// Never changes once made, so any number of threads may share it.
+class Directory {
+public:
+    Directory(std::vector<Entry> entries, std::string names);
+
+    std::size_t Count() const noexcept { return entries_.size(); }
+    const std::vector<Entry>& Entries() const noexcept { return entries_; }
+    std::string_view NameOf(const Entry& entry) const noexcept {
+        return {names_.data() + entry.nameAt, entry.nameSize};
+    }
+
+    // The first entry of this name, or null. Costs the same however many entries there are.
+    const Entry* Find(std::string_view name) const noexcept;
+
+    std::size_t MemoryUse() const noexcept;
+
+private:
+    // A slot of the open-addressed name table. The tag, a part of the hash, spares most
+    // comparisons with names that only share the slot.
+    struct Slot {
+        std::uint32_t tag;
+        std::uint32_t entry;
+    };
+
+    // The slot that holds `name`, or the free one where it belongs.
+    std::size_t SlotOf(std::string_view name, std::uint64_t hash) const noexcept;
+
+    std::vector<Entry> entries_;
+    std::string names_;
+    std::vector<Slot> slots_;
+};
+
+}  // namespace vexpa_runtime::zip
+
+#endif  // VEXPA_RUNTIME_ZIP_DIRECTORY_H_

@@ -1,0 +1,61 @@
+// runtime/zip/DirectoryCache.h - the parsed directories of the files used last.
+#ifndef VEXPA_RUNTIME_ZIP_DIRECTORYCACHE_H_
+#define VEXPA_RUNTIME_ZIP_DIRECTORYCACHE_H_
+
+#include <cstddef>
+#include <ctime>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "runtime/zip/ArchiveFile.h"
+#include "runtime/zip/Directory.h"
+
+namespace vexpa_runtime::zip {
+
+// Every call of the zip service names a file anew, and most name the file that the last one
+// named. What is kept is what parsing found; no file stays open, so that its file system can
+// be unmounted between calls.
+//
+// A directory is found again only under the identity of the file that it was read from, so a
+// replaced or rewritten file is read afresh. Time stamps move in ticks - two seconds on some
+// file systems - and a file changed twice within one tick looks unchanged after the second
+// change. So a directory is kept only when the file's last change already lay more than two
+// seconds back before reading began: every later change then shows.
+//
+// Threads  All functions may be called from any thread.
+class DirectoryCache {
+public:
+    using Clock = std::timespec (*)();
+
+    // Keeps at most `mostFiles` directories, together at most `mostBytes` large.
+    DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Clock clock);
+
+    // The directory kept of the file when it had this identity, or null.
+    std::shared_ptr<const Directory> Find(const FileIdentity& identity);
+
+    // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound one.
+    std::shared_ptr<const Directory> Read(const ArchiveFile& file);
+
+private:
+    struct Kept {
+        FileIdentity identity;
+        std::shared_ptr<const Directory> directory;
+    };
+
+    void Keep(const FileIdentity& identity, const std::shared_ptr<const Directory>& directory);
+
+    const std::size_t mostFiles_;
+    const std::size_t mostBytes_;
+    const Clock clock_;
+    std::mutex mutex_;        // guards what follows
+    std::vector<Kept> kept_;  // the one used last stands last
+    std::size_t bytes_ = 0;
+};
+
+// The cache of the process.
+DirectoryCache& SharedDirectoryCache();
+
+}  // namespace vexpa_runtime::zip
+
+#endif  // VEXPA_RUNTIME_ZIP_DIRECTORYCACHE_H_

@@ -1,0 +1,32 @@
+// runtime/zip/EntryReader.h - reads the bytes of one entry.
+#ifndef VEXPA_RUNTIME_ZIP_ENTRYREADER_H_
+#define VEXPA_RUNTIME_ZIP_ENTRYREADER_H_
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+
+#include "runtime/zip/ArchiveFile.h"
+#include "runtime/zip/Directory.h"
+
+namespace vexpa_runtime::zip {
+
+struct FreeMemory {
+    void operator()(void* memory) const noexcept { std::free(memory); }
+};
+
+struct EntryBytes {
+    std::unique_ptr<char, FreeMemory> bytes;  // from malloc; null for an entry of no bytes
+    std::size_t size;
+};
+
+// The bytes of `entry`, or nothing: when it is encrypted, begins on another disk or uses a
+// method other than stored and deflate, when its data runs out of the file, and when the bytes are
+// not as many or not those (CRC) that the directory says. Nothing is allocated on the word of
+// a directory that cannot be true. Throws only when memory is exhausted.
+std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry);
+
+}  // namespace vexpa_runtime::zip
+
+#endif  // VEXPA_RUNTIME_ZIP_ENTRYREADER_H_

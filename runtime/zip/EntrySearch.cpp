@@ -1,0 +1,42 @@
+#include "runtime/zip/EntrySearch.h"
+
+#include <optional>
+#include <string>
+
+#include "runtime/text/LocalText.h"
+#include "runtime/zip/NamePattern.h"
+#include "runtime/zip/Utf8.h"
+
+namespace vexpa_runtime::zip {
+
+namespace {
+
+const Entry* FindFirstMatch(const Directory& directory, const NamePattern& pattern,
+                            std::size_t& tried) {
+    for (const Entry& entry : directory.Entries()) {
+        ++tried;
+        if (pattern.Matches(directory.NameOf(entry))) return &entry;
+    }
+    return nullptr;
+}
+
+const Entry* FindUtf8(const Directory& directory, std::string_view request, std::size_t& tried) {
+    if (const Entry* entry = directory.Find(request)) return entry;
+    if (!NamePattern::HasSpecialCharacters(request)) return nullptr;
+    const NamePattern pattern(request);
+    if (const std::optional<std::string> name = pattern.OnlyName()) return directory.Find(*name);
+    return FindFirstMatch(directory, pattern, tried);
+}
+
+}  // namespace
+
+const Entry* FindEntry(const Directory& directory, std::string_view request, std::size_t* namesTried) {
+    std::size_t ignored = 0;
+    std::size_t& tried = namesTried == nullptr ? ignored : *namesTried;
+    tried = 0;
+    // Every locale's encoding has ASCII in it, and nearly every request is ASCII.
+    if (IsAscii(request)) return FindUtf8(directory, request, tried);
+    return FindUtf8(directory, Utf8FromUtf16(FromLocal(request)), tried);
+}
+
+}  // namespace vexpa_runtime::zip

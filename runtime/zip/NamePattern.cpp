@@ -1,0 +1,137 @@
+#include "runtime/zip/NamePattern.h"
+
+#include <algorithm>
+
+#include "runtime/zip/Utf8.h"
+
+namespace vexpa_runtime::zip {
+
+namespace {
+
+constexpr std::size_t kNone = std::u32string_view::npos;
+
+std::u32string Characters(std::string_view text) {
+    std::u32string characters;
+    for (std::size_t at = 0; at < text.size();) characters.push_back(NextCharacter(text, at));
+    return characters;
+}
+
+// The index of the ']' that ends the class whose body begins at `at`.
+std::size_t ClassEnd(std::u32string_view text, std::size_t at) {
+    for (; at < text.size(); ++at) {
+        if (text[at] == U']') return at;
+        if (text[at] == U'\\') ++at;
+    }
+    return kNone;
+}
+
+}  // namespace
+
+bool NamePattern::HasSpecialCharacters(std::string_view text) noexcept {
+    return text.find_first_of("*?[\\") != std::string_view::npos;
+}
+
+NamePattern::NamePattern(std::string_view text) {
+    matchesNothing_ = !Parse(Characters(text));
+}
+
+bool NamePattern::Parse(std::u32string_view text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        switch (text[at]) {
+            case U'*':
+                tokens_.push_back({Kind::kAnyRun, 0, false, 0, 0});
+                break;
+            case U'?':
+                tokens_.push_back({Kind::kAnyCharacter, 0, false, 0, 0});
+                break;
+            case U'[': {
+                const std::size_t end = ClassEnd(text, at + 1);
+                if (end == kNone) return false;
+                AddClass(text.substr(at + 1, end - at - 1));
+                at = end;
+                break;
+            }
+            case U'\\':
+                if (++at == text.size()) return false;
+                [[fallthrough]];
+            default:
+                tokens_.push_back({Kind::kCharacter, text[at], false, 0, 0});
+        }
+    }
+    return true;
+}
+
+// Step for step as Info-ZIP walks the body, since that is what gives the odd cases their
+// meaning: a character right before a '-' is not in the class by itself, it starts the range.
+void NamePattern::AddClass(std::u32string_view body) {
+    const bool negated = !body.empty() && (body[0] == U'!' || body[0] == U'^');
+    if (negated) body.remove_prefix(1);
+    const std::size_t firstRange = ranges_.size();
+    std::size_t rangeStart = kNone;  // index of the first character of an open range
+    bool literal = !body.empty() && body[0] == U'-';
+    for (std::size_t i = 0; i < body.size(); ++i) {
+        if (!literal && body[i] == U'\\') {
+            literal = true;
+        } else if (!literal && body[i] == U'-') {
+            rangeStart = i - 1;
+        } else {
+            const bool startsRange = i + 1 < body.size() && body[i + 1] == U'-';
+            if (!startsRange) ranges_.push_back({body[rangeStart == kNone ? i : rangeStart], body[i]});
+            rangeStart = kNone;
+            literal = false;
+        }
+    }
+    tokens_.push_back({Kind::kClass, 0, negated, firstRange, ranges_.size() - firstRange});
+}
+
+bool NamePattern::Accepts(const Token& token, char32_t character) const noexcept {
+    if (token.kind == Kind::kAnyCharacter) return true;
+    if (token.kind == Kind::kCharacter) return character == token.character;
+    if (token.kind == Kind::kAnyRun) return false;
+    const auto first = ranges_.begin() + static_cast<std::ptrdiff_t>(token.firstRange);
+    const auto holds = [character](const Range& r) {
+        return r.first <= character && character <= r.last;
+    };
+    return token.negated !=
+           std::any_of(first, first + static_cast<std::ptrdiff_t>(token.rangeCount), holds);
+}
+
+bool NamePattern::Matches(std::string_view name) const noexcept {
+    if (matchesNothing_) return false;
+    std::size_t token = 0, at = 0;
+    std::size_t tokenAfterStar = kNone, starEnd = 0;  // the last star, and where its run ends so far
+    while (at < name.size()) {
+        if (token < tokens_.size() && tokens_[token].kind == Kind::kAnyRun) {
+            tokenAfterStar = ++token;
+            if (tokenAfterStar == tokens_.size()) return true;
+            starEnd = at;
+            continue;
+        }
+        std::size_t next = at;
+        const char32_t character = NextCharacter(name, next);
+        if (token < tokens_.size() && Accepts(tokens_[token], character)) {
+            ++token;
+            at = next;
+            continue;
+        }
+        if (tokenAfterStar == kNone) return false;
+        // What follows the last star does not fit here: let its run take one character more.
+        NextCharacter(name, starEnd);
+        token = tokenAfterStar;
+        at = starEnd;
+    }
+    while (token < tokens_.size() && tokens_[token].kind == Kind::kAnyRun) ++token;
+    return token == tokens_.size();
+}
+
+std::optional<std::string> NamePattern::OnlyName() const {
+    if (matchesNothing_) return std::nullopt;
+    std::string name;
+    for (const Token& token : tokens_) {
+        if (token.kind != Kind::kCharacter) return std::nullopt;
+        AppendUtf8(name, token.character);
+    }
+    return name;
+}
+
+}  // namespace vexpa_runtime::zip

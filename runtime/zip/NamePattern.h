@@ -1,0 +1,64 @@
+// runtime/zip/NamePattern.h - a pattern of entry names in Info-ZIP's manner.
+#ifndef VEXPA_RUNTIME_ZIP_NAMEPATTERN_H_
+#define VEXPA_RUNTIME_ZIP_NAMEPATTERN_H_
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexpa_runtime::zip {
+
+// Matches whole names; the case of letters counts.
+//
+//   *      any run of characters, also an empty one, also over '/'
+//   ?      one character
+//   [...]  one character of the class, with ranges; after a leading ! or ^ one not of it. The
+//          first ']' that no backslash precedes ends it.
+//   \x     the character x, also within a class
+//
+// Info-ZIP's readings of the odd cases hold: a class that is not closed and a backslash at the
+// end match nothing, and so does the empty class []; a '-' that comes first stands for itself;
+// one that comes last, as in [a-], swallows the character before it and matches nothing.
+//
+// Matching remembers one place to go back to, that of the last '*', so the time is at most the
+// product of the lengths, for any number of stars.
+class NamePattern {
+public:
+    // Whether `text` holds a character that means something in a pattern.
+    static bool HasSpecialCharacters(std::string_view text) noexcept;
+
+    explicit NamePattern(std::string_view text);  // both texts are valid UTF-8
+
+    bool Matches(std::string_view name) const noexcept;
+
+    // The one name that a pattern of plain and escaped characters matches; nothing for others.
+    std::optional<std::string> OnlyName() const;
+
+private:
+    enum class Kind { kCharacter, kAnyCharacter, kAnyRun, kClass };
+    struct Range {
+        char32_t first;
+        char32_t last;
+    };
+    struct Token {
+        Kind kind;
+        char32_t character;      // kCharacter
+        bool negated;            // kClass
+        std::size_t firstRange;  // kClass: into ranges_
+        std::size_t rangeCount;
+    };
+
+    bool Parse(std::u32string_view text);
+    void AddClass(std::u32string_view body);
+    bool Accepts(const Token& token, char32_t character) const noexcept;
+
+    std::vector<Token> tokens_;
+    std::vector<Range> ranges_;
+    bool matchesNothing_ = false;
+};
+
+}  // namespace vexpa_runtime::zip
+
+#endif  // VEXPA_RUNTIME_ZIP_NAMEPATTERN_H_

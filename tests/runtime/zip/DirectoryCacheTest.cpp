@@ -1,0 +1,166 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <atomic>
+#include <deque>
+#include <thread>
+
+#include "runtime/zip/DirectoryCache.h"
+#include "runtime/zip/Extraction.h"
+#include "tests/runtime/zip/ZipClient.h"
+#include "tests/support/ScratchFile.h"
+
+namespace {
+
+using namespace vexpa_runtime::zip;
+using namespace vexpa_test;
+
+constexpr std::size_t kRoom = 1 << 20;
+
+// A clock that is this far ahead of the true one, so that no test has to wait.
+std::atomic<long> secondsAhead = 0;
+
+std::timespec TestClock() {
+    std::timespec now;
+    clock_gettime(CLOCK_REALTIME, &now);
+    now.tv_sec += secondsAhead;
+    return now;
+}
+
+class ZipDirectoryCache : public testing::Test {
+protected:
+    ZipDirectoryCache() { secondsAhead = 3; }
+
+    std::shared_ptr<const Directory> Open(const ScratchFile& file) {
+        return OpenDirectory(cache_, file.Path().c_str());
+    }
+
+    bool Keeps(const ScratchFile& file) {
+        return cache_.Find(*IdentityOf(file.Path().c_str())) != nullptr;
+    }
+
+    DirectoryCache cache_{2, kRoom, TestClock};
+};
+
+TEST_F(ZipDirectoryCache, ReadsAFileOnce) {
+    const ScratchFile file(SmallZip().Bytes());
+    const auto first = Open(file);
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(Open(file), first);
+}
+
+TEST_F(ZipDirectoryCache, ReadsAFileAgainThatChangedAMomentAgo) {
+    secondsAhead = 0;
+    const ScratchFile file(SmallZip().Bytes());
+    const auto first = Open(file);
+    EXPECT_NE(Open(file), first);
+    EXPECT_FALSE(Keeps(file));
+    secondsAhead = 3;
+    const auto settled = Open(file);
+    EXPECT_EQ(Open(file), settled);
+}
+
+TEST_F(ZipDirectoryCache, DoesNotTrustAFileFromTheFuture) {
+    const ScratchFile file(SmallZip().Bytes());
+    const std::timespec tomorrow{TestClock().tv_sec + 86'400, 0};
+    const std::timespec times[] = {tomorrow, tomorrow};
+    ASSERT_EQ(utimensat(AT_FDCWD, file.Path().c_str(), times, 0), 0);
+    EXPECT_NE(Open(file), nullptr);
+    EXPECT_FALSE(Keeps(file));
+}
+
+TEST_F(ZipDirectoryCache, ReadsARewrittenFileAfresh) {
+    ZipFile zip;
+    zip.Add("old", "1");
+    const ScratchFile file(zip.Bytes());
+    const auto old = Open(file);
+    zip.entries[0].name = "new";
+    file.Write(zip.Bytes());
+    const auto fresh = Open(file);
+    ASSERT_NE(fresh, nullptr);
+    EXPECT_EQ(fresh->Find("old"), nullptr);
+    EXPECT_NE(fresh->Find("new"), nullptr);
+    EXPECT_NE(old->Find("old"), nullptr);  // whoever holds the old one can go on using it
+}
+
+TEST_F(ZipDirectoryCache, ForgetsTheFileUsedLongestAgo) {
+    const ScratchFile a(SmallZip().Bytes()), b(SmallZip().Bytes()), c(SmallZip().Bytes());
+    Open(a);
+    Open(b);
+    Open(a);
+    Open(c);
+    EXPECT_TRUE(Keeps(a));
+    EXPECT_FALSE(Keeps(b));
+    EXPECT_TRUE(Keeps(c));
+}
+
+TEST_F(ZipDirectoryCache, StaysWithinItsBytes) {
+    ZipFile large;
+    for (int i = 0; i < 6'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
+    const ScratchFile a(large.Bytes()), b(large.Bytes());
+    const auto first = Open(a);
+    ASSERT_GT(first->MemoryUse(), kRoom / 3);
+    ASSERT_LT(first->MemoryUse(), kRoom);
+    EXPECT_TRUE(Keeps(a));
+
+    for (int i = 6'000; i < 9'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
+    b.Write(large.Bytes());
+    EXPECT_EQ(Open(b)->Count(), 9'000u);
+    EXPECT_TRUE(Keeps(b));
+    EXPECT_FALSE(Keeps(a));
+}
+
+TEST_F(ZipDirectoryCache, DoesNotKeepWhatIsTooLarge) {
+    ZipFile large;
+    for (int i = 0; i < 20'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
+    const ScratchFile file(large.Bytes()), small(SmallZip().Bytes());
+    Open(small);
+    EXPECT_EQ(Open(file)->Count(), 20'000u);
+    EXPECT_FALSE(Keeps(file));
+    EXPECT_TRUE(Keeps(small));
+}
+
+TEST_F(ZipDirectoryCache, DoesNotKeepWhatItReadFromAFileThatChangedMeanwhile) {
+    const ScratchFile scratch(SmallZip().Bytes());
+    const auto file = ArchiveFile::Open(scratch.Path().c_str());
+    ASSERT_TRUE(file);
+    scratch.Write(SmallZip().Bytes() + "suffix");
+    cache_.Read(*file);
+    EXPECT_EQ(cache_.Find(file->Identity()), nullptr);
+}
+
+TEST_F(ZipDirectoryCache, KeepsOneStateOfAFile) {
+    const ScratchFile file(SmallZip().Bytes());
+    const FileIdentity before = *IdentityOf(file.Path().c_str());
+    Open(file);
+    file.Write(SmallZip().Bytes() + "suffix");
+    Open(file);
+    EXPECT_EQ(cache_.Find(before), nullptr);
+    EXPECT_TRUE(Keeps(file));
+}
+
+TEST_F(ZipDirectoryCache, ServesThreadsWithDifferentPackages) {
+    constexpr int kFiles = 4;  // more than are kept, so that they drive each other out
+    std::deque<ScratchFile> files;
+    for (int i = 0; i < kFiles; ++i) {
+        ZipFile zip;
+        for (int j = 0; j <= i; ++j) zip.Add("e" + std::to_string(j), std::to_string(i));
+        files.emplace_back(zip.Bytes());
+    }
+    std::atomic<int> wrong = 0;
+    const auto work = [&](int file) {
+        const char* path = files[static_cast<std::size_t>(file)].Path().c_str();
+        for (int i = 0; i < 300; ++i) {
+            auto prospect = LookUp(cache_, path, "e0");
+            auto entry = prospect ? Extract(cache_, path, "e0", *std::move(prospect)) : std::nullopt;
+            if (!entry || std::string(entry->bytes.get(), entry->size) != std::to_string(file)) ++wrong;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 2 * kFiles; ++i) threads.emplace_back(work, i % kFiles);
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(wrong, 0);
+}
+
+}  // namespace

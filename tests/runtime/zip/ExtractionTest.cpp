@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "runtime/zip/Extraction.h"
+#include "tests/runtime/zip/ZipClient.h"
+#include "tests/support/ScratchFile.h"
+
+namespace {
+
+using namespace vexpa_runtime::zip;
+using namespace vexpa_test;
+
+std::timespec FarFuture() {
+    return {std::time_t{1} << 40, 0};
+}
+
+// An archive whose "entry" lies elsewhere than in the other one.
+std::string Version(const std::string& content, const std::string& before) {
+    ZipFile zip;
+    zip.Add("before", before).stored = true;
+    zip.Add("entry", content);
+    return zip.Bytes();
+}
+
+class ZipExtraction : public testing::Test {
+protected:
+    std::optional<std::string> Finish(const ScratchFile& file, std::optional<Prospect> prospect) {
+        if (!prospect) return std::nullopt;
+        auto entry = Extract(cache_, file.Path().c_str(), "entry", *std::move(prospect));
+        if (!entry) return std::nullopt;
+        return std::string(entry->bytes.get(), entry->size);
+    }
+
+    std::optional<Prospect> Look(const ScratchFile& file, const char* request = "entry") {
+        return LookUp(cache_, file.Path().c_str(), request);
+    }
+
+    DirectoryCache cache_{4, 1 << 20, FarFuture};
+};
+
+TEST_F(ZipExtraction, KnowsTheEntryOfAKeptFileBeforeOpeningIt) {
+    const ScratchFile file(Version("content", ""));
+    EXPECT_EQ(Look(file)->entry, nullptr);
+    EXPECT_EQ(Finish(file, Look(file)), "content");
+    EXPECT_NE(Look(file)->entry, nullptr);
+    EXPECT_EQ(Finish(file, Look(file)), "content");
+}
+
+TEST_F(ZipExtraction, OfANameThatAKeptFileDoesNotHaveEndsBeforeOpeningIt) {
+    const ScratchFile file(Version("content", ""));
+    EXPECT_TRUE(Look(file, "missing"));
+    OpenDirectory(cache_, file.Path().c_str());
+    EXPECT_FALSE(Look(file, "missing"));
+}
+
+TEST_F(ZipExtraction, ReadsTheFileThatIsThereWhenItIsOpened) {
+    const ScratchFile file(Version("old content", ""));
+    OpenDirectory(cache_, file.Path().c_str());
+    auto prospect = Look(file);
+    ASSERT_NE(prospect->entry, nullptr);
+    file.Write(Version("new content, longer", "moved"));
+    EXPECT_EQ(Finish(file, std::move(prospect)), "new content, longer");
+}
+
+TEST_F(ZipExtraction, FailsWhenTheFileIsGoneWhenItIsOpened) {
+    const ScratchFile file(Version("content", ""));
+    auto prospect = Look(file);
+    file.Remove();
+    EXPECT_EQ(Finish(file, std::move(prospect)), std::nullopt);
+}
+
+TEST_F(ZipExtraction, FailsWhenTheFileIsNoArchiveWhenItIsOpened) {
+    const ScratchFile file(Version("content", ""));
+    OpenDirectory(cache_, file.Path().c_str());
+    auto prospect = Look(file);
+    file.Write("plain text");
+    EXPECT_EQ(Finish(file, std::move(prospect)), std::nullopt);
+}
+
+TEST_F(ZipExtraction, FailsWhenTheEntryIsGoneWhenTheFileIsOpened) {
+    const ScratchFile file(Version("content", ""));
+    OpenDirectory(cache_, file.Path().c_str());
+    auto prospect = Look(file);
+    file.Write(ZipFile().Bytes());
+    EXPECT_EQ(Finish(file, std::move(prospect)), std::nullopt);
+}
+
+TEST_F(ZipExtraction, GivesOneVersionOrTheOtherOfAFileThatIsReplacedAllTheTime) {
+    const ScratchFile file(Version("one", ""));
+    std::atomic<bool> stop = false;
+    std::thread replacer([&] {
+        const std::string next = file.Path() + ".next";
+        for (int i = 0; !stop; ++i) {
+            std::ofstream(next, std::ios::binary)
+                << (i % 2 == 0 ? Version("two", "moved") : Version("one", ""));
+            std::filesystem::rename(next, file.Path());
+        }
+    });
+    int ones = 0, twos = 0;
+    for (int i = 0; i < 1000; ++i) {
+        const auto content = Finish(file, Look(file));
+        if (content == "one") ++ones;
+        if (content == "two") ++twos;
+    }
+    stop = true;
+    replacer.join();
+    EXPECT_EQ(ones + twos, 1000);
+}
+
+}  // namespace
