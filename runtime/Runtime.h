@@ -210,7 +210,7 @@ protected:
 struct IDomDocument {
     virtual void Release() = 0;  // ends the document
     // The elements whose local name (after an optional prefix) is `name`, in document order.
-    // Never null but when memory is exhausted.
+    // Never null: a name that no element has gives an empty list.
     virtual IDomNodeList* GetElementsByTagName(const char16_t* name) = 0;
 
 protected:
@@ -270,6 +270,7 @@ VEXPA_RUNTIME_API int _XMLTerminate();
 //   E_INVALIDARG  out or stream is null
 //   E_FAIL        not well-formed, empty, or too deep; *out is null
 //   E_OUTOFMEMORY memory is exhausted; *out is null
+//   otherwise     what the stream's Read failed with; *out is null
 VEXPA_RUNTIME_API HRESULT _XDOMParse(IDomDocument** out, IStream* stream, std::uint32_t options,
                                      std::uint32_t reserved1, std::uint32_t reserved2,
                                      std::uint32_t reserved3);
