@@ -47,7 +47,9 @@ inline std::u16string CopyText(const unsigned short* text) {
     if (length != 0) std::memcpy(copy.data(), text, length * sizeof(char16_t));
     return copy;
 }
-inline std::u16string CopyText(const char16_t* text) { return CopyText(ToUnits(text)); }
+inline std::u16string CopyText(const char16_t* text) {
+    return CopyText(ToUnits(text));
+}
 
 }  // namespace tarn
 

@@ -64,17 +64,14 @@ public:
     size_type bucket_count() const noexcept { return buckets_.size(); }
     float max_load_factor() const noexcept { return 1.0F; }
 
-    iterator find(Key key) noexcept { return iterator(FindNode(key)); }
-    const_iterator find(Key key) const noexcept { return const_iterator(FindNode(key)); }
-    bool contains(Key key) const noexcept { return FindNode(key) != nullptr; }
+    iterator find(Key key) noexcept;
+    const_iterator find(Key key) const noexcept;
+    bool contains(Key key) const noexcept { return find(key) != end(); }
     size_type count(Key key) const noexcept { return contains(key) ? 1 : 0; }
 
     // The value of `key`; of a new entry with an empty value when there was none.
-    T& operator[](Key key) { return FindOrAdd(key).first->entry.second; }
-    std::pair<iterator, bool> try_emplace(Key key) {
-        const auto [node, added] = FindOrAdd(key);
-        return {iterator(node), added};
-    }
+    T& operator[](Key key);
+    std::pair<iterator, bool> try_emplace(Key key);
 
     // Makes room for `count` entries at once.
     void reserve(size_type count);
@@ -86,7 +83,8 @@ private:
     // Linked into its bucket's tree, and into the list of all entries.
     struct Node {
         explicit Node(Key key, std::uint32_t keyHash)
-            : entry(std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>()), hash(keyHash) {}
+            : entry(std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>()),
+              hash(keyHash) {}
 
         value_type entry;
         Node* next = nullptr;
@@ -128,9 +126,8 @@ private:
         Node* node_ = nullptr;
     };
 
-    Node* FindNode(Key key) const noexcept;
     Node* FindNode(Key key, std::uint32_t hash) const noexcept;
-    std::pair<Node*, bool> FindOrAdd(Key key);
+    Node* Add(Key key, std::uint32_t hash);
     void Link(Node* node) noexcept;
     void Grow(size_type count);
     Node* MakeNode(Key key, std::uint32_t hash);

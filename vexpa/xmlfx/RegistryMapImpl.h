@@ -61,8 +61,25 @@ RegistryMap<Key, T>::~RegistryMap() {
 }
 
 template <class Key, class T>
-auto RegistryMap<Key, T>::FindNode(Key key) const noexcept -> Node* {
-    return empty() ? nullptr : FindNode(key, RegistryKey<Key>::Hash(key));
+auto RegistryMap<Key, T>::find(Key key) noexcept -> iterator {
+    return iterator(FindNode(key, RegistryKey<Key>::Hash(key)));
+}
+
+template <class Key, class T>
+auto RegistryMap<Key, T>::find(Key key) const noexcept -> const_iterator {
+    return const_iterator(FindNode(key, RegistryKey<Key>::Hash(key)));
+}
+
+template <class Key, class T>
+T& RegistryMap<Key, T>::operator[](Key key) {
+    return try_emplace(key).first->second;
+}
+
+template <class Key, class T>
+auto RegistryMap<Key, T>::try_emplace(Key key) -> std::pair<iterator, bool> {
+    const std::uint32_t hash = RegistryKey<Key>::Hash(key);
+    if (Node* node = FindNode(key, hash)) return {iterator(node), false};
+    return {iterator(Add(key, hash)), true};
 }
 
 template <class Key, class T>
@@ -79,17 +96,14 @@ auto RegistryMap<Key, T>::FindNode(Key key, std::uint32_t hash) const noexcept -
 }
 
 template <class Key, class T>
-auto RegistryMap<Key, T>::FindOrAdd(Key key) -> std::pair<Node*, bool> {
-    const std::uint32_t hash = RegistryKey<Key>::Hash(key);
-    if (Node* node = FindNode(key, hash)) return {node, false};
-
+auto RegistryMap<Key, T>::Add(Key key, std::uint32_t hash) -> Node* {
     if (size_ == buckets_.size()) Grow(size_ + 1);
     Node* node = MakeNode(key, hash);
     Link(node);
     (last_ == nullptr ? first_ : last_->next) = node;
     last_ = node;
     ++size_;
-    return {node, true};
+    return node;
 }
 
 template <class Key, class T>
@@ -106,7 +120,8 @@ void RegistryMap<Key, T>::Link(Node* node) noexcept {
 template <class Key, class T>
 auto RegistryMap<Key, T>::MakeNode(Key key, std::uint32_t hash) -> Node* {
     constexpr size_type kFirstBlock = 4;
-    void* memory = Memory(kFirstBlock).allocate(sizeof(Node) + RegistryKey<Key>::TextBytes(key), alignof(Node));
+    void* memory =
+        Memory(kFirstBlock).allocate(sizeof(Node) + RegistryKey<Key>::TextBytes(key), alignof(Node));
     return ::new (memory) Node(RegistryKey<Key>::CopyTo(static_cast<Node*>(memory) + 1, key), hash);
 }
 

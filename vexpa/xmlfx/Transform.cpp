@@ -21,7 +21,9 @@ std::uint32_t TokenOf(NSMap& namespaces, const unsigned short* uri, const unsign
     return found == names.end() ? kNullToken : found->second;
 }
 
-bool IsEmpty(const unsigned short* text) { return text == nullptr || *text == 0; }
+bool IsEmpty(const unsigned short* text) {
+    return text == nullptr || *text == 0;
+}
 
 }  // namespace
 

@@ -17,7 +17,9 @@ XmlAttrBuilderImpl::~XmlAttrBuilderImpl() {
     while (child_) child_ = std::exchange(child_->child_, Handle<XmlAttrBuilderImpl>());
 }
 
-void XmlAttrBuilderImpl::Release() { DeleteIfExists(this); }
+void XmlAttrBuilderImpl::Release() {
+    DeleteIfExists(this);
+}
 
 int XmlAttrBuilderImpl::StartElement(std::uint32_t, XmlRoAttr* attrs) {
     current_ = Handle<XmlRoAttrDecorator>(new XmlRoAttrDecorator(*attrs));
@@ -28,7 +30,9 @@ void XmlAttrBuilderImpl::Characters(const unsigned short* text) {
     if (text != nullptr) current_->AddAttribute(kTextToken, new LeafXmlRoAttrImpl(text));
 }
 
-void XmlAttrBuilderImpl::EndElement(std::uint32_t token) { callback_->OnElement(token, current_.Get()); }
+void XmlAttrBuilderImpl::EndElement(std::uint32_t token) {
+    callback_->OnElement(token, current_.Get());
+}
 
 XmlAttrHandler* XmlAttrBuilderImpl::GetChildHandler() {
     if (!child_) child_ = Handle<XmlAttrBuilderImpl>(new XmlAttrBuilderImpl(this));
@@ -43,6 +47,8 @@ void XmlAttrBuilderImpl::AddChild(std::uint32_t token, XmlRoAttr* set) {
     current_->AddAttribute(token, set->Share().Detach());
 }
 
-void XmlAttrBuilderImpl::OnElement(std::uint32_t token, XmlRoAttr* set) { AddChild(token, set); }
+void XmlAttrBuilderImpl::OnElement(std::uint32_t token, XmlRoAttr* set) {
+    AddChild(token, set);
+}
 
 }  // namespace tarn::xmlfx

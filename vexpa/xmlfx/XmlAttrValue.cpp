@@ -4,8 +4,12 @@
 
 namespace tarn::xmlfx {
 
-const unsigned short* XmlAttrValue::GetValue() const noexcept { return ToUnits(value_.c_str()); }
+const unsigned short* XmlAttrValue::GetValue() const noexcept {
+    return ToUnits(value_.c_str());
+}
 
-std::size_t XmlAttrValue::GetValueLength() const noexcept { return value_.size(); }
+std::size_t XmlAttrValue::GetValueLength() const noexcept {
+    return value_.size();
+}
 
 }  // namespace tarn::xmlfx

@@ -27,7 +27,9 @@ using NSMapInverse = RegistryMap<std::uint32_t, RegistryMap<std::uint32_t, NameI
 inline constexpr std::uint32_t kNullToken = 0;
 
 // The namespace of a token, and its key in the inverse map.
-constexpr std::uint32_t NamespaceOf(std::uint32_t token) noexcept { return token & 0xFFFF0000; }
+constexpr std::uint32_t NamespaceOf(std::uint32_t token) noexcept {
+    return token & 0xFFFF0000;
+}
 
 // The namespace maps of the process.
 //

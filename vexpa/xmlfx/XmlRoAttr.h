@@ -35,7 +35,9 @@ public:
     virtual XmlRoAttr* Find(std::uint32_t token) const = 0;
 
     // ShallowClone under the set's own type.
-    Handle<XmlRoAttr> Share() { return Handle<XmlRoAttr>(static_cast<XmlRoAttr*>(ShallowClone().Detach())); }
+    Handle<XmlRoAttr> Share() {
+        return Handle<XmlRoAttr>(static_cast<XmlRoAttr*>(ShallowClone().Detach()));
+    }
 
 protected:
     XmlRoAttr() noexcept = default;

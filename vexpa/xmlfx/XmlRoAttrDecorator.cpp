@@ -11,7 +11,9 @@ XmlRoAttrDecorator::XmlRoAttrDecorator(XmlRoAttr& inner)
       inner_(inner.Share()),
       innerIsDecorator_(typeid(inner) == typeid(XmlRoAttrDecorator)) {}
 
-XmlRoAttrDecorator::~XmlRoAttrDecorator() { inner_.Reset(); }
+XmlRoAttrDecorator::~XmlRoAttrDecorator() {
+    inner_.Reset();
+}
 
 const XmlRoAttrDecorator* XmlRoAttrDecorator::InnerDecorator() const noexcept {
     return innerIsDecorator_ ? static_cast<const XmlRoAttrDecorator*>(inner_.Get()) : nullptr;

@@ -41,7 +41,9 @@ void XmlRoAttrImpl::End() noexcept {
     state.active = false;
 }
 
-XmlRoAttrImpl::~XmlRoAttrImpl() { DropAttributes(); }
+XmlRoAttrImpl::~XmlRoAttrImpl() {
+    DropAttributes();
+}
 
 void XmlRoAttrImpl::DropAttributes() noexcept {
     for (const Attribute& attribute : attributes_) attribute.value->Release();
@@ -49,7 +51,9 @@ void XmlRoAttrImpl::DropAttributes() noexcept {
     byToken_.reset();
 }
 
-void XmlRoAttrImpl::Reserve(std::uint32_t count) { attributes_.reserve(count); }
+void XmlRoAttrImpl::Reserve(std::uint32_t count) {
+    attributes_.reserve(count);
+}
 
 void XmlRoAttrImpl::AddAttribute(std::uint32_t token, XmlRoAttr* value) {
     constexpr std::size_t kFewest = 4;
@@ -66,7 +70,8 @@ void XmlRoAttrImpl::FileByToken(std::uint32_t token, XmlRoAttr* value) {
     if (attributes_.size() < kSearchedOneByOne) return;
     if (byToken_ == nullptr) {
         auto all = std::make_unique<FirstByToken>();
-        for (const Attribute& attribute : attributes_) all->try_emplace(attribute.token, attribute.value);
+        for (const Attribute& attribute : attributes_)
+            all->try_emplace(attribute.token, attribute.value);
         all->try_emplace(token, value);
         byToken_ = std::move(all);
     } else {

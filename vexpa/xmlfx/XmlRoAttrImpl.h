@@ -13,7 +13,8 @@ namespace tarn::xmlfx {
 
 class XmlRoAttrImpl : public ShallowCloneableImpl<XmlRoAttr> {
 public:
-    explicit XmlRoAttrImpl(std::u16string value = {}) noexcept : ShallowCloneableImpl(std::move(value)) {}
+    explicit XmlRoAttrImpl(std::u16string value = {}) noexcept
+        : ShallowCloneableImpl(std::move(value)) {}
 
     void Release() final;
     std::uint32_t GetCount() const override { return OwnCount(); }
