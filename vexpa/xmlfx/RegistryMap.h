@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <memory>
 #include <memory_resource>
-#include <optional>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -28,7 +28,7 @@ namespace tarn::xmlfx {
 // - Entries lie in a few large blocks. They are added or all dropped, never erased alone.
 //
 // Key is std::u16string_view, hashed by SampledStringHash, or an unsigned integer, which
-// is its own hash. Only the instances that the library exports exist.
+// is its own hash. Only the instances of XmlMapper.h exist, and only the library makes maps.
 //
 // Lifetime  References, pointers and iterators stay valid until clear(). Entries iterate
 //           in the order in which they were added.
@@ -137,7 +137,7 @@ private:
     Node* first_ = nullptr;
     Node* last_ = nullptr;
     size_type size_ = 0;
-    std::optional<std::pmr::monotonic_buffer_resource> memory_;  // of the nodes and their texts
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> memory_;  // of the nodes and their texts
 };
 
 }  // namespace tarn::xmlfx

@@ -125,10 +125,14 @@ auto RegistryMap<Key, T>::MakeNode(Key key, std::uint32_t hash) -> Node* {
     return ::new (memory) Node(RegistryKey<Key>::CopyTo(static_cast<Node*>(memory) + 1, key), hash);
 }
 
-// Blocks grow on their own; `expected` entries only size the first one.
+// Blocks grow on their own; `expected` entries only size the first one. A map without
+// entries has none: there is one for each namespace that a document makes up.
 template <class Key, class T>
 std::pmr::memory_resource& RegistryMap<Key, T>::Memory(size_type expected) {
-    if (!memory_) memory_.emplace(expected * (sizeof(Node) + RegistryKey<Key>::kUsualTextBytes));
+    if (memory_ == nullptr) {
+        constexpr size_type kEntryBytes = sizeof(Node) + RegistryKey<Key>::kUsualTextBytes;
+        memory_ = std::make_unique<std::pmr::monotonic_buffer_resource>(expected * kEntryBytes);
+    }
     return *memory_;
 }
 
