@@ -2,16 +2,20 @@
 #ifndef VEXPA_BASE_DELETEIFEXISTS_H_
 #define VEXPA_BASE_DELETEIFEXISTS_H_
 
-namespace tarn {
+#include "vexpa/base/Object.h"
 
-class Object;
+namespace tarn {
 
 // Ends `object` through its deleting destructor; does nothing for null.
 //
 // A binary caller may reach Release through a slot with a null object, and a compiler
 // deletes a test of `this` against null. So the pointer passes a barrier that hides where
 // it came from before it is tested. (ReleaseOfANullObjectDoesNothing)
-void DeleteIfExists(Object* object);
+template <class T>
+void DeleteIfExists(T* object) {
+    asm volatile("" : "+r"(object));  // what callers promise about `this` ends here
+    if (object != nullptr) delete static_cast<Object*>(object);
+}
 
 }  // namespace tarn
 

@@ -17,19 +17,21 @@ namespace tarn {
 template <class T>
 class ShallowCloneableImpl : public T {
 public:
-    using T::T;
-
     Handle<Object> ShallowClone() override {
         ++referenceCount_;
         return Handle<Object>(this);
     }
 
     void Release() override {
-        if (--referenceCount_ == 0) delete this;
+        if (DropReference()) delete this;
     }
 
 protected:
+    using T::T;
     ~ShallowCloneableImpl() override = default;
+
+    // Whether that was the last one; for a class that ends its objects in a way of its own.
+    bool DropReference() noexcept { return --referenceCount_ == 0; }
 
 private:
     std::uint32_t referenceCount_ = 1;

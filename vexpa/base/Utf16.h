@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 namespace tarn {
 
@@ -23,18 +24,33 @@ inline const char16_t* FromUnits(const unsigned short* text) noexcept {
     return reinterpret_cast<const char16_t*>(text);
 }
 
-// A copy of a caller's NUL-terminated text; null is the empty text.
-inline std::u16string CopyText(const unsigned short* text) {
-    if (text == nullptr) return {};
+// The length of a caller's NUL-terminated text in code units; null is the empty text.
+inline std::size_t TextLength(const unsigned short* text) noexcept {
+    if (text == nullptr) return 0;
     using AnyUnit __attribute__((__may_alias__)) = unsigned short;
     const AnyUnit* units = text;
     std::size_t length = 0;
+#pragma GCC unroll 8  // a URI of some sixty units is measured for every attribute
     while (units[length] != 0) ++length;
+    return length;
+}
+
+// A caller's NUL-terminated text, in place; null is the empty text. For code that reads the
+// units as bytes (memcmp, memcpy).
+inline std::u16string_view ViewText(const unsigned short* text) noexcept {
+    return {FromUnits(text), TextLength(text)};
+}
+
+// A copy of a caller's NUL-terminated text; null is the empty text.
+inline std::u16string CopyText(const unsigned short* text) {
+    const std::size_t length = TextLength(text);
     std::u16string copy(length, u'\0');
     if (length != 0) std::memcpy(copy.data(), text, length * sizeof(char16_t));
     return copy;
 }
-inline std::u16string CopyText(const char16_t* text) { return CopyText(ToUnits(text)); }
+inline std::u16string CopyText(const char16_t* text) {
+    return CopyText(ToUnits(text));
+}
 
 }  // namespace tarn
 

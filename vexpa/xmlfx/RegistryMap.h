@@ -1,0 +1,145 @@
+// vexpa/xmlfx/RegistryMap.h - the hash map that the namespace maps are made of.
+#ifndef VEXPA_XMLFX_REGISTRYMAP_H_
+#define VEXPA_XMLFX_REGISTRYMAP_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <memory_resource>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "vexpa/base/Export.h"
+
+namespace tarn::xmlfx {
+
+// Looks up like std::unordered_map<Key, T> with a maximum load factor of 1, and differs
+// where the vocabulary needs it:
+//
+// - The keys of a bucket stand in a balanced tree. Whoever writes a document chooses the
+//   namespace URIs in it and can make them collide under the sampled hash, so a look-up
+//   takes logarithmic time at worst.
+// - A text key is a std::u16string_view of a copy that the map keeps, followed by a NUL.
+//   Any text is looked up as it is; finding a name allocates nothing.
+// - Entries lie in a few large blocks. They are added or all dropped, never erased alone.
+//
+// Key is std::u16string_view, hashed by SampledStringHash, or an unsigned integer, which
+// is its own hash. Only the instances of XmlMapper.h exist, and only the library makes maps.
+//
+// Lifetime  References, pointers and iterators stay valid until clear(). Entries iterate
+//           in the order in which they were added.
+// Errors    An addition that runs out of memory throws and leaves the map as it was.
+// Threads   Any number may read while nobody writes.
+template <class Key, class T>
+class VEXPA_API RegistryMap {
+    struct Node;
+    template <class Value>
+    class Iterator;
+
+public:
+    using key_type = Key;
+    using mapped_type = T;
+    using value_type = std::pair<const Key, T>;
+    using size_type = std::size_t;
+    using difference_type = std::ptrdiff_t;
+    using iterator = Iterator<value_type>;
+    using const_iterator = Iterator<const value_type>;
+
+    RegistryMap() noexcept;
+    ~RegistryMap();
+    RegistryMap(const RegistryMap&) = delete;
+    RegistryMap& operator=(const RegistryMap&) = delete;
+
+    iterator begin() noexcept { return iterator(first_); }
+    iterator end() noexcept { return iterator(); }
+    const_iterator begin() const noexcept { return const_iterator(first_); }
+    const_iterator end() const noexcept { return const_iterator(); }
+
+    [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
+    size_type size() const noexcept { return size_; }
+    size_type bucket_count() const noexcept { return buckets_.size(); }
+    float max_load_factor() const noexcept { return 1.0F; }
+
+    iterator find(Key key) noexcept;
+    const_iterator find(Key key) const noexcept;
+    bool contains(Key key) const noexcept { return find(key) != end(); }
+    size_type count(Key key) const noexcept { return contains(key) ? 1 : 0; }
+
+    // The value of `key`; of a new entry with an empty value when there was none.
+    T& operator[](Key key);
+    std::pair<iterator, bool> try_emplace(Key key);
+
+    // Makes room for `count` entries at once.
+    void reserve(size_type count);
+
+    // Drops all entries and keeps the bucket array.
+    void clear() noexcept;
+
+private:
+    // Linked into its bucket's tree, and into the list of all entries.
+    struct Node {
+        explicit Node(Key key, std::uint32_t keyHash)
+            : entry(std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>()),
+              hash(keyHash) {}
+
+        value_type entry;
+        Node* next = nullptr;
+        Node* left = nullptr;
+        Node* right = nullptr;
+        std::uint32_t hash;  // the low half: it selects the bucket and orders the tree
+        std::uint32_t level = 1;
+    };
+
+    template <class Value>
+    class Iterator {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = std::remove_const_t<Value>;
+        using difference_type = std::ptrdiff_t;
+        using pointer = Value*;
+        using reference = Value&;
+
+        Iterator() noexcept = default;
+        explicit Iterator(Node* node) noexcept : node_(node) {}
+        // From iterator to const_iterator.
+        template <class Other, class = std::enable_if_t<std::is_same_v<const Other, Value>>>
+        Iterator(Iterator<Other> other) noexcept : node_(other.node_) {}
+
+        reference operator*() const noexcept { return node_->entry; }
+        pointer operator->() const noexcept { return &node_->entry; }
+        Iterator& operator++() noexcept {
+            node_ = node_->next;
+            return *this;
+        }
+        Iterator operator++(int) noexcept { return std::exchange(*this, Iterator(node_->next)); }
+        friend bool operator==(Iterator a, Iterator b) noexcept { return a.node_ == b.node_; }
+        friend bool operator!=(Iterator a, Iterator b) noexcept { return a.node_ != b.node_; }
+
+    private:
+        template <class>
+        friend class Iterator;
+
+        Node* node_ = nullptr;
+    };
+
+    Node* FindNode(Key key, std::uint32_t hash) const noexcept;
+    Node* Add(Key key, std::uint32_t hash);
+    void Link(Node* node) noexcept;
+    void Grow(size_type count);
+    Node* MakeNode(Key key, std::uint32_t hash);
+    std::pmr::memory_resource& Memory(size_type expected);
+
+    std::vector<Node*> buckets_;  // none, or a power of two of them
+    Node* first_ = nullptr;
+    Node* last_ = nullptr;
+    size_type size_ = 0;
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> memory_;  // of the nodes and their texts
+};
+
+}  // namespace tarn::xmlfx
+
+#endif  // VEXPA_XMLFX_REGISTRYMAP_H_

@@ -1,0 +1,26 @@
+// vexpa/xmlfx/XmlAttrBuilder.h - one tree of attribute sets from the events of a parser.
+#ifndef VEXPA_XMLFX_XMLATTRBUILDER_H_
+#define VEXPA_XMLFX_XMLATTRBUILDER_H_
+
+#include "vexpa/base/Export.h"
+#include "vexpa/base/Handle.h"
+#include "vexpa/xmlfx/XmlAttrCallback.h"
+#include "vexpa/xmlfx/XmlAttrHandler.h"
+
+namespace tarn::xmlfx {
+
+// Builds the set of each element it is fed: the element's attributes first, then its text
+// and its child elements' sets in the order of their events.
+class XmlAttrBuilder : public XmlAttrHandler {
+public:
+    // [owned] A builder that reports to `callback`, which outlives it.
+    VEXPA_API static Handle<XmlAttrBuilder> New(XmlAttrCallback* callback);
+
+protected:
+    XmlAttrBuilder() noexcept = default;
+    ~XmlAttrBuilder() override = default;
+};
+
+}  // namespace tarn::xmlfx
+
+#endif  // VEXPA_XMLFX_XMLATTRBUILDER_H_

@@ -1,0 +1,22 @@
+// vexpa/xmlfx/XmlAttrCallback.h - where a builder reports its sets.
+#ifndef VEXPA_XMLFX_XMLATTRCALLBACK_H_
+#define VEXPA_XMLFX_XMLATTRCALLBACK_H_
+
+#include <cstdint>
+
+namespace tarn::xmlfx {
+class XmlRoAttr;
+
+// Implemented by the caller. It has one slot: a virtual destructor would shift it.
+class XmlAttrCallback {
+public:
+    // [borrowed] The finished set of an element; share it (ShallowClone) to keep it.
+    virtual void OnElement(std::uint32_t token, XmlRoAttr* set) = 0;
+
+protected:
+    ~XmlAttrCallback() = default;
+};
+
+}  // namespace tarn::xmlfx
+
+#endif  // VEXPA_XMLFX_XMLATTRCALLBACK_H_

@@ -1,0 +1,35 @@
+// vexpa/xmlfx/XmlAttrValue.h - the value string of an attribute set.
+#ifndef VEXPA_XMLFX_XMLATTRVALUE_H_
+#define VEXPA_XMLFX_XMLATTRVALUE_H_
+
+#include <cstddef>
+#include <string>
+#include <utility>
+
+#include "vexpa/base/Export.h"
+
+namespace tarn::xmlfx {
+
+// Fixed when the object is made; empty when none was given.
+class XmlAttrValue {
+public:
+    // [borrowed] The value, NUL-terminated; never null.
+    VEXPA_API const unsigned short* GetValue() const noexcept;
+    // Its length in code units.
+    VEXPA_API std::size_t GetValueLength() const noexcept;
+
+    XmlAttrValue(const XmlAttrValue&) = delete;
+    XmlAttrValue& operator=(const XmlAttrValue&) = delete;
+
+protected:
+    XmlAttrValue() noexcept = default;
+    explicit XmlAttrValue(std::u16string value) noexcept : value_(std::move(value)) {}
+    ~XmlAttrValue() = default;
+
+private:
+    std::u16string value_;
+};
+
+}  // namespace tarn::xmlfx
+
+#endif  // VEXPA_XMLFX_XMLATTRVALUE_H_

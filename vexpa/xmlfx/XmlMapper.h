@@ -1,0 +1,52 @@
+// vexpa/xmlfx/XmlMapper.h - from names to tokens and back.
+#ifndef VEXPA_XMLFX_XMLMAPPER_H_
+#define VEXPA_XMLFX_XMLMAPPER_H_
+
+#include <cstdint>
+#include <string_view>
+
+#include "vexpa/base/Export.h"
+#include "vexpa/xmlfx/RegistryMap.h"
+
+namespace tarn::xmlfx {
+
+// What a token stands for. Both texts are static.
+struct VEXPA_API NameInfo {
+    const char16_t* uri;
+    const char16_t* name;
+};
+
+// Namespace URI -> local name -> token. Matching is exact, case included.
+using NSMap = RegistryMap<std::u16string_view, RegistryMap<std::u16string_view, std::uint32_t>>;
+
+// Token without its low 16 bits -> token -> what it stands for.
+using NSMapInverse = RegistryMap<std::uint32_t, RegistryMap<std::uint32_t, NameInfo>>;
+
+// A token has the namespace's id in its high and the name's index in its low 16 bits. This
+// one is no name, and never that of an element or attribute.
+inline constexpr std::uint32_t kNullToken = 0;
+
+// The namespace of a token, and its key in the inverse map.
+constexpr std::uint32_t NamespaceOf(std::uint32_t token) noexcept {
+    return token & 0xFFFF0000;
+}
+
+// The namespace maps of the process.
+//
+//     const NSMap& namespaces = XmlMapper::GetNSMap();
+//     if (auto names = namespaces.find(uri); names != namespaces.end()) {
+//         if (auto name = names->second.find(localName); name != names->second.end()) ...
+//
+// Lifetime  Filled by the first _vexpa_Initialize, emptied by the last _vexpa_Terminate;
+//           the maps themselves live until the process ends.
+// Threads   Any number may read. Whatever writes is serialised by the callers: the two
+//           calls above, and Transform, which adds the namespace URIs it does not know.
+class XmlMapper {
+public:
+    VEXPA_API static NSMap& GetNSMap();
+    VEXPA_API static NSMapInverse& GetNSMapInverse();
+};
+
+}  // namespace tarn::xmlfx
+
+#endif  // VEXPA_XMLFX_XMLMAPPER_H_
