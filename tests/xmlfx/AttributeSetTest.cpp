@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -75,6 +77,17 @@ TEST(EmptySet, IsSharedAndReleasedFreely) {
     for (int i = 0; i < 10; ++i) set->Release();
     EXPECT_EQ(set->Share().Get(), set.Get());
     EXPECT_EQ(set->GetCount(), 0U);
+}
+
+Handle<XmlRoAttr> heldUntilTheEnd;
+
+TEST(EmptySet, AHandleToItMayOutliveMain) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto holdAndExit = [] {
+        heldUntilTheEnd = NullXmlRoAttrImpl::Get();
+        std::exit(0);
+    };
+    EXPECT_EXIT(holdAndExit(), ::testing::ExitedWithCode(0), "");
 }
 
 TEST(Leaf, HasAValueStringOnly) {

@@ -39,6 +39,8 @@ void RegisterNamespace(const char16_t* uri, const NameEntry* names, unsigned cou
     AddNames(uri, entries);
 }
 
+// Kept: one namespace in the map, be it one that Transform added before the library was
+// started, and nothing is registered. (AMapThatHoldsSomethingIsNotFilled)
 void RegisterNamespaces() {
     if (!XmlMapper::GetNSMap().empty() && !unfinished) return;
     unfinished = true;

@@ -54,14 +54,14 @@ public:
     RegistryMap(const RegistryMap&) = delete;
     RegistryMap& operator=(const RegistryMap&) = delete;
 
-    iterator begin() noexcept { return iterator(first_); }
+    iterator begin() noexcept;
     iterator end() noexcept { return iterator(); }
-    const_iterator begin() const noexcept { return const_iterator(first_); }
+    const_iterator begin() const noexcept;
     const_iterator end() const noexcept { return const_iterator(); }
 
-    [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
-    size_type size() const noexcept { return size_; }
-    size_type bucket_count() const noexcept { return buckets_.size(); }
+    [[nodiscard]] bool empty() const noexcept { return size() == 0; }
+    size_type size() const noexcept;
+    size_type bucket_count() const noexcept;
     float max_load_factor() const noexcept { return 1.0F; }
 
     iterator find(Key key) noexcept;
@@ -80,7 +80,8 @@ public:
     void clear() noexcept;
 
 private:
-    // Linked into its bucket's tree, and into the list of all entries.
+    // Linked into its bucket's tree, and into the list of all entries. Compiled callers know
+    // where the entry and the next node are; the rest, and the map itself, is ours.
     struct Node {
         explicit Node(Key key, std::uint32_t keyHash)
             : entry(std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>()),

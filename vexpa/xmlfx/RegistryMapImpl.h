@@ -61,6 +61,26 @@ RegistryMap<Key, T>::~RegistryMap() {
 }
 
 template <class Key, class T>
+auto RegistryMap<Key, T>::begin() noexcept -> iterator {
+    return iterator(first_);
+}
+
+template <class Key, class T>
+auto RegistryMap<Key, T>::begin() const noexcept -> const_iterator {
+    return const_iterator(first_);
+}
+
+template <class Key, class T>
+auto RegistryMap<Key, T>::size() const noexcept -> size_type {
+    return size_;
+}
+
+template <class Key, class T>
+auto RegistryMap<Key, T>::bucket_count() const noexcept -> size_type {
+    return buckets_.size();
+}
+
+template <class Key, class T>
 auto RegistryMap<Key, T>::find(Key key) noexcept -> iterator {
     return iterator(FindNode(key, RegistryKey<Key>::Hash(key)));
 }

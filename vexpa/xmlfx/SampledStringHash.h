@@ -8,8 +8,10 @@
 
 namespace tarn::xmlfx {
 
-// FNV-1 over at most about ten code units, so that a long URI costs no more than a short
-// name. Texts that differ only in units it passes over collide, the last ones always.
+// FNV-1 over at most about ten code units, so that a long URI costs no more than a short name.
+//
+// Kept: texts that differ only in the units it passes over collide, and it always passes over
+// the last ones. (PassesOverTheLastUnits)
 struct SampledStringHash {
     std::uint64_t operator()(std::u16string_view text) const noexcept {
         const std::size_t stride = text.size() / 10 + 1;

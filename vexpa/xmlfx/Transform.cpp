@@ -31,6 +31,7 @@ Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defau
                             const unsigned short* value) {
     constexpr unsigned kMostReserved = 64;  // a parser's word is no reason to allocate more
     const unsigned length = attrs == nullptr ? 0 : attrs->getLength();
+    // Kept: without attributes, `value` is lost. (OfNoAttributesIsTheEmptySetWhateverTheValue)
     if (length == 0) return NullXmlRoAttrImpl::Get();
 
     Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl(CopyText(value)));

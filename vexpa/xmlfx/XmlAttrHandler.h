@@ -30,8 +30,8 @@ inline constexpr std::uint32_t kTextToken = 0xFFFFFFFF;
 // moved or removed. tests/xmlfx/SlotOrderTest.cpp fails when it changes.
 class XmlAttrHandler : public Object, public Noncopyable {
 public:
-    // Begins the set of an element, on top of its attributes (see Transform), which the set
-    // shares. The token is not used here. Always 1.
+    // Begins the set of an element, on top of its attributes (see Transform; never null),
+    // which the set shares. The token is not used here. Always 1.
     virtual int StartElement(std::uint32_t token, XmlRoAttr* attrs) = 0;
     // Adds a piece of the element's text under kTextToken; null adds nothing.
     virtual void Characters(const unsigned short* text) = 0;
