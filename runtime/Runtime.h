@@ -29,17 +29,17 @@
 
 using HRESULT = std::int32_t;
 
-constexpr HRESULT S_OK = 0;
-constexpr HRESULT S_FALSE = 1;
-constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80000001U);
-constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x80000002U);
-constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80000003U);
-constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80000004U);
-constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80000008U);
-constexpr HRESULT E_ACCESSDENIED = static_cast<HRESULT>(0x80000009U);
+inline constexpr HRESULT S_OK = 0;
+inline constexpr HRESULT S_FALSE = 1;
+inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80000001U);
+inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x80000002U);
+inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80000003U);
+inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80000004U);
+inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80000008U);
+inline constexpr HRESULT E_ACCESSDENIED = static_cast<HRESULT>(0x80000009U);
 // Storage codes, as COM numbers them.
-constexpr HRESULT STG_E_INVALIDFUNCTION = static_cast<HRESULT>(0x80030001U);
-constexpr HRESULT STG_E_FILENOTFOUND = static_cast<HRESULT>(0x80030002U);
+inline constexpr HRESULT STG_E_INVALIDFUNCTION = static_cast<HRESULT>(0x80030001U);
+inline constexpr HRESULT STG_E_FILENOTFOUND = static_cast<HRESULT>(0x80030002U);
 
 // ---------------------------------------------------------------------------------------
 // COM: the interfaces that callers get, in the standard slot order
@@ -223,7 +223,7 @@ protected:
 struct GlobalBlock;
 using HGBL = GlobalBlock*;  // a movable memory block; its bytes stand still between lock and unlock
 
-constexpr std::uint32_t kGblZeroInit = 0x40;
+inline constexpr std::uint32_t kGblZeroInit = 0x40;
 
 // Text with its length before it: the 32 bits before the first unit count its bytes.
 using BSTR = char16_t*;
