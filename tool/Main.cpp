@@ -28,7 +28,6 @@ using Runs = std::vector<std::pair<const CLI::App*, std::function<void()>>>;
 Runs DeclareCommandLine(CLI::App& app) {
     app.name("vexpa");
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("Subcommands", "Commands");
     app.get_formatter()->label("TEXT", "");
     app.get_formatter()->label("REQUIRED", "");
     app.set_help_flag("-h,--help", "Print this help and exit");
@@ -41,6 +40,7 @@ Runs DeclareCommandLine(CLI::App& app) {
     Runs runs;
     for (const Command& command : AllCommands()) {
         CLI::App* arguments = app.add_subcommand(command.name, command.summary);
+        arguments->group("Commands");
         runs.emplace_back(arguments, command.declare(*arguments));
     }
     return runs;

@@ -11,7 +11,7 @@ namespace vexpa_tool {
 
 // The widest that a column gets: a longer cell pushes its own line out, not all of them,
 // so that one endless name cannot make every line endless.
-inline constexpr std::size_t kWidestColumn = 48;
+inline constexpr std::size_t kWidestColumn = 64;
 
 // `cell` and the blanks up to `width` columns.
 std::string Padded(const std::string& cell, std::size_t width);
