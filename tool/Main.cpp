@@ -63,15 +63,15 @@ int RunCommandLine(int argc, char** argv) {
     }
     try {
         app.parse(argc, argv);
+        for (const auto& [arguments, run] : runs) {
+            if (arguments->parsed()) run();
+        }
     } catch (const CLI::CallForHelp&) {
         Write(app.help());
     } catch (const CLI::CallForVersion& version) {
         WriteLine(version.what());
     } catch (const CLI::ParseError& error) {
         return Complain(kWrongUsage, UsageError(app, error) + " (see vexpa --help)");
-    }
-    for (const auto& [arguments, run] : runs) {
-        if (arguments->parsed()) run();
     }
     FlushOutput();
     return kDone;

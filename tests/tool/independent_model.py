@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Compares `vexpa dump` with a second reading of the same packages.
 
-    independent_model.py TOOL PATH...     a PATH is a file, or a folder with files
+    independent_model.py TOOL PATH...     a PATH is a file, or a folder with files;
+                                          corpus:good is a folder of the corpus
 
 The model below reads packages with Python's zlib and expat and shares nothing with the
 library but its table of relationship types. Every difference is printed; status 1 when
@@ -11,6 +12,7 @@ there is one, 77 when no PATH exists.
 import csv
 import hashlib
 import json
+import os
 import pathlib
 import re
 import struct
@@ -470,10 +472,19 @@ def compare(tool, path):
                    [pair for pair in pairs if pair[0] != pair[1]][:4])
 
 
+def place(path):
+    """The corpus lies beside the sources unless VEXPA_CORPUS names another place."""
+    if not path.startswith("corpus:"):
+        return pathlib.Path(path)
+    given = os.environ.get("VEXPA_CORPUS")
+    corpus = pathlib.Path(given) if given else SOURCE.parent / "shared" / "corpus"
+    return corpus / path.removeprefix("corpus:")
+
+
 def main(arguments):
     tool, *paths = arguments
     files = []
-    for path in map(pathlib.Path, paths):
+    for path in map(place, paths):
         if not path.exists():
             print(f"skipped: {path} is not there")
         files += sorted(one for one in path.rglob("*") if one.is_file()) if path.is_dir() else (
