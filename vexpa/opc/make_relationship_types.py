@@ -5,7 +5,8 @@
     vexpa/opc/make_relationship_types.py --check    compares; status 1 when a source is behind
 
 The enumerators go between two marks of RelationshipTypeId.h, the rows into
-RelationshipTypeTable.generated.cpp. Types are only ever appended: callers know them by number.
+RelationshipTypeTable.generated.cpp, and the names that the tool prints into
+tool/model/RelationshipTypeNames.generated.cpp. Types are only ever appended: callers know them by number.
 """
 
 import csv
@@ -16,6 +17,7 @@ FOLDER = pathlib.Path(__file__).resolve().parent
 SOURCE = FOLDER / "relationship-types.tsv"
 HEADER = FOLDER / "RelationshipTypeId.h"
 TABLE = FOLDER / "RelationshipTypeTable.generated.cpp"
+NAMES = FOLDER.parent.parent / "tool" / "model" / "RelationshipTypeNames.generated.cpp"
 
 BEGIN = "    // Begin of the list that make_relationship_types.py writes.\n"
 END = "    // End of the list.\n"
@@ -32,6 +34,20 @@ const std::array<RelationshipTypeRow, kRelationshipTypeCount> kRelationshipTypeR
 // clang-format on
 
 }}  // namespace tarn::opc
+"""
+
+NAMES_TEXT = """\
+// Written by vexpa/opc/make_relationship_types.py from relationship-types.tsv; do not edit.
+#include "tool/model/RelationshipTypeNames.h"
+
+namespace vexpa_tool {{
+
+// clang-format off
+const std::array<const char*, kRelationshipTypeNameCount> kRelationshipTypeNames = {{{{
+{names}}}}};
+// clang-format on
+
+}}  // namespace vexpa_tool
 """
 
 
@@ -62,9 +78,13 @@ def table_text(rows):
     return TABLE_TEXT.format(rows="".join(lines))
 
 
+def names_text(rows):
+    return NAMES_TEXT.format(names="".join(f"    \"{row['enumerator']}\",\n" for row in rows))
+
+
 def main(arguments):
     rows = read_rows()
-    texts = {HEADER: header_text(rows), TABLE: table_text(rows)}
+    texts = {HEADER: header_text(rows), TABLE: table_text(rows), NAMES: names_text(rows)}
     if arguments == ["--check"]:
         behind = [path.name for path, text in texts.items()
                   if not path.exists() or path.read_text(encoding="utf-8") != text]

@@ -1,0 +1,34 @@
+// tool/commands/Command.h - what a command is, and the list of all.
+#ifndef VEXPA_TOOL_COMMANDS_COMMAND_H_
+#define VEXPA_TOOL_COMMANDS_COMMAND_H_
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <functional>
+#include <vector>
+
+namespace vexpa_tool {
+
+// A command lies whole in a file of its own, which registers it:
+//
+//     const CommandRegistration registration({"cat", "the bytes of a part", Declare});
+struct Command {
+    const char* name;
+    const char* summary;
+    // Declares the command's arguments on its part of the command line, and answers what
+    // runs once they are read. It throws a ToolError to end with another status than 0.
+    std::function<void()> (*declare)(CLI::App& arguments);
+};
+
+class CommandRegistration {
+public:
+    explicit CommandRegistration(const Command& command);
+};
+
+// Every command, by name.
+std::vector<Command> AllCommands();
+
+}  // namespace vexpa_tool
+
+#endif  // VEXPA_TOOL_COMMANDS_COMMAND_H_

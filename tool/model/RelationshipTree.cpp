@@ -1,0 +1,84 @@
+#include "tool/model/RelationshipTree.h"
+
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "tool/model/PartWalk.h"
+
+namespace vexpa_tool {
+
+namespace opc = tarn::opc;
+
+namespace {
+
+// One source whose relationships are being shown.
+struct Branch {
+    const opc::RelationshipMap* relationships;
+    opc::RelationshipMap::const_iterator next;
+    opc::Part* source;  // null for the package
+    std::string lead;   // before the mark of each of its lines
+};
+
+// A stack of its own instead of recursion, as the document decides how deep it goes.
+class TreeWalk {
+public:
+    TreeWalk(opc::Package& package, const TreeLineSink& sink) : package_(package), sink_(sink) {}
+
+    void Run() {
+        Enter(package_.GetRelationships(), nullptr, {});
+        while (!branches_.empty()) Step();
+    }
+
+private:
+    enum class State { IsOpen, IsDone };
+
+    void Enter(const opc::RelationshipMap& relationships, opc::Part* source, std::string lead) {
+        branches_.push_back({&relationships, relationships.begin(), source, std::move(lead)});
+    }
+
+    void Step() {
+        Branch& branch = branches_.back();
+        if (branch.next == branch.relationships->end()) {
+            if (branch.source != nullptr) states_[branch.source] = State::IsDone;
+            branches_.pop_back();
+            return;
+        }
+        const opc::Relationship& relationship = *branch.next->second;
+        const bool isLast = ++branch.next == branch.relationships->end();
+        opc::Part* part = TargetPart(package_, relationship);
+        const TargetKind kind = KindOf(relationship, part);
+        sink_(
+            {branch.lead + (isLast ? "`- " : "|- "), &relationship, part, kind, branch.relationships});
+        if (kind != TargetKind::Part) return;
+        states_[part] = State::IsOpen;
+        Enter(part->GetRelationships(), part, LeadBelow(branch.lead, isLast));
+    }
+
+    TargetKind KindOf(const opc::Relationship& relationship, opc::Part* part) const {
+        if (relationship.GetTargetMode() == opc::TargetModeExternal) return TargetKind::External;
+        if (part == nullptr) return TargetKind::Missing;
+        const auto known = states_.find(part);
+        if (known == states_.end()) return TargetKind::Part;
+        return known->second == State::IsOpen ? TargetKind::Cycle : TargetKind::Above;
+    }
+
+    std::string LeadBelow(const std::string& lead, bool isLast) const {
+        const std::size_t level = branches_.size();
+        if (level >= kDrawnLevels) return "(level " + std::to_string(level + 1) + ") ";
+        return lead + (isLast ? "   " : "|  ");
+    }
+
+    opc::Package& package_;
+    const TreeLineSink& sink_;
+    std::vector<Branch> branches_;
+    std::unordered_map<const opc::Part*, State> states_;
+};
+
+}  // namespace
+
+void WalkTree(opc::Package& package, const TreeLineSink& sink) {
+    TreeWalk(package, sink).Run();
+}
+
+}  // namespace vexpa_tool

@@ -1,0 +1,42 @@
+// tool/model/RelationshipTree.h - the relationships of a package as the lines of a tree.
+#ifndef VEXPA_TOOL_MODEL_RELATIONSHIPTREE_H_
+#define VEXPA_TOOL_MODEL_RELATIONSHIPTREE_H_
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include "vexpa/opc/Package.h"
+
+namespace vexpa_tool {
+
+// What a line says about the target of its relationship.
+enum class TargetKind {
+    Part,      // its relationships follow
+    Above,     // a part that an earlier line has shown
+    Cycle,     // a part that leads here
+    Missing,   // internal, without a part
+    External,  // not looked for
+};
+
+struct TreeLine {
+    std::string lead;  // the branches up to this line
+    const tarn::opc::Relationship* relationship;
+    tarn::opc::Part* part;  // null without a part
+    TargetKind kind;
+    const tarn::opc::RelationshipMap* siblings;  // this relationship's map
+};
+
+using TreeLineSink = std::function<void(const TreeLine& line)>;
+
+// Branches beyond this level are told by number, so that a chain of 100,000 parts is not
+// drawn as a triangle.
+inline constexpr std::size_t kDrawnLevels = 16;
+
+// Goes through the relationships in depth, in the order of the Ids. The relationships of a
+// part follow the first line that leads to it, so there are no more lines than relationships.
+void WalkTree(tarn::opc::Package& package, const TreeLineSink& sink);
+
+}  // namespace vexpa_tool
+
+#endif  // VEXPA_TOOL_MODEL_RELATIONSHIPTREE_H_

@@ -1,0 +1,37 @@
+// tool/text/Unicode.h - UTF-16 to UTF-8, and which characters a terminal should not get.
+#ifndef VEXPA_TOOL_TEXT_UNICODE_H_
+#define VEXPA_TOOL_TEXT_UNICODE_H_
+
+#include <string>
+#include <string_view>
+
+namespace vexpa_tool {
+
+// Takes the first character off `text`, which is not empty; U+FFFD for an unpaired surrogate.
+char32_t TakeCharacter(std::u16string_view& text);
+
+// The same for UTF-8 that this program has made.
+char32_t TakeUtf8(std::string_view& utf8);
+
+void AppendUtf8(char32_t character, std::string& utf8);
+
+// An unpaired surrogate becomes U+FFFD.
+std::string ToUtf8(std::u16string_view text);
+
+// Control characters, line separators, controls of the writing direction and
+// non-characters: printed as they are, a name from a package could move the cursor, forge
+// a line or read backwards.
+bool IsUnsafeToPrint(char32_t character);
+
+// UTF-8 for people: what is unsafe to print stands as \x1b, \u202e or \U0001fffe.
+std::string Printable(std::u16string_view text);
+
+// The same; two quotes for the empty text, which would leave a column without a word.
+std::string PrintableOrQuotes(std::u16string_view text);
+
+// The columns that Printable's result takes on a terminal.
+std::size_t DisplayWidth(std::string_view printable);
+
+}  // namespace vexpa_tool
+
+#endif  // VEXPA_TOOL_TEXT_UNICODE_H_
