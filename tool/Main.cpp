@@ -36,7 +36,7 @@ Runs DeclareCommandLine(CLI::App& app) {
     app.require_subcommand(1);
     app.footer(
         "Exit status: 0 done, 2 wrong usage, 3 the package does not open,\n"
-        "4 no such part, 5 read or write error.");
+        "4 no such part or name, 5 read or write error.");
     Runs runs;
     for (const Command& command : AllCommands()) {
         CLI::App* arguments = app.add_subcommand(command.name, command.summary);

@@ -1,47 +1,13 @@
-// A caller that was compiled long ago: it includes no header of the project, loads the
-// library by its name, and knows mangled names, slots and one-pointer handles only.
-
-#include <dlfcn.h>
+// A caller that was compiled long ago opens a package and reads a part.
 
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
+#include "tests/abi/CompiledCaller.h"
+
 namespace {
-
-[[noreturn]] void Fail(const char* what) {
-    std::fprintf(stderr, "binary caller: %s\n", what);
-    std::exit(1);
-}
-
-void Require(bool condition, const char* what) {
-    if (!condition) Fail(what);
-}
-
-template <class Function>
-Function Symbol(void* library, const char* name) {
-    void* symbol = dlsym(library, name);
-    if (symbol == nullptr) Fail(name);
-    return reinterpret_cast<Function>(symbol);
-}
-
-template <class Function>
-Function Slot(void* object, std::size_t index) {
-    return reinterpret_cast<Function>((*static_cast<void***>(object))[index]);
-}
-
-// The samples' paths are ASCII.
-std::basic_string<unsigned short> Units(const std::string& text) {
-    return {text.begin(), text.end()};
-}
-
-std::string Ascii(const unsigned short* text) {
-    std::string ascii;
-    while (*text != 0) ascii += static_cast<char>(*text++);
-    return ascii;
-}
 
 // A handle is one pointer that comes back through memory.
 using Open = void** (*)(void** handle, const unsigned short* path, unsigned flags);
@@ -63,8 +29,7 @@ void ReadStream(void* part) {
 
 int main(int argc, char** argv) {
     Require(argc == 3, "usage: library package");
-    void* library = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) Fail(dlerror());
+    void* library = Load(argv[1]);
 
     const auto open = Symbol<Open>(library, "_ZN4tarn3opc7Package4OpenEPKtj");
     const auto typeId = Symbol<std::uint32_t (*)(const unsigned short*)>(

@@ -22,7 +22,7 @@ TEST(CommandLine, HelpNamesEveryCommandOnStdout) {
     const ToolRun run = RunTool({"--help"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
-    for (const char* command : {"cat", "dump", "parts", "rels", "tree"}) {
+    for (const char* command : {"cat", "dump", "parts", "rels", "tokens", "tree"}) {
         EXPECT_THAT(run.out, HasSubstr(std::string("\n  ") + command + " "));
     }
 }

@@ -1,9 +1,7 @@
 #include "tool/model/PackageJson.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <optional>
-#include <string_view>
 #include <utility>
 
 #include "tool/model/PartReader.h"
@@ -58,19 +56,6 @@ Json PartJson(opc::Package& package, PartReader& reader, opc::Part& part) {
     return json;
 }
 
-void AppendEscaped(char32_t character, std::string& json) {
-    std::u16string units(1, static_cast<char16_t>(character));
-    if (character > 0xFFFF) {
-        units = {static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)),
-                 static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF))};
-    }
-    for (const char16_t unit : units) {
-        char text[8];
-        std::snprintf(text, sizeof text, "\\u%04x", static_cast<unsigned>(unit));
-        json += text;
-    }
-}
-
 }  // namespace
 
 Json PackageJson(opc::Package& package, const std::string& file) {
@@ -90,23 +75,6 @@ Json RefusedPackageJson(const std::string& file) {
     json["package"] = ToUtf8(FromLocal(file));
     json["opened"] = false;
     return json;
-}
-
-std::string JsonText(const Json& json) {
-    const std::string plain = json.dump(2);
-    std::string safe;
-    safe.reserve(plain.size());
-    for (std::string_view rest = plain; !rest.empty();) {
-        const std::string_view before = rest;
-        const char32_t character = TakeUtf8(rest);
-        // A line feed stands between the members, never inside a text.
-        if (character != U'\n' && IsUnsafeToPrint(character)) {
-            AppendEscaped(character, safe);
-        } else {
-            safe += before.substr(0, before.size() - rest.size());
-        }
-    }
-    return safe;
 }
 
 }  // namespace vexpa_tool

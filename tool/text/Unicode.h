@@ -1,4 +1,4 @@
-// tool/text/Unicode.h - UTF-16 to UTF-8, and which characters a terminal should not get.
+// tool/text/Unicode.h - UTF-16 and UTF-8, and which characters a terminal should not get.
 #ifndef VEXPA_TOOL_TEXT_UNICODE_H_
 #define VEXPA_TOOL_TEXT_UNICODE_H_
 
@@ -10,13 +10,18 @@ namespace vexpa_tool {
 // Takes the first character off `text`, which is not empty; U+FFFD for an unpaired surrogate.
 char32_t TakeCharacter(std::u16string_view& text);
 
-// The same for UTF-8 that this program has made.
+// The same for UTF-8 that this program has made or checked.
 char32_t TakeUtf8(std::string_view& utf8);
 
 void AppendUtf8(char32_t character, std::string& utf8);
+void AppendUtf16(char32_t character, std::u16string& text);
 
 // An unpaired surrogate becomes U+FFFD.
 std::string ToUtf8(std::u16string_view text);
+
+// Every character as it is, a byte order mark at the start included. For UTF-8 that was
+// checked by whoever hands it over.
+std::u16string FromUtf8(std::string_view utf8);
 
 // Control characters, line separators, controls of the writing direction and
 // non-characters: printed as they are, a name from a package could move the cursor, forge

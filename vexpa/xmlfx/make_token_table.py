@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
-"""Writes TokenTable.generated.cpp from namespaces.tsv and tokens.tsv.
+"""Writes the sources that namespaces.tsv and tokens.tsv are compiled from.
 
-    python3 vexpa/xmlfx/make_token_table.py           writes the file
-    python3 vexpa/xmlfx/make_token_table.py --check   compares it, exit code 1 when it is stale
+    python3 vexpa/xmlfx/make_token_table.py           writes them
+    python3 vexpa/xmlfx/make_token_table.py --check   compares them, exit code 1 when one is stale
+
+TokenTable.generated.cpp is the library's. The prefixes, which only people need, go into
+tool/model/NamespacePrefixes.generated.cpp.
 """
 import argparse
 import csv
@@ -12,6 +15,7 @@ import sys
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 TABLE = FOLDER / "TokenTable.generated.cpp"
+PREFIXES = FOLDER.parent.parent / "tool" / "model" / "NamespacePrefixes.generated.cpp"
 
 HEAD = """\
 // Generated from namespaces.tsv and tokens.tsv. Do not edit: change those, then run
@@ -36,6 +40,21 @@ TAIL = """\
 // clang-format on
 
 }  // namespace tarn::xmlfx
+"""
+
+PREFIXES_TEXT = """\
+// Generated from vexpa/xmlfx/namespaces.tsv. Do not edit: change that, then run
+//     python3 vexpa/xmlfx/make_token_table.py
+#include "tool/model/NamespacePrefixes.h"
+
+namespace vexpa_tool {{
+
+// clang-format off
+const std::array<NamespacePrefix, kNamespacePrefixCount> kNamespacePrefixes = {{{{
+{rows}}}}};
+// clang-format on
+
+}}  // namespace vexpa_tool
 """
 
 
@@ -85,14 +104,21 @@ def table():
     return "".join(out)
 
 
+def prefixes():
+    rows = (f"    {{{literal(row['label'])}, {row['namespace_id']}, {literal(row['uri'])}}},\n"
+            for row in read("namespaces.tsv"))
+    return PREFIXES_TEXT.format(rows="".join(rows))
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--check", action="store_true", help="compare only")
-    wanted = table()
-    if not parser.parse_args().check:
-        TABLE.write_text(wanted, encoding="utf-8")
-    elif TABLE.read_text(encoding="utf-8") != wanted:
-        sys.exit(f"{TABLE.name} is stale: run {pathlib.Path(__file__).name}")
+    check = parser.parse_args().check
+    for path, wanted in ((TABLE, table()), (PREFIXES, prefixes())):
+        if not check:
+            path.write_text(wanted, encoding="utf-8")
+        elif path.read_text(encoding="utf-8") != wanted:
+            sys.exit(f"{path.name} is stale: run {pathlib.Path(__file__).name}")
 
 
 if __name__ == "__main__":

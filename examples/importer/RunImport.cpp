@@ -1,0 +1,38 @@
+#include "examples/importer/RunImport.h"
+
+#include <cinttypes>
+#include <cstdio>
+
+#include "examples/importer/PartStream.h"
+#include "vexpa/base/Lifecycle.h"
+
+namespace importer {
+
+namespace {
+
+// The namespace maps are filled for as long as this object lives.
+struct Vocabulary {
+    Vocabulary() { _vexpa_Initialize(); }
+    ~Vocabulary() { _vexpa_Terminate(); }
+};
+
+}  // namespace
+
+int RunImport(Importer& importer, int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s FILE\n", argv[0]);
+        return 2;
+    }
+    try {
+        const Vocabulary vocabulary;
+        const Tree tree = importer.Import(*OpenMainPart(argv[1]).Get());
+        std::printf("%" PRIu64 " elements, %" PRIu64 " attributes with a token, %zu levels\n",
+                    tree.elements, tree.attributes, tree.depth);
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", argv[1], error.what());
+        return 1;
+    }
+}
+
+}  // namespace importer

@@ -1,0 +1,277 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/opc/PackageFile.h"
+#include "tests/tool/RunTool.h"
+
+namespace {
+
+using namespace vexpa_test;
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+const std::string kWordUri = "http://schemas.openxmlformats.org/wordprocessingml/2006/main";
+
+// Tokens as tokens.tsv has them: w:p, w:r, w:val.
+constexpr int kP = 0x000100E6, kR = 0x000100C3, kVal = 0x00010258;
+
+constexpr const char* kParagraph =
+    "<w:p xmlns:w='http://schemas.openxmlformats.org/wordprocessingml/2006/main'"
+    " xmlns:my='urn:my' my:val='0' w:val='a&quot;\u00e4' val='b' w:none='c'>"
+    "<w:r/><my:r val='d'/><r xmlns='' Id='rId1'/></w:p>";
+
+// Runs the tool on a package whose part a.xml has this content.
+ToolRun Tokens(const std::string& content, std::vector<std::string> options = {}) {
+    PackageFile file = MinimalPackage();
+    file.Entry("a.xml", content);
+    std::vector<std::string> arguments = {"tokens", file.Write().Path(), "a.xml"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return RunTool(arguments);
+}
+
+std::vector<json> JsonLines(const std::string& text) {
+    std::vector<json> lines;
+    for (const std::string& line : Lines(text)) lines.push_back(json::parse(line));
+    return lines;
+}
+
+TEST(TokensOfAPart, ShowNamesWithTokenAndNamespaceInDocumentOrder) {
+    const ToolRun run = Tokens(kParagraph);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(Lines(run.out),
+                ElementsAre("0x000100E6  w:p                                       " + kWordUri,
+                            "-             @val                                    urn:my",
+                            "0x00010258    @w:val                                  " + kWordUri,
+                            "0x00010258    @val                                    \"\"",
+                            "-             @w:none                                 " + kWordUri,
+                            "0x000100C3    w:r                                     " + kWordUri,
+                            "-             r                                       urn:my",
+                            "-               @val                                  \"\"",
+                            "-             r                                       \"\"",
+                            "0x00000001      @Id                                   \"\""));
+}
+
+TEST(TokensOfAPart, EndWithTheTotalsOnStderr) {
+    EXPECT_EQ(Tokens(kParagraph).err,
+              "elements: 4, attributes: 6, with a token: 5, unknown namespaces: 1, unknown names: 2\n");
+}
+
+TEST(TokensOfAPart, CountAnUnknownNameOnce) {
+    EXPECT_EQ(
+        Tokens("<a xmlns='urn:my'><b/><c xmlns='urn:other' d=''/><x xmlns=''/><x xmlns=''/></a>").err,
+        "elements: 5, attributes: 1, with a token: 0, unknown namespaces: 2, unknown names: 1\n");
+}
+
+TEST(TokensOfAPart, AsJsonAreOneObjectAnElement) {
+    const ToolRun run = Tokens(kParagraph, {"--json"});
+    EXPECT_EQ(run.status, 0);
+    const auto attribute = [](const std::string& uri, const char* name, int token, const char* value) {
+        return json{{"uri", uri}, {"name", name}, {"token", token}, {"value", value}};
+    };
+    const json p = {{"depth", 0},
+                    {"uri", kWordUri},
+                    {"name", "p"},
+                    {"token", kP},
+                    {"attributes",
+                     {attribute("urn:my", "val", 0, "0"), attribute(kWordUri, "val", kVal, "a\"\u00e4"),
+                      attribute("", "val", kVal, "b"), attribute(kWordUri, "none", 0, "c")}}};
+    const json r = {
+        {"depth", 1}, {"uri", kWordUri}, {"name", "r"}, {"token", kR}, {"attributes", json::array()}};
+    const json myR = {{"depth", 1},
+                      {"uri", "urn:my"},
+                      {"name", "r"},
+                      {"token", 0},
+                      {"attributes", json::array({attribute("", "val", 0, "d")})}};
+    const json plainR = {{"depth", 1},
+                         {"uri", ""},
+                         {"name", "r"},
+                         {"token", 0},
+                         {"attributes", json::array({attribute("", "Id", 1, "rId1")})}};
+    EXPECT_THAT(JsonLines(run.out), ElementsAre(p, r, myR, plainR));
+    EXPECT_THAT(run.err, StartsWith("elements: 4, "));
+}
+
+TEST(TokensOfAPart, AsJsonHaveTheirKeysInAFixedOrder) {
+    EXPECT_EQ(Tokens("<a b='c'/>", {"--json"}).out,
+              "{\"depth\":0,\"uri\":\"\",\"name\":\"a\",\"token\":0,\"attributes\":"
+              "[{\"uri\":\"\",\"name\":\"b\",\"token\":0,\"value\":\"c\"}]}\n");
+}
+
+TEST(TokensOfAPart, AreReadFromUtf16) {
+    const std::u16string text =
+        u"\uFEFF" + Utf16("<?xml version='1.0' encoding='UTF-16'?><\u00e4 b='\U0001F600'/>");
+    std::string bytes;
+    for (const char16_t unit : text) {
+        bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    }
+    const std::vector<json> lines = JsonLines(Tokens(bytes, {"--json"}).out);
+    ASSERT_THAT(lines, SizeIs(1));
+    EXPECT_EQ(lines[0]["name"], "\u00e4");
+    EXPECT_EQ(lines[0]["attributes"][0]["value"], "\U0001F600");
+}
+
+TEST(TokensOfAPart, KeepAttributeValuesAsTheyAre) {
+    const std::vector<json> lines =
+        JsonLines(Tokens("<a b='\uFEFFx&#10;&#x9;\u202E'/>", {"--json"}).out);
+    ASSERT_THAT(lines, SizeIs(1));
+    EXPECT_EQ(lines[0]["attributes"][0]["value"], "\uFEFFx\n\t\u202E");
+}
+
+TEST(TokensOfAPart, OfMalformedXmlEndWithStatus5AndOneLine) {
+    const struct {
+        const char* shows;
+        std::string content;
+        const char* complaint;
+    } kRows[] = {
+        {"tags that cross", "<a>\n<b></a>", "line 2: mismatched tag"},
+        {"nothing", "", "line 1: no element found"},
+        {"a cut tag", "<a", "line 1: unclosed token"},
+        {"a prefix that nobody declared", "<a><x:b/></a>", "line 1: unbound prefix"},
+        {"an encoding that parts may not have", "<?xml version='1.0' encoding='EBCDIC'?><a/>",
+         "line 1: unknown encoding"},
+        {"a document type", "<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>",
+         "line 1: a document type declaration"},
+        {"an error far behind", "<a>" + std::string(200'000, '\n') + "</b>",
+         "line 200001: mismatched tag"},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.shows);
+        const ToolRun run = Tokens(row.content);
+        EXPECT_EQ(run.status, 5);
+        EXPECT_THAT(Lines(run.err), SizeIs(1));
+        EXPECT_THAT(run.err, StartsWith("vexpa: /"));
+        EXPECT_THAT(run.err, HasSubstr(std::string(": a.xml: ") + row.complaint + "\n"));
+    }
+}
+
+TEST(TokensOfAPart, OfADamagedOrMissingPartEndAsInCat) {
+    PackageFile file = MinimalPackage();
+    file.Entry("broken.xml", "<a/>").crc = 0;
+    const std::string path = file.Write().Path();
+    const ToolRun broken = RunTool({"tokens", path, "broken.xml"});
+    EXPECT_EQ(broken.status, 5);
+    EXPECT_EQ(broken.err,
+              "vexpa: " + path + ": broken.xml: cannot be extracted: damaged or encrypted\n");
+    const ToolRun missing = RunTool({"tokens", path, "missing.xml"});
+    EXPECT_EQ(missing.status, 4);
+    EXPECT_EQ(missing.err, "vexpa: " + path + ": missing.xml: no such part\n");
+    EXPECT_EQ(RunTool({"tokens", path + ".gone", "a.xml"}).status, 3);
+}
+
+TEST(TokensOfAPart, OfADeepDocumentNeedLittleMemoryAndStack) {
+    std::string xml;
+    for (int i = 0; i < 100'000; ++i) xml += "<a>";
+    for (int i = 0; i < 100'000; ++i) xml += "</a>";
+    const ToolRun run = Tokens(xml, {"--json"});
+    EXPECT_EQ(run.status, 0);
+    const std::vector<std::string> lines = Lines(run.out);
+    ASSERT_THAT(lines, SizeIs(100'000));
+    EXPECT_THAT(lines.back(), StartsWith("{\"depth\":99999,"));
+}
+
+TEST(TokensOfAPart, NamesCannotDisturbATerminal) {
+    const ToolRun run = Tokens("<a xmlns='urn:\u202E\u2028'/>");
+    EXPECT_THAT(run.out, HasSubstr("urn:\\u202e\\u2028\n"));
+}
+
+TEST(TokensOfAName, AreFoundByPrefixNamespaceOrNameAlone) {
+    const std::string val = "0x00010258  w:val  " + kWordUri + "\n";
+    EXPECT_EQ(RunTool({"tokens", "w:val"}).out, val);
+    EXPECT_EQ(RunTool({"tokens", "{" + kWordUri + "}val"}).out, val);
+    EXPECT_EQ(RunTool({"tokens", "0x00010258"}).out, val);
+    EXPECT_EQ(RunTool({"tokens", "0X10258"}).out, val);
+    EXPECT_THAT(
+        Lines(RunTool({"tokens", "val"}).out),
+        ElementsAre("0x00010258  w:val    " + kWordUri,
+                    "0x00020091  p:val    http://schemas.openxmlformats.org/presentationml/2006/main",
+                    "0x00040056  a:val    http://schemas.openxmlformats.org/drawingml/2006/main",
+                    "0x0022002C  dgm:val  http://schemas.openxmlformats.org/drawingml/2006/diagram",
+                    "0x002C003C  w14:val  http://schemas.microsoft.com/office/word/2010/wordml"));
+}
+
+TEST(TokensOfAName, MayBeInNoNamespace) {
+    EXPECT_EQ(RunTool({"tokens", "{}Relationships"}).out, "0x00000002  pkg:Relationships  \"\"\n");
+    EXPECT_EQ(RunTool({"tokens", "html:div"}).out, RunTool({"tokens", "{}div"}).out);
+    EXPECT_EQ(RunTool({"tokens", "0x0"}).out, "0x00000000  pkg:__nullName  \"\"\n");
+}
+
+TEST(TokensOfAName, TheChartsTokenLeadsBackToAnotherName) {
+    EXPECT_THAT(RunTool({"tokens", "c:chart"}).out, StartsWith("0x0007002D  c:chart "));
+    EXPECT_THAT(RunTool({"tokens", "0x0007002D"}).out, StartsWith("0x0007002D  xdr:txBox "));
+}
+
+TEST(TokensOfAName, AsJsonAreOneObjectATokenEach) {
+    const std::vector<json> lines = JsonLines(RunTool({"tokens", "--json", "val"}).out);
+    ASSERT_THAT(lines, SizeIs(5));
+    EXPECT_EQ(lines[0], (json{{"uri", kWordUri}, {"name", "val"}, {"token", kVal}}));
+}
+
+TEST(TokensOfAName, ThatIsNotInTheVocabularyEndWithStatus4) {
+    for (const std::string name : {"w:nothing", "q:val", "{urn:my}val", "nothing", "w:Val",
+                                   "0x00010000", "0xFFFFFFFF", "", "{", "{}", ":", "w:", "w:val:val"}) {
+        SCOPED_TRACE(name);
+        const ToolRun run = RunTool({"tokens", name});
+        EXPECT_EQ(run.status, 4);
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.err, "vexpa: " + (name.empty() ? "\"\"" : name) + ": not in the vocabulary\n");
+    }
+}
+
+TEST(TokensOfTheNamespaces, AreListedOncePerNamespaceInTheirOrder) {
+    const std::vector<json> lines = JsonLines(RunTool({"tokens", "--namespaces", "--json"}).out);
+    ASSERT_THAT(lines, SizeIs(41));
+    EXPECT_EQ(lines[0], (json{{"prefixes", {"w"}}, {"ids", {1}}, {"uri", kWordUri}, {"names", 791}}));
+    EXPECT_EQ(
+        lines[1],
+        (json{
+            {"prefixes", {"pkg", "html", "nons"}}, {"ids", {0, 17, 19}}, {"uri", ""}, {"names", 21}}));
+    int names = 0;
+    for (const json& line : lines) names += line["names"].get<int>();
+    EXPECT_EQ(names, 2'614);
+}
+
+TEST(TokensOfTheNamespaces, AreATableForPeople) {
+    const std::vector<std::string> lines = Lines(RunTool({"tokens", "--namespaces"}).out);
+    ASSERT_THAT(lines, SizeIs(42));
+    EXPECT_EQ(lines[0], "Prefix           Id         Names  Namespace");
+    EXPECT_EQ(lines[1], "w                1            791  " + kWordUri);
+    EXPECT_EQ(lines[2], "pkg, html, nons  0, 17, 19     21  \"\"");
+}
+
+TEST(TokensCommand, WrongUsageEndsWithStatus2) {
+    const std::vector<std::vector<std::string>> wrong = {
+        {"tokens"},
+        {"tokens", "--json"},
+        {"tokens", "--namespaces", "w:val"},
+        {"tokens", "0x"},
+        {"tokens", "0x123456789"},
+        {"tokens", "0xG"},
+        {"tokens", "a", "b", "c"},
+    };
+    for (const auto& arguments : wrong) {
+        SCOPED_TRACE(arguments.back());
+        const ToolRun run = RunTool(arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.out, "");
+        EXPECT_THAT(Lines(run.err), SizeIs(1));
+    }
+}
+
+TEST(TokensCommand, AFullDiskIsNoticed) {
+    PackageFile file = MinimalPackage();
+    const std::string path = file.Write().Path();
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"tokens", path, "word/document.xml"}, {"tokens", "val"}, {"tokens", "--namespaces"}}) {
+        const ToolRun run = RunTool(arguments, {.outputFile = "/dev/full"});
+        EXPECT_EQ(run.status, 5);
+        EXPECT_EQ(run.err, "vexpa: standard output: No space left on device\n");
+    }
+}
+
+}  // namespace

@@ -1,0 +1,192 @@
+// vexpa tokens: the tokens of a part's names, and what the vocabulary knows.
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "tool/commands/Command.h"
+#include "tool/model/NameLookup.h"
+#include "tool/model/NamespacePrefixes.h"
+#include "tool/model/OpenPackage.h"
+#include "tool/model/PartReader.h"
+#include "tool/model/PartTokens.h"
+#include "tool/model/XmlElements.h"
+#include "tool/text/JsonText.h"
+#include "tool/text/Local.h"
+#include "tool/text/Output.h"
+#include "tool/text/Table.h"
+#include "tool/text/Unicode.h"
+
+namespace vexpa_tool {
+
+namespace {
+
+constexpr std::uint64_t kIndentedLevels = 16;
+constexpr std::size_t kNameColumn = 40;
+constexpr std::size_t kTokenColumn = 10;
+
+struct Arguments {
+    std::string fileOrName;
+    std::string part;
+    bool hasPart = false;
+    bool namespaces = false;
+    bool json = false;
+};
+
+// One line, written as it comes: a part may have millions.
+void WriteName(const std::string& lead, std::u16string_view uri, const std::u16string& name,
+               std::uint32_t token) {
+    std::u16string qualified(uri.empty() ? std::u16string_view() : PrefixOf(uri, token));
+    if (!qualified.empty()) qualified += u':';
+    const bool hasToken = token != tarn::xmlfx::kNullToken;
+    WriteLine(Padded(hasToken ? TokenText(token) : "-", kTokenColumn) + "  " +
+              Padded(lead + Printable(qualified + name), kNameColumn) + "  " + PrintableOrQuotes(uri));
+}
+
+void WriteElement(const XmlElement& element, const ElementTokens& tokens) {
+    const std::string indent(2 * std::min(element.depth, kIndentedLevels), ' ');
+    WriteName(indent, element.uri, element.name, tokens.element);
+    for (std::size_t i = 0; i < element.attributes.size(); ++i) {
+        const XmlAttribute& attribute = element.attributes[i];
+        WriteName(indent + "  @", attribute.uri, attribute.name, tokens.attributes[i]);
+    }
+}
+
+void WriteElementJson(const XmlElement& element, const ElementTokens& tokens) {
+    Json attributes = Json::array();
+    for (std::size_t i = 0; i < element.attributes.size(); ++i) {
+        const XmlAttribute& attribute = element.attributes[i];
+        attributes.push_back({{"uri", ToUtf8(attribute.uri)},
+                              {"name", ToUtf8(attribute.name)},
+                              {"token", tokens.attributes[i]},
+                              {"value", ToUtf8(attribute.value)}});
+    }
+    WriteLine(JsonLine({{"depth", element.depth},
+                        {"uri", ToUtf8(element.uri)},
+                        {"name", ToUtf8(element.name)},
+                        {"token", tokens.element},
+                        {"attributes", std::move(attributes)}}));
+}
+
+// Throws an XmlError; false when the part cannot be extracted.
+bool ReadElements(const std::string& file, tarn::opc::Part& part, const ElementSink& sink) {
+    XmlElements elements(sink);
+    const auto feed = [&](const char* bytes, std::size_t size) { elements.Feed({bytes, size}); };
+    if (!PartReader(file).Read(part, feed)) return false;
+    elements.Finish();
+    return true;
+}
+
+void ShowPart(const Arguments& arguments) {
+    const std::string& file = arguments.fileOrName;
+    const auto package = OpenPackage(file);
+    tarn::opc::Part& part = OpenPart(*package, file, arguments.part);
+    const Vocabulary vocabulary;
+    TokenTotals totals(vocabulary);
+    const auto show = [&](const XmlElement& element) {
+        const ElementTokens tokens = TokensOf(vocabulary, element);
+        totals.Count(element, tokens);
+        (arguments.json ? WriteElementJson : WriteElement)(element, tokens);
+    };
+    const auto partError = [&](const std::string& what) {
+        return PartError(kReadOrWriteError, file, arguments.part, what);
+    };
+    try {
+        if (!ReadElements(file, part, show))
+            throw partError("cannot be extracted: damaged or encrypted");
+    } catch (const XmlError& error) {
+        FlushOutput();
+        throw partError(error.what());
+    }
+    FlushOutput();
+    std::fprintf(stderr, "%s\n", totals.Text().c_str());
+}
+
+void ShowNames(const Arguments& arguments) {
+    const std::u16string text = FromLocal(arguments.fileOrName);
+    if (LooksLikeToken(text) && !IsToken(text)) {
+        throw CLI::ValidationError(arguments.fileOrName,
+                                   "a token is 0x and up to 8 hexadecimal digits");
+    }
+    const Vocabulary vocabulary;
+    const auto names = LookUp(vocabulary, text);
+    if (names.empty())
+        throw ToolError(kNoSuchPart, PrintableOrQuotes(text) + ": not in the vocabulary");
+    Table table;
+    for (const VocabularyName& name : names) {
+        table.Add({TokenText(name.token), Printable(QualifiedName(name)), PrintableOrQuotes(name.uri)});
+        if (arguments.json) {
+            WriteLine(JsonLine(
+                {{"uri", ToUtf8(name.uri)}, {"name", ToUtf8(name.name)}, {"token", name.token}}));
+        }
+    }
+    if (arguments.json) return;
+    for (const std::string& line : table.Lines()) WriteLine(line);
+}
+
+// The prefixes and ids under which a namespace is registered.
+struct Registrations {
+    std::string prefixes;
+    std::string ids;
+    Json json = {{"prefixes", Json::array()}, {"ids", Json::array()}};
+};
+
+Registrations RegistrationsOf(std::u16string_view uri) {
+    Registrations all;
+    for (const NamespacePrefix& row : kNamespacePrefixes) {
+        if (row.uri != uri) continue;
+        const char* comma = all.ids.empty() ? "" : ", ";
+        all.prefixes += comma + ToUtf8(row.prefix);
+        all.ids += comma + std::to_string(row.namespaceId);
+        all.json["prefixes"].push_back(ToUtf8(row.prefix));
+        all.json["ids"].push_back(row.namespaceId);
+    }
+    return all;
+}
+
+void ShowNamespaces(const Arguments& arguments) {
+    const Vocabulary vocabulary;
+    Table table;
+    table.AlignRight(2);
+    table.Add({"Prefix", "Id", "Names", "Namespace"});
+    std::set<std::u16string_view> seen;
+    for (const NamespacePrefix& row : kNamespacePrefixes) {
+        if (!seen.insert(row.uri).second) continue;
+        const std::size_t names = vocabulary.CountNames(row.uri);
+        Registrations all = RegistrationsOf(row.uri);
+        table.Add({all.prefixes, all.ids, std::to_string(names), PrintableOrQuotes(row.uri)});
+        if (!arguments.json) continue;
+        all.json["uri"] = ToUtf8(row.uri);
+        all.json["names"] = names;
+        WriteLine(JsonLine(all.json));
+    }
+    if (arguments.json) return;
+    for (const std::string& line : table.Lines()) WriteLine(line);
+}
+
+std::function<void()> Declare(CLI::App& app) {
+    const auto arguments = std::make_shared<Arguments>();
+    CLI::Option* first = app.add_option(
+        "FILE|NAME", arguments->fileOrName,
+        "with PART, the package; alone, what to look up: w:val, {uri}val, val, 0x00010001");
+    CLI::Option* part = app.add_option("PART", arguments->part, "the part whose names are shown");
+    CLI::Option* namespaces =
+        app.add_flag("--namespaces", arguments->namespaces, "list the namespaces");
+    app.add_flag("--json", arguments->json, "a JSON object a line; for a part, one an element");
+    namespaces->excludes(first);
+    return [arguments, first, part] {
+        arguments->hasPart = part->count() != 0;
+        if (arguments->namespaces) return ShowNamespaces(*arguments);
+        if (first->count() == 0) throw CLI::RequiredError("FILE and PART, a name or --namespaces");
+        return arguments->hasPart ? ShowPart(*arguments) : ShowNames(*arguments);
+    };
+}
+
+const CommandRegistration registration({"tokens", "Show the tokens of a part's names, or look one up",
+                                        Declare});
+
+}  // namespace
+
+}  // namespace vexpa_tool
