@@ -27,9 +27,15 @@ bool IsMoreThanATickBefore(std::int64_t seconds, std::int64_t nanoseconds, const
            std::pair<std::int64_t, std::int64_t>(now.tv_sec - kLongestTickSeconds, now.tv_nsec);
 }
 
-// Both stamps count: file systems without a change time report another one in its place.
+// Both stamps count: file systems without a change time report another one in its place. But a
+// modification in the future was set by hand and says nothing about the last write: archivers
+// keep it, and a file must not be slow for it.
 bool HasSettled(const FileIdentity& file, const std::timespec& now) {
-    return IsMoreThanATickBefore(file.modifiedSeconds, file.modifiedNanoseconds, now) &&
+    const bool isModifiedLater =
+        std::pair(file.modifiedSeconds, file.modifiedNanoseconds) >
+        std::pair<std::int64_t, std::int64_t>(now.tv_sec + kLongestTickSeconds, now.tv_nsec);
+    return (isModifiedLater ||
+            IsMoreThanATickBefore(file.modifiedSeconds, file.modifiedNanoseconds, now)) &&
            IsMoreThanATickBefore(file.changedSeconds, file.changedNanoseconds, now);
 }
 

@@ -31,8 +31,17 @@ bool NamePattern::HasSpecialCharacters(std::string_view text) noexcept {
     return text.find_first_of("*?[\\") != std::string_view::npos;
 }
 
-NamePattern::NamePattern(std::string_view text) {
+NamePattern::NamePattern(std::string_view text) : patternSize_(text.size()) {
     matchesNothing_ = !Parse(Characters(text));
+    FindPlainEnds();
+}
+
+void NamePattern::FindPlainEnds() {
+    const auto isSpecial = [](const Token& token) { return token.kind != Kind::kCharacter; };
+    const auto first = std::find_if(tokens_.begin(), tokens_.end(), isSpecial);
+    const auto last = std::find_if(tokens_.rbegin(), tokens_.rend(), isSpecial).base();
+    std::for_each(tokens_.begin(), first, [this](const Token& t) { AppendUtf8(plainStart_, t.character); });
+    std::for_each(last, tokens_.end(), [this](const Token& t) { AppendUtf8(plainEnd_, t.character); });
 }
 
 bool NamePattern::Parse(std::u32string_view text) {
@@ -97,10 +106,16 @@ bool NamePattern::Accepts(const Token& token, char32_t character) const noexcept
 }
 
 bool NamePattern::Matches(std::string_view name) const noexcept {
-    if (matchesNothing_) return false;
+    return !matchesNothing_ && name.starts_with(plainStart_) && name.ends_with(plainEnd_) &&
+           MatchesTokens(name);
+}
+
+bool NamePattern::MatchesTokens(std::string_view name) const noexcept {
+    std::size_t stepsLeft = kStepsForEachByte * (name.size() + patternSize_ + 1);
     std::size_t token = 0, at = 0;
     std::size_t tokenAfterStar = kNone, starEnd = 0;  // the last star, and where its run ends so far
     while (at < name.size()) {
+        if (stepsLeft-- == 0) return false;
         if (token < tokens_.size() && tokens_[token].kind == Kind::kAnyRun) {
             tokenAfterStar = ++token;
             if (tokenAfterStar == tokens_.size()) return true;

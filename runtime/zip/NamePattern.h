@@ -22,14 +22,19 @@ namespace vexpa_runtime::zip {
 // end match nothing, and so does the empty class []; a '-' that comes first stands for itself;
 // one that comes last, as in [a-], swallows the character before it and matches nothing.
 //
-// Matching remembers one place to go back to, that of the last '*', so the time is at most the
-// product of the lengths, for any number of stars.
+// Matching remembers one place to go back to, that of the last '*', so many stars cost no more
+// than one. What is left is the product of the lengths, for a name and a pattern that agree over
+// long stretches again and again; a match that takes kStepsForEachByte steps for each byte of
+// both is given up as none. Only names that were made for it come near.
 class NamePattern {
 public:
     // Whether `text` holds a character that means something in a pattern.
     static bool HasSpecialCharacters(std::string_view text) noexcept;
 
     explicit NamePattern(std::string_view text);  // both texts are valid UTF-8
+
+    // How long a match may take, in characters compared.
+    static constexpr std::size_t kStepsForEachByte = 64;
 
     bool Matches(std::string_view name) const noexcept;
 
@@ -52,10 +57,17 @@ private:
 
     bool Parse(std::u32string_view text);
     void AddClass(std::u32string_view body);
+    void FindPlainEnds();
     bool Accepts(const Token& token, char32_t character) const noexcept;
+    bool MatchesTokens(std::string_view name) const noexcept;
 
     std::vector<Token> tokens_;
     std::vector<Range> ranges_;
+    // What every match begins and ends with. Comparing them first spares nearly all names of an
+    // archive the match proper.
+    std::string plainStart_;
+    std::string plainEnd_;
+    std::size_t patternSize_;
     bool matchesNothing_ = false;
 };
 

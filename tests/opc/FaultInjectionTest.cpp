@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <deque>
-#include <set>
+#include <new>
+#include <string>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/opc/PackageWalk.h"
 #include "tests/support/FaultRuntime.h"
 
 namespace {
@@ -11,35 +12,10 @@ namespace {
 using namespace tarn;
 using namespace vexpa_test;
 
-void ReadPart(opc::Part& part) {
-    ComPtr<IStream> stream;
-    if (part.GetStream(stream.Out()) == S_OK) ReadToEnd(*stream.Get());
-    ComPtr<IStorage> storage;
-    part.GetStorage(storage.Out());
-    part.GetEntryValue();
-}
-
-// Opens the package and visits every part that can be reached; how many there were.
-std::size_t Walk(const std::u16string& path) {
-    const Handle<opc::Package> package = opc::Package::Open(path.c_str());
-    if (!package) return 0;
-    std::set<opc::Part*> seen;
-    std::deque<const opc::RelationshipMap*> open{&package->GetRelationships()};
-    for (; !open.empty(); open.pop_front()) {
-        for (const auto& entry : *open.front()) {
-            opc::Part* part = package->GetPart(entry.second->GetResolvedTarget());
-            if (part == nullptr || !seen.insert(part).second) continue;
-            ReadPart(*part);
-            open.push_back(&part->GetRelationships());
-        }
-    }
-    return seen.size();
-}
-
 // Fails each platform call of a walk in turn, until none is left to fail.
 void FailEveryCall(const std::string& file) {
     const std::u16string path = Utf16(file);
-    const std::size_t parts = Walk(path);
+    const std::size_t parts = OpenAndWalk(path);
     ASSERT_GT(parts, 0u);
     for (std::size_t n = 1;; ++n) {
         SCOPED_TRACE(n);
@@ -47,7 +23,7 @@ void FailEveryCall(const std::string& file) {
         platform.FailCall(n);
         std::size_t reached = 0;
         try {
-            reached = Walk(path);
+            reached = OpenAndWalk(path);
         } catch (const std::bad_alloc&) {
             // The name set says so when a name cannot be copied.
             EXPECT_EQ(platform.FailedCall(), "_XSysAllocString");
@@ -59,7 +35,7 @@ void FailEveryCall(const std::string& file) {
         }
         if (platform.FailedCall().empty()) break;
     }
-    EXPECT_EQ(Walk(path), parts);
+    EXPECT_EQ(OpenAndWalk(path), parts);
 }
 
 TEST(FaultInjection, NoFailingCallBreaksAWalkOfADocument) {

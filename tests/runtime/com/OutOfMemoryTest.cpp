@@ -4,7 +4,7 @@
 
 #include "tests/runtime/com/Blocks.h"
 #include "tests/runtime/com/CompoundBytes.h"
-#include "tests/runtime/com/FailingNew.h"
+#include "tests/support/FailingAllocator.h"
 
 namespace vexpa_test {
 namespace {
@@ -29,7 +29,7 @@ TEST(OutOfMemory, FailsToMakeAStream) {
     FailEachNew([](int calls) {
         HGBL block = NewBlock("abc");
         ComPtr<IStream> stream;
-        const FailingNew failing(calls);
+        const FailingAllocator failing(calls);
         const HRESULT result = _XCreateStreamOnHGBL(block, 1, stream.Out());
         EXPECT_EQ(result, failing.HasFailed() ? E_OUTOFMEMORY : S_OK);
         EXPECT_EQ(static_cast<bool>(stream), result == S_OK);
@@ -46,7 +46,7 @@ TEST(OutOfMemory, FailsToOpenAStorageAndWhatIsInIt) {
         ComPtr<IStream> stream;
         ComPtr<IStream> clone;
         ComPtr<IEnumSTATSTG> elements;
-        const FailingNew failing(calls);
+        const FailingAllocator failing(calls);
         HRESULT result = _XStgOpenStorageOnHGBL2(&block, 1, storage.Out());
         if (result == S_OK) result = storage->EnumElements(0, nullptr, 0, elements.Out());
         if (result == S_OK) result = storage->OpenStorage(u"D", nullptr, 0, nullptr, 0, inner.Out());

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tests/runtime/com/FailingNew.h"
+#include "tests/support/FailingAllocator.h"
 #include "tests/runtime/xml/Dom.h"
 
 namespace vexpa_test {
@@ -23,7 +23,7 @@ TEST(OutOfMemory, FailsTheParseWhereverItStrikes) {
         HRESULT result = S_OK;
         bool failed = false;
         {
-            const FailingNew failing(calls);
+            const FailingAllocator failing(calls);
             result = _XDOMParse(&document, stream.Get(), 0, 0, 0, 0);
             failed = failing.HasFailed();
         }
@@ -39,7 +39,7 @@ TEST(OutOfMemory, FailsTheParseWhereverItStrikes) {
 
 TEST(OutOfMemory, CostsTheQuestionsToADocumentNothing) {
     ComPtr<IDomDocument> document = Parsed("<r><a x='1'/></r>");
-    const FailingNew failing(0);
+    const FailingAllocator failing(0);
     IDomNodeList* list = document->GetElementsByTagName(u"a");
     IDomAttribute* attribute = list->GetItem(0)->GetAttributes()->GetNamedItem(u"x");
     const char16_t* value = attribute->GetValue();

@@ -96,6 +96,15 @@ TEST(NamePattern, ManyStarsDoNotExplode) {
     EXPECT_TRUE(NamePattern(pattern).Matches(std::string(5000, 'a') + "b"));
 }
 
+TEST(NamePattern, GivesUpOnANameMadeToTakeForever) {
+    const std::string run(5'000, 'a');
+    const NamePattern pattern("*" + run + "?b");
+    EXPECT_TRUE(pattern.Matches("xx" + run + "ab"));
+    std::string name(60'000, 'a');
+    name += 'b';
+    EXPECT_FALSE(pattern.Matches(name)) << "it would fit, after 300 million steps";
+}
+
 TEST(NamePattern, OfEscapedCharactersHasOnlyOneName) {
     EXPECT_EQ(NamePattern("\\[Content_Types\\].xml").OnlyName(), "[Content_Types].xml");
     EXPECT_EQ(NamePattern("\\\xE2\x82\xAC").OnlyName(), "\xE2\x82\xAC");
