@@ -3,6 +3,8 @@
 #include "tests/opc/PackageFile.h"
 #include "tests/support/FaultRuntime.h"
 #include "vexpa/opc/PartImpl.h"
+#include "vexpa/zip/UnZipArchive.h"
+#include "vexpa/zip/UnZipArchiveImpl.h"
 
 namespace {
 
@@ -283,6 +285,16 @@ TEST(PartGetEntryValue, IsZeroForAnEntryAndWithoutOne) {
     const Handle<opc::Package> package = file.Open();
     EXPECT_EQ(Document(package)->GetEntryValue(), 0);
     EXPECT_EQ(opc::PartImpl(opc::PartUri(u"a"), u"a", u"", nullptr).GetEntryValue(), 0);
+}
+
+// The archive finds the entry, as it reads the backslash as a slash; its index has no such name.
+TEST(PartGetEntryValue, IsZeroForANameThatTheIndexLacks) {
+    PackageFile file = MinimalPackage();
+    lumo::Compression::Zip::UnZipArchive archive;
+    ASSERT_EQ(archive.Open(file.Write().Path16().c_str()), S_OK);
+    opc::PartImpl part(opc::PartUri(u"a"), u"word\\document.xml", u"", &archive);
+    EXPECT_EQ(part.GetEntryValue(), 0);
+    EXPECT_EQ(archive.GetImpl()->entryIndexByName.at(u"word\\document.xml"), 0u);
 }
 
 TEST(PartData, OfAPartWithoutAnArchiveIsNotThere) {

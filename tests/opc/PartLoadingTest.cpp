@@ -230,4 +230,15 @@ TEST(RelationshipStream, OfManyRelationshipsIsReadWhole) {
     EXPECT_EQ(Document(package)->GetRelationships().size(), 20000u);
 }
 
+// Copies of a long name would be a memory bomb: an element of a few bytes is enough for each.
+TEST(RelationshipStream, KeepsTheNameOfItsSourceOnce) {
+    PackageFile file = WithStream(
+        RelationshipsXml(RelationshipXml("rId1", "urn:a", "a.xml") + RelationshipXml("rId2", "urn:b", "b.xml")));
+    const Handle<opc::Package> package = file.Open();
+    opc::Part* document = Document(package);
+    const opc::PartUri& source = document->GetRelationshipById(u"rId1")->GetSource();
+    EXPECT_EQ(source, document->GetName());
+    EXPECT_EQ(&source, &document->GetRelationshipById(u"rId2")->GetSource());
+}
+
 }  // namespace

@@ -31,6 +31,12 @@ void FaultRuntime::FailCall(const std::string& name, std::size_t n) {
 void FaultRuntime::AnswerParse(std::size_t n, std::int32_t result) {
     answerParseAt_ = parses_ + n;
     parseResult_ = result;
+    parseGivesDocument_ = false;
+}
+
+void FaultRuntime::AnswerParseWithDocument(std::size_t n, std::int32_t result) {
+    AnswerParse(n, result);
+    parseGivesDocument_ = true;
 }
 
 const std::int32_t* FaultRuntime::ParseAnswer() {
@@ -125,6 +131,10 @@ VEXPA_WRAPPED(HRESULT, _XDOMParse, IDomDocument** out, IStream* stream, std::uin
     const bool fails = Fails("_XDOMParse");
     const std::int32_t* answer =
         FaultRuntime::Active() == nullptr ? nullptr : FaultRuntime::Active()->ParseAnswer();
+    if (!fails && answer != nullptr && FaultRuntime::Active()->ParseGivesDocument()) {
+        __real__XDOMParse(out, stream, options, reserved1, reserved2, reserved3);
+        return *answer;
+    }
     if (fails || answer != nullptr) {
         *out = nullptr;
         return fails ? E_FAIL : *answer;

@@ -26,6 +26,8 @@ public:
 
     // The n-th parse from now on gives no document and this result.
     void AnswerParse(std::size_t n, std::int32_t result);
+    // As that, but the document comes all the same.
+    void AnswerParseWithDocument(std::size_t n, std::int32_t result);
 
     // The calls made so far: the name, and in brackets the entry of an extraction.
     const std::vector<std::string>& Calls() const { return calls_; }
@@ -46,6 +48,7 @@ public:
     void OnBuffer(void* bytes);
     void OnFree(void* memory);
     const std::int32_t* ParseAnswer();  // null: parse
+    bool ParseGivesDocument() const { return parseGivesDocument_; }
     void OnCallbacks(unsigned long length) { callbacksLength_ = length; }
     static FaultRuntime* Active();
 
@@ -61,6 +64,7 @@ private:
     std::size_t parses_ = 0;
     std::size_t answerParseAt_ = 0;
     std::int32_t parseResult_ = 0;
+    bool parseGivesDocument_ = false;
     unsigned long callbacksLength_ = 0;
 };
 

@@ -1,12 +1,13 @@
-#include "vexpa/zip/UnZipArchive.h"
-
 #include <gtest/gtest.h>
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "tests/support/FaultRuntime.h"
 #include "tests/support/ScratchFile.h"
 #include "tests/support/ZipFile.h"
+#include "vexpa/zip/UnZipArchive.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
 
 namespace {
@@ -14,9 +15,9 @@ namespace {
 using lumo::Compression::Zip::UnZipArchive;
 using namespace vexpa_test;
 
-ScratchFile ArchiveOf(std::initializer_list<const char*> names) {
+ScratchFile ArchiveOf(const std::vector<std::string>& names) {
     ZipFile zip;
-    for (const char* name : names) zip.Add(name, "content");
+    for (const std::string& name : names) zip.Add(name, "content");
     return ScratchFile(zip.Bytes());
 }
 
@@ -134,6 +135,24 @@ TEST(HasEntry, FindsBothOfTwoNamesThatDifferInCase) {
     EXPECT_TRUE(archive.HasEntry(u"A.XML"));
     EXPECT_EQ(archive.GetImpl()->entries.size(), 2u);
     EXPECT_EQ(archive.GetImpl()->entryNameSet.GetCount(), 1u);
+}
+
+TEST(HasEntry, FindsEachOfManyNamesThatShareAHash) {
+    // "Q1" and "R!" weigh the same in the hash; the directory has the names in falling order.
+    std::vector<std::string> names;
+    for (unsigned number = 4096; number-- > 0;) {
+        std::string name;
+        for (int bit = 11; bit >= 0; --bit) name += (number >> bit & 1) != 0 ? "R!" : "Q1";
+        names.push_back(name);
+    }
+    const ScratchFile file = ArchiveOf(names);
+    UnZipArchive archive;
+    archive.Open(file.Path16().c_str());
+    for (const std::string& name : names) {
+        ASSERT_TRUE(archive.HasEntry(std::u16string(name.begin(), name.end()).c_str()));
+    }
+    EXPECT_EQ(archive.GetImpl()->entries.front().name, u"R!R!R!R!R!R!R!R!R!R!R!R!");
+    EXPECT_EQ(archive.GetImpl()->entryNameSet.GetCount(), 4096u);
 }
 
 TEST(HasEntry, KeepsTwoRecordsOfOneNameAndMapsItToTheFirst) {

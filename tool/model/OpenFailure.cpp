@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "runtime/Runtime.h"
@@ -29,7 +29,7 @@ constexpr std::size_t kSignatureSize = 8;
 constexpr std::string_view kCompoundFile = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 
 std::string SystemError() {
-    return std::string("cannot be read: ") + std::strerror(errno);
+    return "cannot be read: " + std::generic_category().message(errno);
 }
 
 // Empty when the file can be read and does not look like something else than a zip archive.

@@ -22,7 +22,8 @@ std::vector<opc::Part*> ReachedParts(opc::Package& package) {
         }
     };
     reach(package.GetRelationships());
-    for (std::size_t i = 0; i < parts.size(); ++i) reach(parts[i]->GetRelationships());
+    // The list grows while it is gone through.
+    for (std::size_t next = 0; next < parts.size();) reach(parts[next++]->GetRelationships());
     return parts;
 }
 

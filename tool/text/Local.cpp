@@ -18,11 +18,13 @@ QString Decode(const std::string& local) {
 
 }  // namespace
 
+// NOLINTBEGIN(concurrency-mt-unsafe): no thread has begun yet.
 void UseEnvironmentLocale() {
     std::setlocale(LC_ALL, "");
     const std::string_view plainAscii = "ANSI_X3.4-1968";
     if (nl_langinfo(CODESET) == plainAscii) std::setlocale(LC_CTYPE, "C.UTF-8");
 }
+// NOLINTEND(concurrency-mt-unsafe)
 
 std::u16string FromLocal(const std::string& local) {
     return Decode(local).toStdU16String();

@@ -2,8 +2,8 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <string>
+#include <system_error>
 
 #include "tool/ExitStatus.h"
 
@@ -12,7 +12,7 @@ namespace vexpa_tool {
 namespace {
 
 [[noreturn]] void ThrowWriteError() {
-    throw ToolError(kReadOrWriteError, std::string("standard output: ") + std::strerror(errno));
+    throw ToolError(kReadOrWriteError, "standard output: " + std::generic_category().message(errno));
 }
 
 }  // namespace

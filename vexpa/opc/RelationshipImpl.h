@@ -2,6 +2,7 @@
 #ifndef VEXPA_OPC_RELATIONSHIPIMPL_H_
 #define VEXPA_OPC_RELATIONSHIPIMPL_H_
 
+#include <memory>
 #include <string>
 
 #include "vexpa/opc/Relationship.h"
@@ -14,12 +15,17 @@ public:
     RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
                      const char16_t* target, const char16_t* targetMode);
 
+    // The relationships of one stream share their source: its name may be thousands of units
+    // long, and a short element each is enough for a million relationships.
+    RelationshipImpl(const char16_t* id, const char16_t* type, std::shared_ptr<const PartUri> source,
+                     const char16_t* target, const char16_t* targetMode);
+
     void Release() override;
     const unsigned short* GetId() const override;
     RelationshipTypeId GetTypeId() const override;
     const unsigned short* GetType() const override;
     const PartUri& GetResolvedTarget() const override { return resolvedTarget_; }
-    const PartUri& GetSource() const override { return source_; }
+    const PartUri& GetSource() const override { return *source_; }
     TargetMode GetTargetMode() const override { return targetMode_; }
     const PartUri& GetTarget() const override { return target_; }
 
@@ -27,7 +33,7 @@ private:
     TargetMode targetMode_;
     std::u16string id_;
     std::u16string type_;
-    PartUri source_;
+    std::shared_ptr<const PartUri> source_;
     PartUri target_;
     PartUri resolvedTarget_;
 };

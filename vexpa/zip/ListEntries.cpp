@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "runtime/Runtime.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
@@ -27,10 +29,25 @@ private:
     BSTR text_;
 };
 
-void AddEntry(UnZipArchiveImpl& archive, const char16_t* name) {
-    OwnedBstr text(name);
-    if (archive.entryNameSet.Insert(text.Get())) text.Detach();
+struct HashedName {
+    std::uint32_t hash;
+    const char16_t* name;
+};
 
+// The names go in by the order of the set, so that each comes last in its bucket: in the order
+// of the directory, names made to share a hash would each move those already there. The sort
+// is stable since of names equal but for case the first one listed is kept.
+void FillNameSet(EntryNameSet& set, std::vector<HashedName> names) {
+    std::stable_sort(names.begin(), names.end(), [](const HashedName& a, const HashedName& b) {
+        return a.hash != b.hash ? a.hash < b.hash : _Xu2_stricmp(a.name, b.name) < 0;
+    });
+    for (const HashedName& hashed : names) {
+        OwnedBstr text(hashed.name);
+        if (set.Insert(text.Get())) text.Detach();
+    }
+}
+
+void AddEntry(UnZipArchiveImpl& archive, const char16_t* name) {
     EntryRecord record;
     record.name = name;
     archive.entries.push_back(std::move(record));
@@ -70,10 +87,14 @@ void ListEntries(UnZipArchiveImpl& archive) {
     _XGetZipFileList(path, names.get(), count);
 
     ListingGuard guard(archive);
-    for (std::int32_t i = 0; i < count; ++i) {
+    std::vector<HashedName> hashedNames;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
         // A file that changed after it was counted gives no names.
-        if (names[static_cast<std::size_t>(i)] != nullptr) AddEntry(archive, names[static_cast<std::size_t>(i)]);
+        if (names[i] == nullptr) continue;
+        AddEntry(archive, names[i]);
+        hashedNames.push_back({HashEntryName(names[i]), names[i]});
     }
+    FillNameSet(archive.entryNameSet, std::move(hashedNames));
     guard.Done();
 }
 
