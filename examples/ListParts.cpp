@@ -9,7 +9,8 @@ using namespace tarn;
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
-    const Handle<opc::Package> package = opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
+    const Handle<opc::Package> package =
+        opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
     if (!package) return 3;  // not readable, or no package
 
     opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);

@@ -1,4 +1,5 @@
-// runtime/Runtime.h - the platform that the library stands on: memory, streams, storages, DOM, zip, strings.
+// runtime/Runtime.h - the platform that the library stands on: memory, streams, storages, DOM, zip,
+// strings.
 //
 // The library reaches the platform through this header alone. `vexpa::runtime` is one
 // implementation of it; any shared library that exports these functions with these
@@ -59,8 +60,12 @@ constexpr bool operator==(const GUID& a, const GUID& b) noexcept {
     return true;
 }
 
-#define VEXPA_COM_IID(first) \
-    GUID { first, 0, 0, { 0xC0, 0, 0, 0, 0, 0, 0, 0x46 } }
+#define VEXPA_COM_IID(first)             \
+    GUID {                               \
+        first, 0, 0, {                   \
+            0xC0, 0, 0, 0, 0, 0, 0, 0x46 \
+        }                                \
+    }
 inline constexpr GUID IID_IUnknown = VEXPA_COM_IID(0x00000000);
 inline constexpr GUID IID_IStorage = VEXPA_COM_IID(0x0000000B);
 inline constexpr GUID IID_IStream = VEXPA_COM_IID(0x0000000C);
@@ -90,8 +95,9 @@ enum STATFLAG : std::uint32_t { STATFLAG_DEFAULT = 0, STATFLAG_NONAME = 1 };
 enum STREAM_SEEK : std::uint32_t { STREAM_SEEK_SET = 0, STREAM_SEEK_CUR = 1, STREAM_SEEK_END = 2 };
 
 struct STATSTG {
-    char16_t* pwcsName;  // [owned] free with _XCoTaskMemFree; null for STATFLAG_NONAME or without a name
-    std::uint32_t type;  // STGTY
+    char16_t*
+        pwcsName;  // [owned] free with _XCoTaskMemFree; null for STATFLAG_NONAME or without a name
+    std::uint32_t type;    // STGTY
     std::uint64_t cbSize;  // bytes; 0 for a storage
     FILETIME mtime;
     FILETIME ctime;

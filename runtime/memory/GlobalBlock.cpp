@@ -9,7 +9,9 @@ namespace vexpa_runtime {
 namespace {
 
 // A block of no bytes still has an address, as callers lock it like any other.
-std::size_t Room(std::size_t size) { return size == 0 ? 1 : size; }
+std::size_t Room(std::size_t size) {
+    return size == 0 ? 1 : size;
+}
 
 }  // namespace
 

@@ -2,6 +2,10 @@
 
 #include "runtime/Runtime.h"
 
-void* _XCoTaskMemAlloc(std::size_t size) { return std::malloc(size == 0 ? 1 : size); }
+void* _XCoTaskMemAlloc(std::size_t size) {
+    return std::malloc(size == 0 ? 1 : size);
+}
 
-void _XCoTaskMemFree(void* memory) { std::free(memory); }
+void _XCoTaskMemFree(void* memory) {
+    std::free(memory);
+}

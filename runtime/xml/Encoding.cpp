@@ -29,8 +29,7 @@ bool MapByte(const QTextCodec& codec, unsigned char byte, int& code) {
     const char text = static_cast<char>(byte);
     const QString decoded = codec.toUnicode(&text, 1, &state);
     if (state.remainingChars != 0 || decoded.size() != 1) return false;
-    const bool valid =
-        state.invalidChars == 0 && decoded.at(0) != QChar(QChar::ReplacementCharacter);
+    const bool valid = state.invalidChars == 0 && decoded.at(0) != QChar(QChar::ReplacementCharacter);
     code = valid ? decoded.at(0).unicode() : -1;
     return true;
 }

@@ -40,7 +40,8 @@ void NamePattern::FindPlainEnds() {
     const auto isSpecial = [](const Token& token) { return token.kind != Kind::kCharacter; };
     const auto first = std::find_if(tokens_.begin(), tokens_.end(), isSpecial);
     const auto last = std::find_if(tokens_.rbegin(), tokens_.rend(), isSpecial).base();
-    std::for_each(tokens_.begin(), first, [this](const Token& t) { AppendUtf8(plainStart_, t.character); });
+    std::for_each(tokens_.begin(), first,
+                  [this](const Token& t) { AppendUtf8(plainStart_, t.character); });
     std::for_each(last, tokens_.end(), [this](const Token& t) { AppendUtf8(plainEnd_, t.character); });
 }
 

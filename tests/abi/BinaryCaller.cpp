@@ -18,11 +18,12 @@ void ReadStream(void* part) {
     Require(Slot<std::int32_t (*)(void*, void**)>(part, 12)(part, &stream) == 0, "GetStream");
     char head[5] = {};
     std::uint32_t read = 0;
-    Require(Slot<std::int32_t (*)(void*, void*, std::uint32_t, std::uint32_t*)>(stream, 3)(stream, head, 5,
-                                                                                         &read) == 0,
+    Require(Slot<std::int32_t (*)(void*, void*, std::uint32_t, std::uint32_t*)>(stream, 3)(
+                stream, head, 5, &read) == 0,
             "IStream::Read");
     Require(read == 5 && std::memcmp(head, "<?xml", 5) == 0, "the bytes of the document");
-    Require(Slot<std::uint32_t (*)(void*)>(stream, 2)(stream) == 1, "IUnknown::Release of a shared stream");
+    Require(Slot<std::uint32_t (*)(void*)>(stream, 2)(stream) == 1,
+            "IUnknown::Release of a shared stream");
 }
 
 }  // namespace
@@ -56,7 +57,8 @@ int main(int argc, char** argv) {
     const void* target = Slot<const void* (*)(void*)>(main, 6)(main);
     void* part = Slot<Find>(handle, 4)(handle, target);
     Require(part != nullptr, "GetPart");
-    Require(Ascii(Slot<const unsigned short* (*)(void*)>(part, 5)(part)).find("main+xml") != std::string::npos,
+    Require(Ascii(Slot<const unsigned short* (*)(void*)>(part, 5)(part)).find("main+xml") !=
+                std::string::npos,
             "GetContentType");
     ReadStream(part);
 

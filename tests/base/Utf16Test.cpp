@@ -1,6 +1,6 @@
-#include "vexpa/base/Utf16.h"
-
 #include <gtest/gtest.h>
+
+#include "vexpa/base/Utf16.h"
 
 namespace {
 

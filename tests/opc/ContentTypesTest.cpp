@@ -44,7 +44,8 @@ TEST(ContentTypes, ABackslashNameLosesOnlyItsFirstBackslash) {
     const Handle<opc::Package> package = file.Open();
     // The two spellings are one entry and two parts, as keys are compared exactly.
     EXPECT_EQ(Text(package->GetPart(opc::PartUri(u"docProps/core.xml"))->GetContentType()), u"");
-    EXPECT_EQ(Text(package->GetPart(opc::PartUri(u"docProps\\core.xml"))->GetContentType()), u"text/core");
+    EXPECT_EQ(Text(package->GetPart(opc::PartUri(u"docProps\\core.xml"))->GetContentType()),
+              u"text/core");
 }
 
 TEST(ContentTypes, TwoOverridesOfOnePartGiveTheFirst) {

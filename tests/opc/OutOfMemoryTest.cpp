@@ -22,8 +22,8 @@ TEST_P(OutOfMemory, AnywhereInAWalkLeavesNothingBehind) {
     const std::size_t parts = OpenAndWalk(path);
     ASSERT_GT(parts, 0u);
     const long before = LiveAllocations();
-    const long failures = FailEachAllocation([&] { OpenAndWalk(path); },
-                                             [&] { EXPECT_EQ(LiveAllocations(), before); });
+    const long failures =
+        FailEachAllocation([&] { OpenAndWalk(path); }, [&] { EXPECT_EQ(LiveAllocations(), before); });
     EXPECT_GT(failures, 100);
     EXPECT_EQ(OpenAndWalk(path), parts);
 }

@@ -10,8 +10,7 @@ namespace vexpa_test {
 namespace {
 
 std::string Attribute(std::string_view name, std::string_view value) {
-    return value.empty() ? std::string()
-                         : " " + std::string(name) + "=\"" + std::string(value) + "\"";
+    return value.empty() ? std::string() : " " + std::string(name) + "=\"" + std::string(value) + "\"";
 }
 
 }  // namespace
@@ -71,7 +70,9 @@ PackageFile MinimalPackage() {
     return file;
 }
 
-std::u16string Text(const unsigned short* text) { return tarn::CopyText(text); }
+std::u16string Text(const unsigned short* text) {
+    return tarn::CopyText(text);
+}
 
 std::string ReadToEnd(IStream& stream) {
     std::string all;

@@ -27,7 +27,9 @@ public:
     void Override(std::string_view partName, std::string_view contentType);
     void Relationship(std::string_view id, std::string_view type, std::string_view target,
                       std::string_view targetMode = {});
-    ZipEntry& Entry(std::string name, std::string content) { return zip_.Add(std::move(name), std::move(content)); }
+    ZipEntry& Entry(std::string name, std::string content) {
+        return zip_.Add(std::move(name), std::move(content));
+    }
 
     // Writes the file anew and opens it.
     tarn::Handle<tarn::opc::Package> Open(unsigned int flags = 0);

@@ -60,8 +60,9 @@ TEST(RelationshipByType, OfAnUnknownIdFindsTheEmptyType) {
 TEST(RelationshipByType, OfTheThumbnailIsFoundByItsOwnId) {
     PackageFile file;
     file.Entry("t.jpeg", "jpeg");
-    file.Relationship(
-        "rId1", "http://schemas.openxmlformats.org/package/2006/relationships/metadata/thumbnail", "t.jpeg");
+    file.Relationship("rId1",
+                      "http://schemas.openxmlformats.org/package/2006/relationships/metadata/thumbnail",
+                      "t.jpeg");
     const Handle<opc::Package> package = file.Open();
     opc::Relationship* thumbnail = package->GetRelationshipByType(opc::RelTypeThumbnail);
     ASSERT_NE(thumbnail, nullptr);

@@ -223,7 +223,8 @@ TEST(RelationshipStream, IsReadOnlyOnce) {
 TEST(RelationshipStream, OfManyRelationshipsIsReadWhole) {
     std::string elements;
     for (int i = 0; i < 20000; ++i) {
-        elements += RelationshipXml("rId" + std::to_string(i), "urn:t" + std::to_string(i % 7), "x.xml");
+        elements +=
+            RelationshipXml("rId" + std::to_string(i), "urn:t" + std::to_string(i % 7), "x.xml");
     }
     PackageFile file = WithStream(RelationshipsXml(elements));
     const Handle<opc::Package> package = file.Open();
@@ -232,8 +233,8 @@ TEST(RelationshipStream, OfManyRelationshipsIsReadWhole) {
 
 // Copies of a long name would be a memory bomb: an element of a few bytes is enough for each.
 TEST(RelationshipStream, KeepsTheNameOfItsSourceOnce) {
-    PackageFile file = WithStream(
-        RelationshipsXml(RelationshipXml("rId1", "urn:a", "a.xml") + RelationshipXml("rId2", "urn:b", "b.xml")));
+    PackageFile file = WithStream(RelationshipsXml(RelationshipXml("rId1", "urn:a", "a.xml") +
+                                                   RelationshipXml("rId2", "urn:b", "b.xml")));
     const Handle<opc::Package> package = file.Open();
     opc::Part* document = Document(package);
     const opc::PartUri& source = document->GetRelationshipById(u"rId1")->GetSource();

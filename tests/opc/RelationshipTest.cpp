@@ -31,8 +31,8 @@ TEST(Relationship, GivesTheTypeAsWrittenAndItsIdWithoutRegardToCaseAndBlanks) {
 
 TEST(Relationship, OfAThumbnailAnswersTheIdOfCustomProperties) {
     const opc::RelationshipImpl relationship(
-        u"rId1", u"http://schemas.openxmlformats.org/package/2006/relationships/metadata/thumbnail", u"",
-        u"t.jpeg", nullptr);
+        u"rId1", u"http://schemas.openxmlformats.org/package/2006/relationships/metadata/thumbnail",
+        u"", u"t.jpeg", nullptr);
     EXPECT_EQ(relationship.GetTypeId(), 33u);
 }
 

@@ -12,16 +12,22 @@ namespace {
 FaultRuntime* g_active = nullptr;
 }
 
-FaultRuntime::FaultRuntime() { g_active = this; }
+FaultRuntime::FaultRuntime() {
+    g_active = this;
+}
 
 FaultRuntime::~FaultRuntime() {
     g_active = nullptr;
     for (const auto& buffer : buffers_) std::free(buffer.first);
 }
 
-FaultRuntime* FaultRuntime::Active() { return g_active; }
+FaultRuntime* FaultRuntime::Active() {
+    return g_active;
+}
 
-void FaultRuntime::FailCall(std::size_t n) { failAt_ = fallible_ + n; }
+void FaultRuntime::FailCall(std::size_t n) {
+    failAt_ = fallible_ + n;
+}
 
 void FaultRuntime::FailCall(const std::string& name, std::size_t n) {
     failName_ = name;
@@ -49,13 +55,14 @@ std::size_t FaultRuntime::Count(const std::string& call) const {
 
 bool FaultRuntime::Fails(const std::string& name, const std::string& detail) {
     calls_.push_back(detail.empty() ? name : name + "(" + detail + ")");
-    const bool fails =
-        ++fallible_ == failAt_ || (++counts_[name] == failNameAt_ && name == failName_);
+    const bool fails = ++fallible_ == failAt_ || (++counts_[name] == failNameAt_ && name == failName_);
     if (fails) failedCall_ = name;
     return fails;
 }
 
-void FaultRuntime::Note(const std::string& name) { calls_.push_back(name); }
+void FaultRuntime::Note(const std::string& name) {
+    calls_.push_back(name);
+}
 
 void FaultRuntime::OnBuffer(void* bytes) {
     if (bytes != nullptr) buffers_[bytes] = true;

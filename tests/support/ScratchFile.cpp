@@ -35,9 +35,13 @@ void ScratchFile::Write(std::string_view bytes) const {
     if (!file.flush()) throw std::runtime_error("cannot write " + path_);
 }
 
-void ScratchFile::Remove() const { std::filesystem::remove(path_); }
+void ScratchFile::Remove() const {
+    std::filesystem::remove(path_);
+}
 
-std::u16string ScratchFile::Path16() const { return Utf16(path_); }
+std::u16string ScratchFile::Path16() const {
+    return Utf16(path_);
+}
 
 std::string ReadFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "tests/xmlfx/AttributeList.h"
 #include "tests/support/FailingAllocator.h"
+#include "tests/xmlfx/AttributeList.h"
 #include "tests/xmlfx/RegistryFixture.h"
 #include "tests/xmlfx/SetText.h"
 #include "vexpa/base/Lifecycle.h"

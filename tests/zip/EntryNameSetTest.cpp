@@ -1,9 +1,9 @@
-#include "vexpa/zip/EntryNameSet.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include "vexpa/zip/EntryNameSet.h"
 
 namespace {
 

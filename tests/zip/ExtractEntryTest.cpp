@@ -1,5 +1,3 @@
-#include "vexpa/zip/ExtractEntry.h"
-
 #include <gtest/gtest.h>
 
 #include <clocale>
@@ -9,6 +7,7 @@
 #include "tests/support/FaultRuntime.h"
 #include "tests/support/ScratchFile.h"
 #include "tests/support/ZipFile.h"
+#include "vexpa/zip/ExtractEntry.h"
 #include "vexpa/zip/UnZipArchive.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
 
@@ -93,6 +92,24 @@ TEST_F(ExtractEntry, OfAPathOutsideAsciiGoesThroughTheLocale) {
     const ScratchFile file(zip_.Bytes(), "Bericht-\xc3\xbc\xe2\x82\xac.docx");
     EXPECT_EQ(Extract(file, u"a\u00e4.xml", result_), "umlaut");
     EXPECT_EQ(result_, S_OK);
+}
+
+TEST_F(ExtractEntry, OfANameThatTheLocaleLacksIsAPattern) {
+    // UTF-8 has no form of an unpaired surrogate.
+    zip_.Add("aXb", "any character");
+    const ScratchFile file(zip_.Bytes());
+    const char16_t name[] = {u'a', 0xD800, u'b', 0};
+    EXPECT_EQ(Extract(file, name, result_), "any character");
+}
+
+TEST_F(ExtractEntry, OfANameWithAByteOrderMarkFails) {
+    zip_.Add(
+        "\xef\xbb\xbf"
+        "a.xml",
+        "a");
+    const ScratchFile file(zip_.Bytes());
+    Extract(file, u"\uFEFFa.xml", result_);
+    EXPECT_EQ(result_, E_FAIL);
 }
 
 TEST_F(ExtractEntry, TellsTheShortRecordLength) {

@@ -7,8 +7,12 @@
 namespace tarn {
 
 // HRESULT, S_OK, E_OUTOFMEMORY, E_INVALIDARG, E_FAIL and E_ACCESSDENIED are the platform's.
-constexpr bool Failed(HRESULT result) noexcept { return result < 0; }
-constexpr bool Succeeded(HRESULT result) noexcept { return result >= 0; }
+constexpr bool Failed(HRESULT result) noexcept {
+    return result < 0;
+}
+constexpr bool Succeeded(HRESULT result) noexcept {
+    return result >= 0;
+}
 
 }  // namespace tarn
 

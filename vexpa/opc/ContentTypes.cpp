@@ -12,7 +12,8 @@ namespace {
 
 // Calls visit(key, content type) for each element of this name that has both attributes.
 template <class Visit>
-void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t* keyName, Visit visit) {
+void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t* keyName,
+                 Visit visit) {
     IDomNodeList* rules = document.GetElementsByTagName(element);
     for (std::uint32_t i = 0; i < rules->GetLength(); ++i) {
         IDomAttributes* attributes = rules->GetItem(i)->GetAttributes();
@@ -31,9 +32,10 @@ void ContentTypes::Read(IDomDocument& document) {
         const std::u16string key(PartNameKey(name));
         overrideContentTypes.try_emplace(PartUri(key.c_str()), std::move(type));
     });
-    ForEachRule(document, u"Default", u"Extension", [this](std::u16string extension, std::u16string type) {
-        defaultContentTypes.try_emplace(std::move(extension), std::move(type));
-    });
+    ForEachRule(document, u"Default", u"Extension",
+                [this](std::u16string extension, std::u16string type) {
+                    defaultContentTypes.try_emplace(std::move(extension), std::move(type));
+                });
 }
 
 std::u16string ContentTypes::Find(std::u16string_view key) const {

@@ -61,7 +61,8 @@ public:
 
     // [borrowed] The first relationship of this type in document order, or null.
     // `cursor` may be null.
-    virtual Relationship* GetRelationshipByType(RelationshipTypeId type, RelationshipCursor* cursor) = 0;
+    virtual Relationship* GetRelationshipByType(RelationshipTypeId type,
+                                                RelationshipCursor* cursor) = 0;
 
     // The range of the index by type whose key is exactly `type`: a type URI in lower case
     // with slashes, as GetRelationshipTypeUri gives it.

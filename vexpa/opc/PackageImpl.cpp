@@ -7,9 +7,13 @@ namespace tarn::opc {
 
 PackageImpl::PackageImpl() = default;
 
-PackageImpl::~PackageImpl() { PackageImpl::Close(); }
+PackageImpl::~PackageImpl() {
+    PackageImpl::Close();
+}
 
-void PackageImpl::Release() { DeleteIfExists(this); }
+void PackageImpl::Release() {
+    DeleteIfExists(this);
+}
 
 void PackageImpl::Close() {
     ownedObjects_.clear();

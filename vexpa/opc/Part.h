@@ -52,7 +52,8 @@ public:
     // [borrowed] The first relationship of this type in document order, or null. Where a
     // type can occur several times (headers, images), go through GetRelationships instead.
     // `cursor` may be null.
-    virtual Relationship* GetRelationshipByType(RelationshipTypeId type, RelationshipCursor* cursor) = 0;
+    virtual Relationship* GetRelationshipByType(RelationshipTypeId type,
+                                                RelationshipCursor* cursor) = 0;
 
     // All relationships, by Id.
     virtual const RelationshipMap& GetRelationships() const = 0;

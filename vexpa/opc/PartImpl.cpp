@@ -24,14 +24,18 @@ PartImpl::~PartImpl() {
     if (data_.ownsBytes != 0) delete[] data_.bytes;
 }
 
-void PartImpl::Release() { DeleteIfExists(this); }
+void PartImpl::Release() {
+    DeleteIfExists(this);
+}
 
 void PartImpl::Close() {
     relationships_.Clear();
     if (storage_ != nullptr) std::exchange(storage_, nullptr)->Release();
 }
 
-const unsigned short* PartImpl::GetContentType() const { return ToUnits(contentType_.c_str()); }
+const unsigned short* PartImpl::GetContentType() const {
+    return ToUnits(contentType_.c_str());
+}
 
 Relationship* PartImpl::GetRelationshipById(const unsigned short* id) {
     return relationships_.FindById(id);
@@ -45,7 +49,9 @@ RelationshipRange PartImpl::GetRelationshipsByType(const unsigned short* type) {
     return relationships_.FindRange(type);
 }
 
-bool PartImpl::HasRelationship(const unsigned short* id) { return GetRelationshipById(id) != nullptr; }
+bool PartImpl::HasRelationship(const unsigned short* id) {
+    return GetRelationshipById(id) != nullptr;
+}
 
 PartData* PartImpl::LoadData() {
     if (data_.dataStream != nullptr) return &data_;

@@ -11,8 +11,8 @@ namespace lumo::Compression::Zip {
 namespace {
 
 // Powers of four from 4^2 to 4^12, so that growing stays rare.
-constexpr std::array<std::size_t, 11> kBucketCounts = {
-    16, 64, 256, 1024, 4096, 16384, 65536, 262144, 1048576, 4194304, 16777216};
+constexpr std::array<std::size_t, 11> kBucketCounts = {16,    64,     256,     1024,    4096,    16384,
+                                                       65536, 262144, 1048576, 4194304, 16777216};
 
 constexpr char16_t FoldAscii(char16_t unit) noexcept {
     return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
@@ -41,7 +41,9 @@ struct EntryNameSet::BlockList {
 
 EntryNameSet::EntryNameSet() : buckets_(kBucketCounts[0], nullptr) {}
 
-EntryNameSet::~EntryNameSet() { FreeBlocks(); }
+EntryNameSet::~EntryNameSet() {
+    FreeBlocks();
+}
 
 bool EntryNameSet::Contains(const char16_t* name) const {
     const std::uint64_t hash = HashEntryName(name);
@@ -135,7 +137,8 @@ void EntryNameSet::Clear() noexcept {
 void EntryNameSet::FreeBlocks() noexcept {
     for (Block*& block : buckets_) {
         if (block == nullptr) continue;
-        for (std::uint32_t i = 0; i < block->GetCount(); ++i) _XSysFreeString(block->GetPairs()[i].name);
+        for (std::uint32_t i = 0; i < block->GetCount(); ++i)
+            _XSysFreeString(block->GetPairs()[i].name);
         Block::Free(block);
         block = nullptr;
     }

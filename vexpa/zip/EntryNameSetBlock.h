@@ -30,9 +30,7 @@ public:
     }
     static void Free(Block* block) noexcept { ::operator delete(block); }
 
-    std::uint32_t GetCount() const noexcept {
-        return IsLarge() ? first_ & ~kLargeFlag : first_ >> 16;
-    }
+    std::uint32_t GetCount() const noexcept { return IsLarge() ? first_ & ~kLargeFlag : first_ >> 16; }
     std::uint32_t GetCapacity() const noexcept { return IsLarge() ? second_ : first_ & 0xFFFF; }
     void SetCount(std::uint32_t count) noexcept {
         first_ = IsLarge() ? kLargeFlag | count : count << 16 | (first_ & 0xFFFF);

@@ -18,9 +18,13 @@ namespace {
 constexpr unsigned long kCallbacksLength = 24;
 
 // Nothing is shown or logged: the caller's user did not ask for this file by name.
-int DropMessage(void*, unsigned char*, unsigned long, int) { return 0; }
+int DropMessage(void*, unsigned char*, unsigned long, int) {
+    return 0;
+}
 
-QByteArray ToLocal8Bit(const char16_t* text) { return QString::fromUtf16(text, -1).toLocal8Bit(); }
+QByteArray ToLocal8Bit(const char16_t* text) {
+    return QString::fromUtf16(text, -1).toLocal8Bit();
+}
 
 // The extracted bytes, freed at the end unless they are let go.
 class ExtractedBytes : tarn::Noncopyable {
@@ -69,7 +73,8 @@ HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryNam
     callbacks.structlen = kCallbacksLength;
     callbacks.msgfn = DropMessage;
 
-    return UzpUnzipToMemory(zip.data(), entry.data(), &options, &callbacks, result) != 0 ? S_OK : E_FAIL;
+    return UzpUnzipToMemory(zip.data(), entry.data(), &options, &callbacks, result) != 0 ? S_OK
+                                                                                         : E_FAIL;
 }
 
 HRESULT ExtractEntryToBlock(UnZipArchiveImpl& archive, const char16_t* entryName,

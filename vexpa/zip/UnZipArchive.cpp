@@ -13,7 +13,9 @@ namespace {
 
 constexpr int kReadAccess = 4;
 
-bool IsReadable(const std::u16string& path) { return _Xaccess(path.c_str(), kReadAccess) == 0; }
+bool IsReadable(const std::u16string& path) {
+    return _Xaccess(path.c_str(), kReadAccess) == 0;
+}
 
 }  // namespace
 
@@ -27,7 +29,9 @@ HRESULT UnZipArchive::Open(const char16_t* path) {
     return IsReadable(impl_->archivePath) ? S_OK : E_FAIL;
 }
 
-void UnZipArchive::Close() noexcept { impl_.reset(); }
+void UnZipArchive::Close() noexcept {
+    impl_.reset();
+}
 
 bool UnZipArchive::HasEntry(const char16_t* name) {
     if (!impl_) return false;

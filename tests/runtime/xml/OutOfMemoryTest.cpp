@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "tests/support/FailingAllocator.h"
 #include "tests/runtime/xml/Dom.h"
+#include "tests/support/FailingAllocator.h"
 
 namespace vexpa_test {
 namespace {
