@@ -85,12 +85,20 @@ private:
     std::vector<std::size_t> starts_;
 };
 
+void DeclareNamespaces(const QXmlStreamReader& xml, const TreeBuilder& builder) {
+    const QXmlStreamNamespaceDeclarations declarations = xml.namespaceDeclarations();
+    for (const QXmlStreamNamespaceDeclaration& declaration : declarations) {
+        builder.DeclareNamespace(static_cast<std::size_t>(declaration.namespaceUri().size()));
+    }
+}
+
 void ReadDocument(QXmlStreamReader& xml, TreeBuilder& builder) {
     StartTag tag;
     std::u16string text;
     while (!xml.atEnd()) {
         switch (xml.readNext()) {
             case QXmlStreamReader::StartElement:
+                DeclareNamespaces(xml, builder);
                 tag.Read(xml);
                 builder.StartElement(tag.Uri(), tag.LocalName(), tag);
                 break;

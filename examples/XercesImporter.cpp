@@ -12,6 +12,7 @@
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLException.hpp>
+#include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include "examples/importer/PartStream.h"
@@ -72,6 +73,9 @@ class Handler final : public xercesc::DefaultHandler {
 public:
     explicit Handler(TreeBuilder& builder) : builder_(builder) {}
 
+    void startPrefixMapping(const XMLCh*, const XMLCh* uri) override {
+        builder_.DeclareNamespace(xercesc::XMLString::stringLen(uri));
+    }
     void startElement(const XMLCh* uri, const XMLCh* localName, const XMLCh*,
                       const xercesc::Attributes& attributes) override {
         builder_.StartElement(ToUnits(uri), ToUnits(localName), XercesAttributes(attributes));

@@ -18,6 +18,7 @@ namespace importer {
 struct Limits {
     std::size_t depth = 1'000;         // elements within elements
     std::uint64_t nodes = 10'000'000;  // elements, attributes and texts: some 100 bytes each
+    std::size_t namespaceUri = 1'000;  // code units: each name of the namespace costs as many
 };
 
 // A part's XML. Names outside the vocabulary have no token: such an attribute is dropped,

@@ -24,6 +24,10 @@ std::uint32_t TokenOf(std::u16string_view uri, std::u16string_view localName) {
 
 TreeBuilder::TreeBuilder(const Limits& limits) : limits_(limits), builder_(XmlAttrBuilder::New(this)) {}
 
+void TreeBuilder::DeclareNamespace(std::size_t uriLength) const {
+    if (uriLength > limits_.namespaceUri) throw ImportError("a namespace URI too long");
+}
+
 void TreeBuilder::StartElement(const unsigned short* uri, const unsigned short* localName,
                                const Attributes& attributes) {
     EndText();

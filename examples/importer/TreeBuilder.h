@@ -18,6 +18,8 @@ class TreeBuilder : tarn::xmlfx::XmlAttrCallback {
 public:
     explicit TreeBuilder(const Limits& limits);
 
+    // A prefix, or none, is declared; before the StartElement of the element that does so.
+    void DeclareNamespace(std::size_t uriLength) const;
     void StartElement(const unsigned short* uri, const unsigned short* localName,
                       const tarn::xmlfx::Attributes& attributes);
     // Parsers cut text where their buffers end, so the pieces are put together here.

@@ -203,6 +203,16 @@ TEST_P(EachImporter, ReportsMoreNodesThanTheLimitAllows) {
     EXPECT_EQ(Error(xml, {.nodes = 4}), "too many elements, attributes and texts");
 }
 
+// Copied or read at every name, a long one makes a short part cost gigabytes or minutes.
+TEST_P(EachImporter, ReportsANamespaceUriBeyondTheLimit) {
+    const std::string uri(1'000, 'u');
+    for (const std::string& lead : {"<a xmlns='" + uri, "<p:a xmlns:p='" + uri}) {
+        EXPECT_EQ(Error(lead + "'/>").find("a namespace URI too long"), std::string::npos);
+        EXPECT_EQ(Error(lead + "u'/>"), "a namespace URI too long");
+    }
+    EXPECT_EQ(Error("<a><b xmlns='" + uri + "u'/></a>"), "a namespace URI too long");
+}
+
 TEST_P(EachImporter, ReportsAStreamThatFails) {
     for (const std::string& xml : {std::string(), std::string("<a>"), Nested(1'000), Paragraph("x")}) {
         TextStream stream(xml, 10, E_FAIL);

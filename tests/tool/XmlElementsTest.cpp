@@ -47,6 +47,16 @@ TEST(XmlElements, ANamespaceCannotPassForAnother) {
     EXPECT_THROW(Names("<a xmlns='urn:a&#10;b'/>", 100), XmlError);
 }
 
+TEST(XmlElements, ANamespaceUriHasALimit) {
+    const std::string lead = "<a xmlns='" + std::string(10'000, 'u');
+    EXPECT_EQ(Names(lead + "'/>", 100'000).size(), 1U);
+    int calls = 0;
+    XmlElements elements([&](const XmlElement&) { ++calls; });
+    elements.Feed(lead + "u'><b xmlns=''/></a>");
+    EXPECT_THROW(elements.Finish(), XmlError);
+    EXPECT_EQ(calls, 0);
+}
+
 TEST(XmlElements, ReleaseEverythingWhenLeftInTheMiddle) {
     XmlElements elements([](const XmlElement&) {});
     elements.Feed("<a><b c='d'>" + std::string(100'000, 'x'));  // a leak is for the sanitizer to see

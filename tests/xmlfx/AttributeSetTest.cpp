@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -163,6 +164,24 @@ TEST(Set, ReleasesItsValuesInOrderAndOnce) {
     for (const char* name : {"a", "b", "c"}) set->AddAttribute(1, new LoggedValue(log, name));
     set.Reset();
     EXPECT_EQ(log, (std::vector<std::string>{"a", "b", "c"}));
+}
+
+class ThrowingValue final : public ShallowCloneableImpl<XmlRoAttr> {
+public:
+    void Release() override { throw 1; }
+    std::uint32_t GetCount() const override { return 0; }
+    XmlRoAttr* GetAt(std::uint32_t, std::uint32_t*) const override { return nullptr; }
+    XmlRoAttr* Find(std::uint32_t) const override { return nullptr; }
+};
+
+TEST(Set, AValueThatThrowsWhenReleasedEndsTheProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto endSet = [] {
+        Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl);
+        set->AddAttribute(1, new ThrowingValue);
+        set.Reset();
+    };
+    EXPECT_EXIT(endSet(), ::testing::KilledBySignal(SIGABRT), "");
 }
 
 TEST(Set, HoldsOneReferenceOnAValueThatOthersHoldToo) {

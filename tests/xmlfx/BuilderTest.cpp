@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -178,6 +179,41 @@ TEST_F(Builder, ResetBeforeTheFirstElementDoesNothing) {
     Start(*builder_);
     builder_->EndElement(7);
     EXPECT_EQ(collector_.elements.size(), 1U);
+}
+
+TEST_F(Builder, StartsOverTheSetItIsBuilding) {
+    Onlooker onlooker;
+    const Handle<XmlAttrBuilder> builder = XmlAttrBuilder::New(&onlooker);
+    Start(*builder, {{u"", u"Id", u"1"}});
+    builder->Characters(Units(u"a"));
+    builder->EndElement(7);
+    builder->StartElement(7, onlooker.sets[0]);  // which nothing else holds
+    builder->Characters(Units(u"b"));
+    builder->EndElement(7);
+    EXPECT_EQ(PairsOf(*onlooker.sets[1]), (Pairs{{kId, u"1"}, {kTextToken, u"a"}, {kTextToken, u"b"}}));
+}
+
+// Goes on with the builder, or ends it, in the middle of its report.
+class Intruder : public XmlAttrCallback {
+public:
+    void OnElement(std::uint32_t, XmlRoAttr* set) override {
+        if (++calls == 1) throw std::runtime_error("callback");
+        if (calls == 2) builder->StartElement(7, set);
+        if (calls == 3) builder.Reset();
+    }
+    int calls = 0;
+    Handle<XmlAttrBuilder> builder = XmlAttrBuilder::New(this);
+};
+
+TEST_F(Builder, ACallbackMayThrowStartTheNextElementAndEndTheBuilder) {
+    Intruder intruder;
+    Start(*intruder.builder, {{u"", u"Id", u"1"}});
+    EXPECT_THROW(intruder.builder->EndElement(7), std::runtime_error);
+    intruder.builder->EndElement(7);
+    intruder.builder->Characters(Units(u"a"));
+    intruder.builder->EndElement(7);
+    EXPECT_FALSE(intruder.builder);
+    EXPECT_EQ(intruder.calls, 3);
 }
 
 TEST_F(Builder, EndsWithAnElementHalfBuilt) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <memory_resource>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -125,6 +126,16 @@ TEST(RegistryMap, ReservedRoomIsNotGrownAgain) {
     const std::size_t buckets = names.bucket_count();
     for (unsigned i = 0; i < 1000; ++i) names[Colliding(i)] = i;
     EXPECT_EQ(names.bucket_count(), buckets);
+}
+
+TEST(RegistryMap, TakesNothingFromTheDefaultResource) {
+    std::pmr::memory_resource* before =
+        std::pmr::set_default_resource(std::pmr::null_memory_resource());
+    Names names;
+    EXPECT_NO_THROW(names[u"one"] = 1);
+    EXPECT_NO_THROW(names.reserve(1000));
+    std::pmr::set_default_resource(before);
+    EXPECT_EQ(names.find(u"one")->second, 1U);
 }
 
 TEST(RegistryMap, ReferencesOutliveAdditions) {

@@ -16,6 +16,10 @@ namespace {
 // Stands between namespace and local name; the parser refuses namespaces that contain it.
 constexpr char kSeparator = '\n';
 
+// Every name of a namespace is shown with its URI. Real ones have some sixty bytes; one of a
+// million would turn a short part into gigabytes.
+constexpr std::size_t kLongestUri = 10'000;
+
 constexpr std::int64_t kSmallestPiece = 64 << 10;
 constexpr std::int64_t kLargestPiece = 256 << 20;
 
@@ -39,6 +43,7 @@ public:
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
         XML_SetStartDoctypeDeclHandler(parser_.get(), OnDocumentType);
+        XML_SetStartNamespaceDeclHandler(parser_.get(), OnNamespace);
     }
 
     // The parser may scan an unfinished tag again from its start for each piece. With
@@ -62,9 +67,11 @@ public:
 
 private:
     // Handlers are called from C, which no exception may cross: it is kept, and thrown again
-    // once the parser has stopped.
+    // once the parser has stopped. Before that, it reports the element whose namespace was
+    // refused.
     template <class Action>
     void Guard(const Action& action) noexcept {
+        if (failure_) return;
         try {
             action();
         } catch (...) {
@@ -84,6 +91,12 @@ private:
                                        int) {
         auto& parser = *static_cast<Parser*>(self);
         parser.Guard([&] { parser.Throw("a document type declaration"); });
+    }
+
+    static void XMLCALL OnNamespace(void* self, const XML_Char*, const XML_Char* uri) {
+        auto& parser = *static_cast<Parser*>(self);
+        if (uri == nullptr || std::string_view(uri).size() <= kLongestUri) return;
+        parser.Guard([&] { parser.Throw("a namespace URI too long"); });
     }
 
     void Report(std::string_view name, const XML_Char** attributes) {

@@ -147,11 +147,14 @@ auto RegistryMap<Key, T>::MakeNode(Key key, std::uint32_t hash) -> Node* {
 
 // Blocks grow on their own; `expected` entries only size the first one. A map without
 // entries has none: there is one for each namespace that a document makes up.
+//
+// The default resource is the process's to choose, and may end before the maps do.
 template <class Key, class T>
 std::pmr::memory_resource& RegistryMap<Key, T>::Memory(size_type expected) {
     if (memory_ == nullptr) {
         constexpr size_type kEntryBytes = sizeof(Node) + RegistryKey<Key>::kUsualTextBytes;
-        memory_ = std::make_unique<std::pmr::monotonic_buffer_resource>(expected * kEntryBytes);
+        memory_ = std::make_unique<std::pmr::monotonic_buffer_resource>(
+            expected * kEntryBytes, std::pmr::new_delete_resource());
     }
     return *memory_;
 }
