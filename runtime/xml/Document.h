@@ -61,7 +61,9 @@ struct DocumentData {
     DocumentData(const DocumentData&) = delete;
     DocumentData& operator=(const DocumentData&) = delete;
 
-    std::pmr::monotonic_buffer_resource text;  // names and NUL-terminated values
+    // Names and NUL-terminated values. The default resource is the process's to choose, and may
+    // end before the document does.
+    std::pmr::monotonic_buffer_resource text{std::pmr::new_delete_resource()};
     NameTable localNames{text};
     NameTable attributeNames{text};
     std::vector<Element> elements;  // in document order

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory_resource>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -126,6 +127,13 @@ TEST(RegistryMap, ReservedRoomIsNotGrownAgain) {
     const std::size_t buckets = names.bucket_count();
     for (unsigned i = 0; i < 1000; ++i) names[Colliding(i)] = i;
     EXPECT_EQ(names.bucket_count(), buckets);
+}
+
+TEST(RegistryMap, RefusesRoomForMoreThanThereCanBe) {
+    Names names;
+    names[u"one"] = 1;
+    EXPECT_THROW(names.reserve(static_cast<std::size_t>(-1)), std::length_error);
+    EXPECT_EQ(names.find(u"one")->second, 1U);
 }
 
 TEST(RegistryMap, TakesNothingFromTheDefaultResource) {

@@ -73,7 +73,7 @@ public:
     T& operator[](Key key);
     std::pair<iterator, bool> try_emplace(Key key);
 
-    // Makes room for `count` entries at once.
+    // Makes room for `count` entries at once; std::length_error when there can be none.
     void reserve(size_type count);
 
     // Drops all entries and keeps the bucket array.

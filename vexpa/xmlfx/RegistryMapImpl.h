@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstring>
 #include <new>
+#include <stdexcept>
 
 #include "vexpa/xmlfx/BalancedTree.h"
 #include "vexpa/xmlfx/RegistryMap.h"
@@ -172,6 +173,7 @@ void RegistryMap<Key, T>::Grow(size_type count) {
 
 template <class Key, class T>
 void RegistryMap<Key, T>::reserve(size_type count) {
+    if (count > buckets_.max_size() / 2) throw std::length_error("RegistryMap::reserve");
     if (count > buckets_.size()) Grow(count);
     if (count > 0) Memory(count);
 }

@@ -13,7 +13,7 @@ namespace tarn::xmlfx {
 // and its child elements' sets in the order of their events.
 class XmlAttrBuilder : public XmlAttrHandler {
 public:
-    // [owned] A builder that reports to `callback`, which outlives it.
+    // [owned] A builder that reports to `callback`, never null, which outlives it.
     VEXPA_API static Handle<XmlAttrBuilder> New(XmlAttrCallback* callback);
 
 protected:
