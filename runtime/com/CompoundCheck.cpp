@@ -27,6 +27,7 @@ constexpr std::uint32_t kMiniCutoff = 4096;
 constexpr std::uint32_t kMaxRegularSector = 0xFFFFFFFA;
 constexpr std::uint32_t kFreeSector = 0xFFFFFFFF;
 
+constexpr std::uint32_t kRootEntry = 0;
 constexpr std::size_t kEntrySize = 128;
 constexpr std::size_t kTypeAt = 66;
 constexpr std::size_t kLeftAt = 68;
@@ -94,6 +95,7 @@ private:
     bool ReadMiniFat();
     bool WalkDirectory();
     bool CheckEntry(std::size_t at);
+    bool HasSiblings(std::size_t at) const;
 
     std::uint32_t Next(const Table& table, std::uint32_t sector) const;
     bool ChainEnds(const Table& table, std::uint32_t start);
@@ -182,7 +184,7 @@ bool Checker::WalkDirectory() {
     const std::size_t count = directory_.size() * perSector;
     std::vector<bool> seen(count);
     std::vector<std::uint32_t> elements(count);
-    std::vector<Visit> open{{0, 1, 0}};
+    std::vector<Visit> open{{kRootEntry, 1, kRootEntry}};
     while (!open.empty()) {
         const Visit visit = open.back();
         open.pop_back();
@@ -197,6 +199,7 @@ bool Checker::WalkDirectory() {
         // libgsf neither shows nor follows what is of no known type; links are garbage there.
         if (type != kStorageType && type != kStreamType && type != kRootType) continue;
         if (!CheckEntry(at)) return false;
+        if (visit.entry == kRootEntry && HasSiblings(at)) return false;
         open.push_back({U32(at + kLeftAt), visit.depth + 1, visit.parent});
         open.push_back({U32(at + kRightAt), visit.depth + 1, visit.parent});
         // A stream has no elements, whatever its entry says.
@@ -213,6 +216,11 @@ bool Checker::CheckEntry(std::size_t at) {
     if (type == kRootType) return ChainEnds(fat_, start);
     if (type == kStorageType) return true;
     return ChainEnds(U32(at + kSizeAt) < kMiniCutoff ? miniFat_ : fat_, start);
+}
+
+// A sibling of the root is in no storage, and libgsf would lose the memory it takes for it.
+bool Checker::HasSiblings(std::size_t at) const {
+    return U32(at + kLeftAt) <= kMaxRegularSector || U32(at + kRightAt) <= kMaxRegularSector;
 }
 
 }  // namespace

@@ -83,6 +83,15 @@ TEST(CompoundCheck, RefusesADirectoryThatMeetsItselfAgain) {
     }
 }
 
+TEST(CompoundCheck, RefusesARootWithSiblings) {
+    RawEntry root = Root(1);
+    root.left = 2;
+    EXPECT_FALSE(OpensWith(RawCompoundBytes({root, {u"S"}, {u"T"}})));
+    root = Root(1);
+    root.right = 2;
+    EXPECT_FALSE(OpensWith(RawCompoundBytes({root, {u"S"}, {u"T"}})));
+}
+
 TEST(CompoundCheck, FollowsNoLinksThatMeanNothing) {
     EXPECT_TRUE(OpensWith(RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, 77}})));
     EXPECT_TRUE(OpensWith(RawCompoundBytes({Root(1), {u"X", 0xC0, 77, 78, 79}})));

@@ -1,0 +1,28 @@
+// fuzz/MemoryFile.h - a file that exists in memory only.
+#ifndef VEXPA_FUZZ_MEMORYFILE_H_
+#define VEXPA_FUZZ_MEMORYFILE_H_
+
+#include <string>
+#include <string_view>
+
+namespace vexpa_fuzz {
+
+// The archive calls take paths; this one has a path, yet no run ever touches a disk.
+class MemoryFile {
+public:
+    explicit MemoryFile(std::string_view bytes);
+    ~MemoryFile();
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    const std::string& Path() const { return path_; }
+    std::u16string Path16() const { return {path_.begin(), path_.end()}; }
+
+private:
+    int descriptor_;
+    std::string path_;
+};
+
+}  // namespace vexpa_fuzz
+
+#endif  // VEXPA_FUZZ_MEMORYFILE_H_
