@@ -17,7 +17,7 @@ constexpr std::uint32_t kReadWrite = 2;  // STGM_READWRITE
 
 HRESULT BlockStream::Read(void* destination, std::uint32_t size, std::uint32_t* read) {
     if (read != nullptr) *read = 0;
-    if (destination == nullptr && size != 0) return E_INVALIDARG;
+    if (destination == nullptr) return size == 0 ? S_OK : E_INVALIDARG;
     const auto count = static_cast<std::uint32_t>(Available(size));
     if (count == 0) return S_OK;
     std::memcpy(destination, block_->bytes + position_, count);

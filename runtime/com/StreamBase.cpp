@@ -7,7 +7,7 @@ namespace vexpa_runtime {
 
 namespace {
 
-constexpr std::size_t kCopyPiece = 16 * 1024;
+constexpr std::size_t kCopyPiece = 16UL * 1024;
 
 }  // namespace
 

@@ -12,7 +12,7 @@ namespace {
 
 // Documents open at once are few. The bytes are room for several hundred thousand entries.
 constexpr std::size_t kMostFiles = 8;
-constexpr std::size_t kMostBytes = 32 * 1024 * 1024;
+constexpr std::size_t kMostBytes = 32UL * 1024 * 1024;
 
 constexpr std::int64_t kLongestTickSeconds = 2;
 

@@ -28,7 +28,7 @@ constexpr std::uint64_t kLikelyHeaderSize = 1024;
 
 // Deflate turns two bits into 258 bytes at best, a ratio of 1032; small data gets some slack.
 constexpr std::uint64_t kBestRatio = 1032;
-constexpr std::uint64_t kRatioSlack = 64 * 1024;
+constexpr std::uint64_t kRatioSlack = 64UL * 1024;
 
 using Block = std::unique_ptr<char, FreeMemory>;
 

@@ -6,7 +6,7 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-constexpr std::uint64_t kWindow = 64 * 1024;
+constexpr std::uint64_t kWindow = 64ULL * 1024;
 
 }  // namespace
 

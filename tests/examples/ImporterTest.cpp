@@ -19,7 +19,6 @@ using namespace importer;
 using namespace vexpa_test;
 using tarn::xmlfx::kNullToken;
 using tarn::xmlfx::kTextToken;
-using tarn::xmlfx::XmlRoAttr;
 
 constexpr const char16_t* kWordUri = u"http://schemas.openxmlformats.org/wordprocessingml/2006/main";
 

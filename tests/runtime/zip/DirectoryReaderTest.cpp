@@ -147,7 +147,7 @@ TEST(ZipDirectory, ThatIsDamagedListsAndGivesNothing) {
 TEST(ZipDirectory, WithARecordCutOffIsDamaged) {
     std::string bytes = SmallZip().Bytes();
     const std::size_t last = bytes.rfind("PK\1\2");
-    for (const std::size_t lengthField : {28, 30, 32}) {  // name, extra data, comment
+    for (const std::size_t lengthField : {28UL, 30UL, 32UL}) {  // name, extra data, comment
         std::string lying = bytes;
         lying[last + lengthField + 1] = '\x7F';
         ExpectNothing(lying);
