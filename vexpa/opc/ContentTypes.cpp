@@ -1,7 +1,5 @@
 #include "vexpa/opc/ContentTypes.h"
 
-#include <utility>
-
 #include "runtime/Runtime.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/opc/PartNameKey.h"
@@ -28,13 +26,14 @@ void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t
 }  // namespace
 
 void ContentTypes::Read(IDomDocument& document) {
-    ForEachRule(document, u"Override", u"PartName", [this](std::u16string name, std::u16string type) {
-        const std::u16string key(PartNameKey(name));
-        overrideContentTypes.try_emplace(PartUri(key.c_str()), std::move(type));
-    });
+    ForEachRule(document, u"Override", u"PartName",
+                [this](const std::u16string& name, const std::u16string& type) {
+                    const std::u16string key(PartNameKey(name));
+                    overrideContentTypes.try_emplace(PartUri(key.c_str()), type);
+                });
     ForEachRule(document, u"Default", u"Extension",
-                [this](std::u16string extension, std::u16string type) {
-                    defaultContentTypes.try_emplace(std::move(extension), std::move(type));
+                [this](const std::u16string& extension, const std::u16string& type) {
+                    defaultContentTypes.try_emplace(extension, type);
                 });
 }
 
