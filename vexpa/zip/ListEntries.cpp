@@ -11,8 +11,6 @@ namespace lumo::Compression::Zip {
 
 namespace {
 
-constexpr int kReadAccess = 4;
-
 class OwnedBstr {
 public:
     explicit OwnedBstr(const char16_t* text) : text_(_XSysAllocString(text)) {
@@ -77,7 +75,7 @@ private:
 
 void ListEntries(UnZipArchiveImpl& archive) {
     const char16_t* path = archive.archivePath.c_str();
-    if (_Xaccess(path, kReadAccess) != 0) return;
+    if (!IsReadable(archive)) return;
 
     std::int32_t count = 0;
     _XGetZipFileCount(path, &count);

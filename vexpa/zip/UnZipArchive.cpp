@@ -9,24 +9,19 @@
 
 namespace lumo::Compression::Zip {
 
-namespace {
-
-constexpr int kReadAccess = 4;
-
-bool IsReadable(const std::u16string& path) {
-    return _Xaccess(path.c_str(), kReadAccess) == 0;
+bool IsReadable(const UnZipArchiveImpl& archive) {
+    constexpr int kReadAccess = 4;
+    return _Xaccess(archive.archivePath.c_str(), kReadAccess) == 0;
 }
-
-}  // namespace
 
 UnZipArchive::UnZipArchive() noexcept = default;
 UnZipArchive::~UnZipArchive() = default;
 
 HRESULT UnZipArchive::Open(const char16_t* path) {
-    if (impl_ && IsReadable(impl_->archivePath)) return E_ACCESSDENIED;
+    if (impl_ && IsReadable(*impl_)) return E_ACCESSDENIED;
     impl_ = std::make_unique<UnZipArchiveImpl>();
     impl_->archivePath = tarn::CopyText(path);
-    return IsReadable(impl_->archivePath) ? S_OK : E_FAIL;
+    return IsReadable(*impl_) ? S_OK : E_FAIL;
 }
 
 void UnZipArchive::Close() noexcept {

@@ -33,6 +33,9 @@ struct UnZipArchiveImpl {
     std::u16string reservedText;
 };
 
+// Whether the platform may read the file now.
+bool IsReadable(const UnZipArchiveImpl& archive);
+
 // Fills the list of entries from the platform; a failure leaves it empty.
 void ListEntries(UnZipArchiveImpl& archive);
 
