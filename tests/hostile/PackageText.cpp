@@ -37,7 +37,7 @@ std::string Joined(const Lines& lines) {
 std::string TypeText(const opc::Relationship& relationship) {
     const std::u16string known = Text(opc::GetRelationshipTypeUri(relationship.GetTypeId()));
     if (!known.empty()) return NameText(known.substr(known.rfind(u'/') + 1));
-    return "\"" + NameText(Text(relationship.GetType())) + "\"";
+    return "type " + NameText(Text(relationship.GetType()));
 }
 
 std::string DataText(opc::Part& part) {
@@ -62,9 +62,7 @@ public:
 private:
     void AddPart(opc::Part& part) {
         const std::string name = NameText(part.GetName().name);
-        const std::string contentType = NameText(Text(part.GetContentType()));
-        lines_.push_back(name + ": " + (contentType.empty() ? "(no type)" : contentType) + " " +
-                         DataText(part));
+        lines_.push_back(name + ": " + NameText(Text(part.GetContentType())) + " " + DataText(part));
         AddRelationships(name, part.GetRelationships());
     }
 
@@ -108,6 +106,7 @@ std::string BytesText(std::string_view bytes) {
 }
 
 std::string NameText(std::u16string_view name) {
+    if (name.empty()) return "(empty)";
     constexpr std::size_t kEnd = 12;
     if (name.size() > kLongestText) {
         return NameText(name.substr(0, kEnd)) + "...(" + std::to_string(name.size()) + " units)..." +

@@ -10,13 +10,10 @@ namespace vexpa_test {
 
 namespace {
 
-constexpr const char* kImage =
-    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/image";
-
-const std::string kDocumentLines =
-    "package: rId1 officedocument -> word/document.xml\n"
-    "word/document.xml: application/xml \"<document/>\"\n"
-    "word/document.xml: rId1 image -> word/a.png";
+auto Find(ZipFile& zip, std::string_view name) {
+    return std::find_if(zip.entries.begin(), zip.entries.end(),
+                        [name](const ZipEntry& entry) { return entry.name == name; });
+}
 
 }  // namespace
 
@@ -34,29 +31,52 @@ ZipFile SmallPackage() {
 }
 
 ZipEntry& EntryOf(ZipFile& zip, std::string_view name) {
-    const auto found = std::find_if(zip.entries.begin(), zip.entries.end(),
-                                    [name](const ZipEntry& entry) { return entry.name == name; });
+    const auto found = Find(zip, name);
     if (found == zip.entries.end()) throw std::logic_error("no such entry");
     return *found;
 }
 
-std::string SmallPackageWith(std::string_view entry, std::string content) {
+ZipFile SmallPackageWith(std::string_view entry, std::string content) {
     ZipFile zip = SmallPackage();
-    std::erase_if(zip.entries, [entry](const ZipEntry& e) { return e.name == entry; });
-    zip.Add(std::string(entry), std::move(content));
-    return zip.Bytes();
+    const auto found = Find(zip, entry);
+    if (found == zip.entries.end()) {
+        zip.Add(std::string(entry), std::move(content));
+    } else {
+        found->content = std::move(content);
+    }
+    return zip;
 }
 
-std::string SmallPackageText() {
-    return SmallPackageText("\"pixels\"");
+std::function<std::string()> PackageWith(std::function<void(ZipFile&)> change) {
+    return [change = std::move(change)] {
+        ZipFile zip = SmallPackage();
+        change(zip);
+        return zip.Bytes();
+    };
 }
+
+std::function<std::string()> PictureWith(std::function<void(ZipEntry&)> change) {
+    return PackageWith(
+        [change = std::move(change)](ZipFile& zip) { change(EntryOf(zip, kPictureEntry)); });
+}
+
+const std::string kDocumentText =
+    "package: rId1 officedocument -> word/document.xml\n"
+    "word/document.xml: application/xml \"<document/>\"\n";
 
 std::string SmallPackageText(std::string_view picture) {
-    return kDocumentLines + "\nword/a.png: image/png " + std::string(picture) + "\n";
+    return kDocumentText +
+           "word/document.xml: rId1 image -> word/a.png\n"
+           "word/a.png: image/png " +
+           std::string(picture) + "\n";
 }
 
-std::string SmallPackageTextWithoutPicture() {
-    return kDocumentLines + ", no part\n";
+std::string PictureUnreadable() {
+    return SmallPackageText("no stream");
+}
+
+std::string PictureMissing() {
+    return kDocumentText + "word/document.xml: rId1 image -> word/a.png, no part\n";
 }
 
 }  // namespace vexpa_test
