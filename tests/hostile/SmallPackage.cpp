@@ -60,6 +60,8 @@ std::function<std::string()> PictureWith(std::function<void(ZipEntry&)> change) 
         [change = std::move(change)](ZipFile& zip) { change(EntryOf(zip, kPictureEntry)); });
 }
 
+const std::string kDeflatedPixels("\x2B\xC8\xACH\xCD)\x06\x00", 8);
+
 const std::string kDocumentText =
     "package: rId1 officedocument -> word/document.xml\n"
     "word/document.xml: application/xml \"<document/>\"\n";

@@ -16,6 +16,9 @@ inline constexpr const char* kDocumentEntry = "word/document.xml";
 inline constexpr const char* kDocumentRelationshipsEntry = "word/_rels/document.xml.rels";
 inline constexpr const char* kPictureEntry = "word/a.png";
 
+// The picture's bytes as deflate gives them in eight, whatever the compressor at hand does.
+extern const std::string kDeflatedPixels;
+
 // The type of a relationship to a picture.
 inline constexpr const char* kImage =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/image";
