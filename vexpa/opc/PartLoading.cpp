@@ -41,7 +41,7 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) 
 // cost the caller the part itself.
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
-    const std::u16string entryName = EntryName(RelationshipEntryName(source));
+    const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
     if (entryName.empty()) return;
 
     HGBL block = nullptr;
