@@ -11,6 +11,7 @@
 #include "runtime/zip/EntryName.h"
 #include "runtime/zip/ForwardReader.h"
 #include "runtime/zip/LittleEndian.h"
+#include "runtime/zip/OverlapCheck.h"
 
 namespace vexpa_runtime::zip {
 
@@ -138,6 +139,7 @@ public:
     std::size_t Count() const { return entries_.size(); }
 
     std::shared_ptr<const Directory> Result() {
+        MarkOverlaps(entries_, fileSize_);
         return std::make_shared<const Directory>(std::move(entries_), std::move(names_));
     }
 

@@ -5,7 +5,7 @@
 
 namespace tarn::opc {
 
-PackageImpl::PackageImpl() = default;
+PackageImpl::PackageImpl(RelationshipAllowance allowance) : allowance_(allowance) {}
 
 PackageImpl::~PackageImpl() {
     PackageImpl::Close();
@@ -47,7 +47,7 @@ bool PackageImpl::HasRelationshipById(const unsigned short* id) {
 
 Part* PackageImpl::FindPart(const unsigned short* name) {
     const PartUri uri(name);
-    return FindLoaded(PartNameKey(uri.name));
+    return FindLoaded(LoadedPartKey(uri.name));
 }
 
 PartImpl* PackageImpl::FindLoaded(std::u16string_view key) const {
