@@ -16,12 +16,18 @@ namespace {
 thread_local SystemCalls* active = nullptr;
 }
 
-SystemCalls::SystemCalls(Hook hook) : hook_(std::move(hook)) {
+SystemCalls::SystemCalls() {
     active = this;
 }
 
 SystemCalls::~SystemCalls() {
     active = nullptr;
+}
+
+void SystemCalls::SetHook(Hook hook) {
+    hook_ = std::move(hook);
+    count_ = 0;
+    bytesRead_ = 0;
 }
 
 // What a hook itself calls is the truth.

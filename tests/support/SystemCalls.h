@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace vexpa_test {
 
@@ -39,10 +40,14 @@ public:
     // Asked before every call; may do to the files what it likes.
     using Hook = std::function<SystemAnswer(const SystemCall&)>;
 
-    explicit SystemCalls(Hook hook = nullptr);
+    SystemCalls();
+    explicit SystemCalls(Hook hook) : SystemCalls() { SetHook(std::move(hook)); }
     ~SystemCalls();
     SystemCalls(const SystemCalls&) = delete;
     SystemCalls& operator=(const SystemCalls&) = delete;
+
+    // Calls are numbered, and counted, anew.
+    void SetHook(Hook hook);
 
     // What the system says about time from now on. Without it the truth.
     void SetClock(std::timespec now) { now_ = now; }
