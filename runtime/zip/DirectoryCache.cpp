@@ -30,7 +30,7 @@ bool IsMoreThanATickBefore(std::int64_t seconds, std::int64_t nanoseconds, const
 // Both stamps count: file systems without a change time report another one in its place. But a
 // modification in the future was set by hand and says nothing about the last write: archivers
 // keep it, and a file must not be slow for it.
-bool HasSettled(const FileIdentity& file, const std::timespec& now) {
+bool HadSettled(const FileIdentity& file, const std::timespec& now) {
     const bool isModifiedLater =
         std::pair(file.modifiedSeconds, file.modifiedNanoseconds) >
         std::pair<std::int64_t, std::int64_t>(now.tv_sec + kLongestTickSeconds, now.tv_nsec);
@@ -53,10 +53,14 @@ std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identi
     return kept_.back().directory;
 }
 
+bool DirectoryCache::HasSettled(const ArchiveFile& file) const {
+    return HadSettled(file.Identity(), clock_());
+}
+
 std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
     const std::timespec start = clock_();
     std::shared_ptr<const Directory> directory = ReadDirectory(file);
-    if (directory != nullptr && HasSettled(file.Identity(), start) && file.IsUnchanged()) {
+    if (directory != nullptr && HadSettled(file.Identity(), start) && file.IsUnchanged()) {
         Keep(file.Identity(), directory);
     }
     return directory;

@@ -34,6 +34,10 @@ public:
     // The directory kept of the file when it had this identity, or null.
     std::shared_ptr<const Directory> Find(const FileIdentity& identity);
 
+    // Whether every change of `file` from now on shows in its identity, as its last one already
+    // lies more than a tick back.
+    bool HasSettled(const ArchiveFile& file) const;
+
     // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound one.
     std::shared_ptr<const Directory> Read(const ArchiveFile& file);
 
