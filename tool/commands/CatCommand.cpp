@@ -4,7 +4,9 @@
 #include <string>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
 #include "tool/model/OpenPackage.h"
+#include "tool/model/PartArgument.h"
 #include "tool/model/PartReader.h"
 #include "tool/text/Output.h"
 
@@ -17,22 +19,23 @@ struct Arguments {
     std::string part;
 };
 
-void Run(const Arguments& arguments) {
-    const auto package = OpenPackage(arguments.file);
-    tarn::opc::Part& part = OpenPart(*package, arguments.file, arguments.part);
-    const auto write = [](const char* bytes, std::size_t size) { Write(bytes, size); };
-    if (!PartReader(arguments.file).Read(part, write)) {
-        throw PartError(kReadOrWriteError, arguments.file, arguments.part,
+ExitStatus Run(const Arguments& arguments) {
+    const InputFile file = TheFile(arguments.file);
+    const auto package = OpenPackage(file);
+    tarn::opc::Part& part = FindPart(*package, file, arguments.part);
+    const auto write = [](const char* bytes, std::size_t size) { StandardOutput().Write(bytes, size); };
+    if (!PartReader(file).Read(part, write)) {
+        throw PartError(kReadOrWriteError, file, arguments.part,
                         "cannot be extracted: damaged or encrypted");
     }
+    return kDone;
 }
 
-std::function<void()> Declare(CLI::App& app) {
+CommandRun Declare(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
-    app.add_option("FILE", arguments->file, "the package")->required();
-    app.add_option("PART", arguments->part, "a part name, with or without the leading slash")
-        ->required();
-    return [arguments] { Run(*arguments); };
+    AddFile(app, arguments->file);
+    AddPart(app, arguments->part, "what to write")->required();
+    return [arguments] { return Run(*arguments); };
 }
 
 const CommandRegistration registration({"cat", "Write the bytes of a part", Declare});

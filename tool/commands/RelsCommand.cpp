@@ -4,7 +4,10 @@
 #include <string>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
 #include "tool/model/OpenPackage.h"
+#include "tool/model/PackageJson.h"
+#include "tool/model/PartArgument.h"
 #include "tool/model/PartWalk.h"
 #include "tool/text/Output.h"
 #include "tool/text/ShortNames.h"
@@ -20,7 +23,7 @@ namespace opc = tarn::opc;
 struct Arguments {
     std::string file;
     std::string part;
-    bool hasPart = false;
+    bool json = false;
 };
 
 Table::Row MakeRow(opc::Package& package, const opc::Relationship& relationship) {
@@ -34,25 +37,34 @@ Table::Row MakeRow(opc::Package& package, const opc::Relationship& relationship)
             hasPart};
 }
 
-void Run(const Arguments& arguments) {
-    const auto package = OpenPackage(arguments.file);
-    const opc::RelationshipMap& relationships =
-        arguments.hasPart ? OpenPart(*package, arguments.file, arguments.part).GetRelationships()
-                          : package->GetRelationships();
+ExitStatus Show(const InputFile& file, const std::string& part, Output& out) {
+    const auto package = OpenPackage(file);
+    const opc::RelationshipMap& relationships = FindRelationships(*package, file, part);
     Table table;
     table.Add({"Id", "Type", "Mode", "Target", "Resolved", "Part"});
     for (const auto& [id, relationship] : relationships) table.Add(MakeRow(*package, *relationship));
-    for (const std::string& line : table.Lines()) WriteLine(line);
+    table.WriteTo(out);
+    return kDone;
 }
 
-std::function<void()> Declare(CLI::App& app) {
+ExitStatus Fill(const InputFile& file, const std::string& part, Json& json) {
+    const auto package = OpenPackage(file);
+    json["relationships"] = RelationshipsJson(*package, FindRelationships(*package, file, part));
+    return kDone;
+}
+
+CommandRun Declare(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
-    app.add_option("FILE", arguments->file, "the package")->required();
-    CLI::Option* part = app.add_option(
-        "PART", arguments->part, "the part that has the relationships; without it, the package's");
-    return [arguments, part] {
-        arguments->hasPart = part->count() != 0;
-        Run(*arguments);
+    AddFile(app, arguments->file);
+    AddPart(app, arguments->part, "what has the relationships, else the package");
+    AddJson(app, arguments->json);
+    return [arguments] {
+        const std::string& part = arguments->part;
+        FileCommand command;
+        command.showText = [&](const InputFile& file, Output& out) { return Show(file, part, out); };
+        command.members = {{"relationships", Json::array()}};
+        command.fillJson = [&](const InputFile& file, Json& json) { return Fill(file, part, json); };
+        return RunFile(arguments->file, arguments->json, command);
     };
 }
 

@@ -1,13 +1,16 @@
-// vexpa tree FILE: the package as a tree, along its relationships.
+// vexpa tree FILE...: the package as a tree, along its relationships.
 
 #include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
 #include "tool/model/OpenPackage.h"
+#include "tool/model/PackageJson.h"
 #include "tool/model/PartReader.h"
 #include "tool/model/RelationshipTree.h"
 #include "tool/text/Local.h"
@@ -32,7 +35,7 @@ std::string IdText(const opc::Relationship& relationship) {
 // Makes the rows of the table from the lines of the tree.
 class TreeRows {
 public:
-    explicit TreeRows(const std::string& file) : reader_(file) {}
+    explicit TreeRows(const InputFile& file) : reader_(file) {}
 
     Table::Row MakeRow(const TreeLine& line) {
         const std::string id = Padded(IdText(*line.relationship), IdWidth(*line.siblings));
@@ -84,19 +87,54 @@ private:
     std::unordered_map<const opc::RelationshipMap*, std::size_t> idWidths_;
 };
 
-void Run(const std::string& file) {
+ExitStatus Show(const InputFile& file, Output& out) {
     const auto package = OpenPackage(file);
     TreeRows rows(file);
     Table table;
     WalkTree(*package, [&](const TreeLine& line) { table.Add(rows.MakeRow(line)); });
-    WriteLine(PrintableLocal(file));
-    for (const std::string& line : table.Lines()) WriteLine(line);
+    out.WriteLine(PrintableLocal(file.name));
+    table.WriteTo(out);
+    return kDone;
 }
 
-std::function<void()> Declare(CLI::App& app) {
-    const auto file = std::make_shared<std::string>();
-    app.add_option("FILE", *file, "the package")->required();
-    return [file] { Run(*file); };
+const char* KindName(TargetKind kind) {
+    switch (kind) {
+        case TargetKind::Above:
+            return "above";
+        case TargetKind::Cycle:
+            return "cycle";
+        case TargetKind::Missing:
+            return "missing";
+        case TargetKind::External:
+            return "external";
+        case TargetKind::Part:
+            break;
+    }
+    return "part";
+}
+
+// Flat, as a tree of objects would be as deep as a hostile package wants.
+ExitStatus Fill(const InputFile& file, Json& json) {
+    const auto package = OpenPackage(file);
+    WalkTree(*package, [&](const TreeLine& line) {
+        Json item = {{"level", line.level}, {"kind", KindName(line.kind)}};
+        item.update(RelationshipJson(*package, *line.relationship));
+        json["tree"].push_back(std::move(item));
+    });
+    return kDone;
+}
+
+CommandRun Declare(CLI::App& app) {
+    const auto options = std::make_shared<FileOptions>();
+    AddFiles(app, *options);
+    return [options] {
+        FileCommand command;
+        command.heading = Heading::BlankLine;
+        command.showText = Show;
+        command.members = {{"tree", Json::array()}};
+        command.fillJson = Fill;
+        return RunFiles(*options, command);
+    };
 }
 
 const CommandRegistration registration({"tree", "Show the parts as a tree of relationships", Declare});

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "tool/model/OpenPackage.h"
+#include "tool/run/Interrupt.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Result.h"
 
@@ -58,6 +59,7 @@ bool PartReader::Read(opc::Part& part, const ByteSink& sink) {
     std::array<char, kPiece> piece;
     std::uint64_t left = open.size;
     while (left > 0) {
+        StopIfInterrupted();
         std::uint32_t read = 0;
         if (Failed(open.stream->Read(piece.data(), kPiece, &read)) || read == 0) return false;
         sink(piece.data(), read);

@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "tool/InputFile.h"
 #include "vexpa/opc/Package.h"
 
 namespace vexpa_tool {
@@ -26,7 +27,7 @@ struct PartDigest {
 // through a package of their own, which is given up again and again.
 class PartReader {
 public:
-    explicit PartReader(std::string file) : file_(std::move(file)) {}
+    explicit PartReader(InputFile file) : file_(std::move(file)) {}
 
     // Each is empty, or false, when the part has no stream or the stream ends early.
     bool Read(tarn::opc::Part& part, const ByteSink& sink);
@@ -38,7 +39,7 @@ private:
     OpenStream Open(tarn::opc::Part& part);
     tarn::opc::Part* Substitute(tarn::opc::Part& part);
 
-    std::string file_;
+    InputFile file_;
     tarn::Handle<tarn::opc::Package> other_;
     std::uint64_t kept_ = 0;  // bytes in the package that is read through
     bool useOther_ = false;

@@ -48,8 +48,8 @@ private:
         const bool isLast = ++branch.next == branch.relationships->end();
         opc::Part* part = TargetPart(package_, relationship);
         const TargetKind kind = KindOf(relationship, part);
-        sink_(
-            {branch.lead + (isLast ? "`- " : "|- "), &relationship, part, kind, branch.relationships});
+        sink_({branch.lead + (isLast ? "`- " : "|- "), &relationship, part, kind, branches_.size(),
+               branch.relationships});
         if (kind != TargetKind::Part) return;
         states_[part] = State::IsOpen;
         Enter(part->GetRelationships(), part, LeadBelow(branch.lead, isLast));

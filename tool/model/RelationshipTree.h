@@ -24,6 +24,7 @@ struct TreeLine {
     const tarn::opc::Relationship* relationship;
     tarn::opc::Part* part;  // null without a part
     TargetKind kind;
+    std::size_t level;                           // 1 for the relationships of the package
     const tarn::opc::RelationshipMap* siblings;  // this relationship's map
 };
 

@@ -50,4 +50,8 @@ std::vector<std::string> Table::Lines() const {
     return lines;
 }
 
+void Table::WriteTo(Output& out) const {
+    for (const std::string& line : Lines()) out.WriteLine(line);
+}
+
 }  // namespace vexpa_tool

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "tool/text/Output.h"
+
 namespace vexpa_tool {
 
 // The widest that a column gets: a longer cell pushes its own line out, not all of them,
@@ -28,6 +30,7 @@ public:
 
     // Each row with its columns aligned, two blanks between them, none at the end.
     std::vector<std::string> Lines() const;
+    void WriteTo(Output& out) const;
 
 private:
     std::vector<Row> rows_;
