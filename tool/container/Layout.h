@@ -36,7 +36,7 @@ struct Layout {
     std::uint64_t overlapCount = 0;  // entries that begin before another ends
     bool overlapsDirectory = false;  // an entry reaches into the directory
 
-    static constexpr std::size_t kMostOverlaps = 100;
+    static constexpr std::size_t kMostOverlaps = 1000;
 };
 
 // Reads the local header of every entry. Time is that of sorting the entries.
