@@ -129,10 +129,10 @@ opc::Part& FindPart(opc::Package& package, const InputFile& file, const std::str
     return PartFinder(package, file, argument).Find(FromLocal(argument));
 }
 
-const opc::RelationshipMap& FindRelationships(opc::Package& package, const InputFile& file,
-                                              const std::string& argument) {
-    if (argument.empty() || argument == "/") return package.GetRelationships();
-    return FindPart(package, file, argument).GetRelationships();
+opc::Part* FindPartOrPackage(opc::Package& package, const InputFile& file,
+                             const std::string& argument) {
+    if (argument.empty() || argument == "/") return nullptr;
+    return &FindPart(package, file, argument);
 }
 
 }  // namespace vexpa_tool
