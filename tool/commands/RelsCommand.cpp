@@ -43,8 +43,7 @@ public:
         Table::Row heading = {"Id", "Type", "Mode", "Target", "Resolved", "Part"};
         if (arguments_.isAll) heading.insert(heading.begin(), "Source");
         if (HasMark()) heading.push_back("First");
-        for (std::string& word : heading) word = Inked(Ink::Strong, word);
-        table_.Add(heading);
+        table_.AddHeading(heading);
     }
 
     void Add(const RelationshipSource& source) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "tool/text/Appearance.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -31,6 +32,11 @@ void Table::Add(Row row) {
         widths_[i] = std::max(widths_[i], width);
     }
     rows_.push_back(std::move(row));
+}
+
+void Table::AddHeading(Row words) {
+    for (std::string& word : words) word = Inked(Ink::Strong, word);
+    Add(std::move(words));
 }
 
 std::vector<std::string> Table::Lines() const {

@@ -27,6 +27,8 @@ public:
 
     void AlignRight(std::size_t column) { rightColumn_ = column; }
     void Add(Row row);
+    // A row of words that stand above columns.
+    void AddHeading(Row words);
 
     // Each row with its columns aligned, two blanks between them, none at the end.
     std::vector<std::string> Lines() const;
