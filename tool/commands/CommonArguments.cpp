@@ -48,8 +48,8 @@ CLI::Option* AddPart(CLI::App& app, std::string& part, const std::string& use) {
     return app.add_option("PART", part, use + ": a name or its end, main, or ID@PART");
 }
 
-void AddJson(CLI::App& app, bool& json) {
-    app.add_flag("--json", json, "write JSON");
+CLI::Option* AddJson(CLI::App& app, bool& json) {
+    return app.add_flag("--json", json, "write JSON");
 }
 
 void AddAppearance(CLI::App& app, AppearanceOptions& options) {

@@ -19,7 +19,7 @@ void AddFileOptions(CLI::App& app, FileOptions& options);
 void AddFile(CLI::App& app, std::string& file);
 // PART
 CLI::Option* AddPart(CLI::App& app, std::string& part, const std::string& use);
-void AddJson(CLI::App& app, bool& json);
+CLI::Option* AddJson(CLI::App& app, bool& json);
 
 // --color and --ascii, which every command has.
 void AddAppearance(CLI::App& app, AppearanceOptions& options);

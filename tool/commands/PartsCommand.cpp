@@ -24,10 +24,11 @@ ExitStatus Show(const InputFile& file, Output& out) {
     PartReader reader(file);
     Table table;
     table.AlignRight(kSizeColumn);
-    table.Add({"Part", "Size", "Content type"});
+    table.AddHeading({"Part", "Size", "Content type"});
     for (tarn::opc::Part* part : ReachedParts(*package)) {
         const std::optional<std::uint64_t> size = reader.Size(*part);
-        table.Add({PrintableOrQuotes(part->GetName().name), size ? std::to_string(*size) : "unreadable",
+        table.Add({PrintableOrQuotes(part->GetName().name),
+                   size ? std::to_string(*size) : Inked(Ink::Bad, "unreadable"),
                    PrintableOrQuotes(tarn::CopyText(part->GetContentType()))});
     }
     table.WriteTo(out);

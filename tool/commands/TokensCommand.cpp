@@ -152,7 +152,7 @@ void ShowNamespaces(const Arguments& arguments) {
     const Vocabulary vocabulary;
     Table table;
     table.AlignRight(2);
-    table.Add({"Prefix", "Id", "Names", "Namespace"});
+    table.AddHeading({"Prefix", "Id", "Names", "Namespace"});
     std::set<std::u16string_view> seen;
     for (const NamespacePrefix& row : kNamespacePrefixes) {
         if (!seen.insert(row.uri).second) continue;

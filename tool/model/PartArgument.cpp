@@ -1,16 +1,14 @@
 #include "tool/model/PartArgument.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
 #include <vector>
 
-#include "runtime/Runtime.h"
+#include "tool/model/EntryNames.h"
 #include "tool/model/OpenPackage.h"
 #include "tool/model/PartWalk.h"
 #include "tool/text/Local.h"
 #include "tool/text/Unicode.h"
-#include "vexpa/base/Result.h"
 
 namespace vexpa_tool {
 
@@ -19,15 +17,6 @@ namespace opc = tarn::opc;
 namespace {
 
 constexpr std::size_t kMostCandidates = 8;  // named in a message
-
-std::vector<std::u16string> EntryNames(const InputFile& file) {
-    const std::u16string path = FromLocal(file.path);
-    std::int32_t count = 0;
-    if (tarn::Failed(_XGetZipFileCount(path.c_str(), &count)) || count <= 0) return {};
-    std::vector<const char16_t*> names(static_cast<std::size_t>(count));
-    if (tarn::Failed(_XGetZipFileList(path.c_str(), names.data(), count))) return {};
-    return {names.begin(), names.end()};
-}
 
 bool IsTailOf(std::u16string_view name, std::u16string_view tail) {
     if (!name.ends_with(tail)) return false;
@@ -81,11 +70,9 @@ private:
     opc::Part* ByTail(std::u16string_view tail) const {
         if (tail.empty() || tail.find(u'@') != std::u16string_view::npos) return nullptr;
         std::vector<std::u16string> names;
-        for (const std::u16string& name : EntryNames(file_)) {
-            if (!name.ends_with(u'/') && IsTailOf(name, tail)) names.push_back(name);
+        for (const std::u16string& name : PartNames(file_)) {
+            if (IsTailOf(name, tail)) names.push_back(name);
         }
-        std::sort(names.begin(), names.end());
-        names.erase(std::unique(names.begin(), names.end()), names.end());
         if (names.size() > 1) Fail(Ambiguous(names));
         return names.empty() ? nullptr : ByName(names.front());
     }
@@ -129,10 +116,10 @@ opc::Part& FindPart(opc::Package& package, const InputFile& file, const std::str
     return PartFinder(package, file, argument).Find(FromLocal(argument));
 }
 
-const opc::RelationshipMap& FindRelationships(opc::Package& package, const InputFile& file,
-                                              const std::string& argument) {
-    if (argument.empty() || argument == "/") return package.GetRelationships();
-    return FindPart(package, file, argument).GetRelationships();
+opc::Part* FindPartOrPackage(opc::Package& package, const InputFile& file,
+                             const std::string& argument) {
+    if (argument.empty() || argument == "/") return nullptr;
+    return &FindPart(package, file, argument);
 }
 
 }  // namespace vexpa_tool

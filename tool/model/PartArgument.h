@@ -21,10 +21,9 @@ namespace vexpa_tool {
 tarn::opc::Part& FindPart(tarn::opc::Package& package, const InputFile& file,
                           const std::string& argument);
 
-// The relationships that `argument` means: those of a part, or of the package for "/" and
-// for the empty argument.
-const tarn::opc::RelationshipMap& FindRelationships(tarn::opc::Package& package, const InputFile& file,
-                                                    const std::string& argument);
+// [borrowed] The same; null is the package itself, for "/" and for the empty argument.
+tarn::opc::Part* FindPartOrPackage(tarn::opc::Package& package, const InputFile& file,
+                                   const std::string& argument);
 
 }  // namespace vexpa_tool
 

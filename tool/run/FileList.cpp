@@ -40,12 +40,16 @@ bool IsFolder(const std::string& path) {
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool IsList(const std::string& argument) {
+    return argument.size() > 1 && argument.front() == '@';
+}
+
 class Lister {
 public:
     explicit Lister(bool recursive) : recursive_(recursive) {}
 
     void Add(const std::string& argument) {
-        if (argument.size() > 1 && argument.front() == '@') return AddList(argument.substr(1));
+        if (IsList(argument)) return AddList(argument.substr(1));
         AddFile(argument);
     }
 
@@ -63,7 +67,6 @@ private:
     }
 
     void AddFolder(const std::string& folder) {
-        list_.isSeveral = true;
         std::vector<std::string> names;
         for (std::vector<fs::path> folders = {folder}; !folders.empty();) {
             const fs::path next = std::move(folders.back());
@@ -92,7 +95,6 @@ private:
     }
 
     void AddList(const std::string& name) {
-        list_.isSeveral = true;
         std::string text;
         if (!ReadList(name == "-" ? StandardInput() : InputFile(name), text)) return;
         const char end = text.find('\0') == std::string::npos ? '\n' : '\0';
@@ -139,11 +141,16 @@ bool IsDocumentName(const std::string& name) {
     return std::binary_search(std::begin(kExtensions), std::end(kExtensions), extension);
 }
 
+bool MeansSeveralFiles(const FileArguments& arguments) {
+    const std::vector<std::string>& words = arguments.arguments;
+    return arguments.recursive || words.size() > 1 || std::any_of(words.begin(), words.end(), IsList);
+}
+
 FileList ListFiles(const FileArguments& arguments) {
     Lister lister(arguments.recursive);
     for (const std::string& argument : arguments.arguments) lister.Add(argument);
     FileList list = lister.Take();
-    list.isSeveral = list.isSeveral || arguments.arguments.size() > 1;
+    list.isSeveral = MeansSeveralFiles(arguments);
     return list;
 }
 

@@ -18,11 +18,13 @@ struct FileArguments {
     bool recursive = false;
 };
 
+// Whether several files may be meant, however many there are: what decides the form of an
+// output must not depend on what is found.
+bool MeansSeveralFiles(const FileArguments& arguments);
+
 struct FileList {
     std::vector<InputFile> files;
-    // The command line may mean several files, however many there are: what decides the form
-    // of an output must not depend on what is found.
-    bool isSeveral = false;
+    bool isSeveral = false;     // MeansSeveralFiles
     ExitStatus status = kDone;  // worse when a folder or a list could not be read
 };
 

@@ -167,6 +167,11 @@ std::u16string Unescaped(std::u16string_view printable) {
 std::size_t DisplayWidth(std::string_view printable) {
     std::size_t width = 0;
     while (!printable.empty()) {
+        // Printable leaves no escape character, so this one begins or ends an ink.
+        if (printable.front() == '\x1b') {
+            printable.remove_prefix(std::min(printable.find('m') + 1, printable.size()));
+            continue;
+        }
         const int columns = wcwidth(static_cast<wchar_t>(TakeUtf8(printable)));
         width += columns < 0 ? 1 : static_cast<std::size_t>(columns);
     }

@@ -40,7 +40,7 @@ std::string PrintableOrQuotes(std::u16string_view text);
 // The other way round: what Printable wrote as \x1b, \u202e or \U0001fffe is that character.
 std::u16string Unescaped(std::u16string_view printable);
 
-// The columns that Printable's result takes on a terminal.
+// The columns that the text takes on a terminal: a result of Printable, in ink or without.
 std::size_t DisplayWidth(std::string_view printable);
 
 }  // namespace vexpa_tool
