@@ -1,9 +1,9 @@
 // The task with libgsf: its zip reader and its reader of relationships. It checks no CRC and
 // does not read the content types.
 
-#include <gsf/gsf.h>
 #include <gsf/gsf-infile-zip.h>
 #include <gsf/gsf-open-pkg-utils.h>
+#include <gsf/gsf.h>
 
 #include <deque>
 #include <memory>

@@ -20,7 +20,6 @@
 #include <cstring>
 #include <memory>
 #include <stdexcept>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -228,13 +227,8 @@ private:
 }  // namespace
 
 int main(int argc, char** argv) {
-    const bool fresh = argc > 1 && std::string(argv[1]) == "--fresh";
-    if (fresh) {
-        argv[1] = argv[0];
-        --argc;
-        ++argv;
-    }
+    const bool fresh = argc > 1 && argv[1] == std::string_view("--fresh");
     Limit limit(fresh);
-    return vexpa_bench::RunDriver(
-        argc, argv, [&](const char* file, Tally& tally) { limit.Pass(file, tally); });
+    return vexpa_bench::RunDriver(argc - fresh, argv + fresh,
+                                  [&](const char* file, Tally& tally) { limit.Pass(file, tally); });
 }

@@ -28,8 +28,8 @@ long ExtractHere(const std::string& file, const std::string& entry) {
     UzpCB callbacks{};
     callbacks.structlen = sizeof callbacks;
     UzpBuffer result{};
-    const int found = UzpUnzipToMemory(const_cast<char*>(file.c_str()), const_cast<char*>(entry.c_str()),
-                                       &options, &callbacks, &result);
+    const int found = UzpUnzipToMemory(const_cast<char*>(file.c_str()),
+                                       const_cast<char*>(entry.c_str()), &options, &callbacks, &result);
     std::free(result.strptr);
     return found != 0 ? static_cast<long>(result.strlength) : -1;
 }
