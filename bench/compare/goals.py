@@ -97,12 +97,16 @@ def vocabulary_goals(findings):
 def extraction_goals(findings):
     here = {row: {what: statistics.median(peers[OURS]) for what, peers in kinds.items()}
             for row, kinds in findings.extraction.items()}
-    shares = [(statistics.median(kinds["hit"][OURS]) / min(
-        statistics.median(times) for name, times in kinds["hit"].items() if name != OURS), row)
-        for row, kinds in findings.extraction.items() if len(kinds.get("hit", {})) > 1]
+    engine, libraries = [], []
+    for row, kinds in findings.extraction.items():
+        for peer, times in kinds["hit"].items():
+            if peer != OURS:
+                share = here[row]["hit"] / statistics.median(times)
+                (engine if peer == "unzip -p" else libraries).append((share, f"{row}, {peer}"))
     hits = [times["hit"] for row, times in here.items() if row.startswith("tree-")]
     return [
-        worst_goal("one extraction: time of the fastest other way", 1 / 7, shares, "{:.3f}"),
+        worst_goal("one extraction: what it adds to a process of `unzip`", 1 / 7, engine, "{:.3f}"),
+        worst_goal("one extraction: time of libzip or minizip", 1 / 7, libraries, "{:.3f}"),
         judged("one extraction: from the least to the most entries of trees", 1.2,
                max(hits) / min(hits) if hits else None),
         worst_goal("absent name, µs", 3.0, [(times["absent"] / 1e3, row) for row, times in here.items()]),

@@ -67,13 +67,11 @@ def measure_memory(build, rows):
     for row in rows:
         if not row.is_many and row.size < 4 * MIB:
             continue
-        work, _ = measure.parse(output(driver, row.path, "0"))
-        bound = 2 * work["largest"] + 16 * MIB + 1536 * work["parts"]
-        found.append({"row": row.name, "parts": work["parts"],
-                      "walk": measure.peak_memory([driver, "--walk-only", row.path, "0"]),
-                      "bound": bound,
-                      "held": measure.peak_memory([driver, row.path, "0"]),
-                      "held_bound": bound + work["bytes"] - work["largest"]})
+        held, _ = measure.parse(output(driver, row.path, "0"))
+        walk, _ = measure.parse(output(driver, "--walk-only", row.path, "0"))
+        bound = 2 * held["largest"] + 16 * MIB + 1536 * held["parts"]
+        found.append({"row": row.name, "parts": held["parts"], "walk": walk["peak"], "bound": bound,
+                      "held": held["peak"], "held_bound": bound + held["bytes"] - held["largest"]})
     return found
 
 

@@ -23,11 +23,13 @@ QUICK = Effort(rounds=3, seconds_a_round=0.1, cut_off=10, most_seconds=10)
 
 
 def parse(output):
-    """What a driver prints: its counts, and its times in nanoseconds."""
+    """What a driver prints: its counts and peak of memory, and its times in nanoseconds."""
     work, times = {}, []
     for line in output.splitlines():
         if line.startswith("work "):
             work = {key: int(value) for key, value in (word.split("=") for word in line.split()[1:])}
+        elif line.startswith("peak "):
+            work["peak"] = int(line.split()[1])
         elif line.startswith("ns "):
             times.append(int(line.split()[1]))
     return work, times
@@ -88,14 +90,6 @@ def measure_row(row, drivers, effort, left_out):
                 _, times = run(driver, row, cell.repetitions, driver.warm_ms)
             cell.rounds.append(times)
     return cells
-
-
-def peak_memory(command):
-    """The largest resident size of a child, in bytes."""
-    child = subprocess.Popen(command, stdout=subprocess.DEVNULL)
-    _, status, usage = os.wait4(child.pid, 0)
-    child.returncode = os.waitstatus_to_exitcode(status)
-    return usage.ru_maxrss * 1024 if child.returncode == 0 else None
 
 
 def let_settle(paths):

@@ -9,7 +9,9 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <fstream>
 #include <stdexcept>
+#include <string>
 
 namespace vexpa_bench {
 
@@ -25,6 +27,17 @@ int Number(const char* text) {
         throw std::invalid_argument(std::string("not a number: ") + text);
     }
     return number;
+}
+
+// The peak that the system keeps for the parent's wait counts the parent as well.
+void PrintPeak() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        unsigned long long kib;
+        if (std::sscanf(line.c_str(), "VmHWM: %llu kB", &kib) == 1) {
+            std::printf("peak %llu\n", kib * 1024);
+        }
+    }
 }
 
 void Time(const char* file, int repetitions, int warmMilliseconds, const Pass& pass) {
@@ -79,6 +92,7 @@ int RunDriver(int argc, char** argv, const Pass& pass) {
             Tally tally(false);
             pass(argv[1], tally);
             tally.Print();
+            PrintPeak();
         } else {
             Time(argv[1], repetitions, argc == 4 ? Number(argv[3]) : 0, pass);
         }

@@ -9,7 +9,8 @@
 //
 // Then passes go untimed until WARM_MS milliseconds are over, and each of the REPETITIONS
 // prints its time: `ns 1234567`. With 0 repetitions there is one pass without a checksum, for
-// timing a whole process from outside and for its peak of memory.
+// timing a whole process from outside; after it comes the process's peak of memory, as
+// `peak 12345678`, from drivers that know it.
 #ifndef VEXPA_BENCH_DRIVERS_DRIVER_H_
 #define VEXPA_BENCH_DRIVERS_DRIVER_H_
 

@@ -17,9 +17,10 @@ import sys
 import zipfile
 import zlib
 
-VERSION = "1"
+VERSION = "2"
 COUNTS = (100, 1_000, 10_000, 50_000)
 FAN_OUT = 10
+IN_A_FOLDER = 100  # libgsf goes through a folder for each name in it
 BASE = "http://schemas.openxmlformats.org/"
 OFFICE_DOCUMENT = BASE + "officeDocument/2006/relationships/officeDocument"
 SLIDE = BASE + "officeDocument/2006/relationships/slide"
@@ -76,12 +77,14 @@ DEFAULTS = {"rels": "application/vnd.openxmlformats-package.relationships+xml", 
 def many(writer, count, children):
     maker = random.Random(count)
     pool = paragraphs(maker, 200)
-    writer.head(DEFAULTS, "ppt/slides/slide0.xml")
+    writer.head(DEFAULTS, "ppt/0/slide0.xml")
     for i in range(count):
-        writer.add(f"ppt/slides/slide{i}.xml", slide(maker, pool, i))
-        targets = [(SLIDE, f"../slides/slide{child}.xml") for child in children(i) if child < count]
+        folder = i // IN_A_FOLDER
+        writer.add(f"ppt/{folder}/slide{i}.xml", slide(maker, pool, i))
+        targets = [(SLIDE, f"../{child // IN_A_FOLDER}/slide{child}.xml") for child in children(i)
+                   if child < count]
         if targets:
-            writer.add(f"ppt/slides/_rels/slide{i}.xml.rels", relationships(targets))
+            writer.add(f"ppt/{folder}/_rels/slide{i}.xml.rels", relationships(targets))
 
 
 def tree(count):
