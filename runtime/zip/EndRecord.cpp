@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "runtime/zip/DirectoryHeader.h"
 #include "runtime/zip/LittleEndian.h"
 
 namespace vexpa_runtime::zip {
@@ -36,7 +37,8 @@ bool ShowsDirectory(const ArchiveFile& file, const EndRecord& end) {
 }
 
 EndRecord Plain(const std::uint8_t* record, std::uint64_t position) {
-    return {position, Le16(record + 10), Le32(record + 12), Le32(record + 16), Le16(record + 4), false};
+    return {position,         position, Le16(record + 10), Le32(record + 12), Le32(record + 16),
+            Le16(record + 4), false};
 }
 
 struct End64 {

@@ -10,10 +10,9 @@
 
 namespace vexpa_runtime::zip {
 
-constexpr std::uint32_t kDirectoryHeaderSignature = 0x02014b50;
-
 // An end record, its zip64 companion (APPNOTE 4.3.14 to 4.3.16) worked in.
 struct EndRecord {
+    std::uint64_t position;      // of the record itself, not of its companion
     std::uint64_t directoryEnd;  // where the directory must end at the latest: the record begins
     std::uint64_t count;         // entries, as claimed
     std::uint64_t size;          // bytes of the directory, as claimed

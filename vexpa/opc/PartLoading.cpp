@@ -42,21 +42,25 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) 
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
     const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
-    if (entryName.empty()) return;
+    if (entryName.empty() || allowance_.IsUsedUp()) return;
 
     HGBL block = nullptr;
+    std::size_t size = 0;
     if (Failed(ExtractEntryToBlock(*archive_.GetImpl(), entryName.c_str(),
-                                   zip::OnBlockFailure::LoseBytes, &block))) {
+                                   zip::OnBlockFailure::LoseBytes, &block, &size))) {
         return;
     }
     ComPtr<IStream> stream;
     if (Failed(_XCreateStreamOnHGBL(block, zip::kFreeBlockOnRelease, stream.Out()))) return;
+    if (!allowance_.TakeText(size)) return;
 
     ComPtr<IDomDocument> document;
     ParseDocument(stream.Get(), document.Out());
     if (!document) return;
-    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<Relationship> relationship) {
+    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<RelationshipImpl> relationship) {
+        if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         part.Relationships().File(std::move(relationship), ownedObjects_);
+        return true;
     });
 }
 
