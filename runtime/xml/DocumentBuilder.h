@@ -3,10 +3,10 @@
 #define VEXPA_RUNTIME_XML_DOCUMENTBUILDER_H_
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "runtime/xml/Document.h"
 
@@ -32,11 +32,17 @@ public:
     std::unique_ptr<Document> Finish();
 
 private:
+    struct NamedElement {
+        std::uint32_t name;     // in DocumentData::localNames
+        std::uint32_t element;  // in DocumentData::elements, or kBare
+    };
+
+    std::uint32_t AddAttributes(const char* const* attributes);
     void AddAttribute(const char* name, const char* value);
     void BuildLists();
 
     std::unique_ptr<DocumentData> data_;
-    std::vector<std::uint32_t> elementNames_;  // in DocumentData::localNames, by element
+    std::deque<NamedElement> elements_;  // in document order
     std::u16string scratch_;
     std::uint64_t cost_ = 0;
 };

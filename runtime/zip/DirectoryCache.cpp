@@ -45,7 +45,7 @@ std::int64_t TickOf(const FileIdentity& file) {
 // Both stamps count: file systems without a change time report another one in its place. But a
 // modification in the future was set by hand and says nothing about the last write: archivers
 // keep it, and a file must not be slow for it.
-bool HasSettled(const FileIdentity& file, const std::timespec& now) {
+bool HadSettled(const FileIdentity& file, const std::timespec& now) {
     const Moment modified{file.modifiedSeconds, file.modifiedNanoseconds};
     const Moment changed{file.changedSeconds, file.changedNanoseconds};
     const Moment aTickAgo = Moved(now, -TickOf(file));
@@ -65,10 +65,14 @@ std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identi
     return kept_.back().directory;
 }
 
+bool DirectoryCache::HasSettled(const ArchiveFile& file) const {
+    return HadSettled(file.Identity(), clock_());
+}
+
 std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
     const std::timespec start = clock_();
     std::shared_ptr<const Directory> directory = ReadDirectory(file);
-    if (directory != nullptr && HasSettled(file.Identity(), start) && file.IsUnchanged()) {
+    if (directory != nullptr && HadSettled(file.Identity(), start) && file.IsUnchanged()) {
         Keep(file.Identity(), directory);
     }
     return directory;

@@ -14,7 +14,7 @@
 namespace vexpa_runtime::zip {
 
 // Whether every change from `now` on will give the file another identity.
-bool HasSettled(const FileIdentity& file, const std::timespec& now);
+bool HadSettled(const FileIdentity& file, const std::timespec& now);
 
 // Every call of the zip service names a file anew, and most name the file that the last one
 // named. What is kept is what parsing found; no file stays open, so that its file system can
@@ -37,6 +37,10 @@ public:
 
     // The directory kept of the file when it had this identity, or null.
     std::shared_ptr<const Directory> Find(const FileIdentity& identity);
+
+    // Whether every change of `file` from now on shows in its identity, as its last one already
+    // lies more than a tick back.
+    bool HasSettled(const ArchiveFile& file) const;
 
     // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound one.
     std::shared_ptr<const Directory> Read(const ArchiveFile& file);

@@ -138,25 +138,6 @@ TEST(GetPart, TakesANameWithAndWithoutItsLeadingSlashAsOnePart) {
     EXPECT_EQ(package->GetPart(opc::PartUri(u"//word/document.xml")), nullptr);
 }
 
-// An entry in many folders has thousands of spellings, and one part for each would read it again.
-TEST(GetPart, TakesAllSpellingsWithBackslashesAsOnePart) {
-    PackageFile file = MinimalPackage();
-    file.Entry("a/b/c/d.xml", "<d/>");
-    file.Entry("a/b/c/_rels/d.xml.rels", RelationshipsXml(RelationshipXml("rId1", "t", "e.xml")));
-    const Handle<opc::Package> package = file.Open();
-    opc::Part* slashes = package->GetPart(opc::PartUri(u"/a/b/c/d.xml"));
-    opc::Part* mixed = package->GetPart(opc::PartUri(u"a/b\\c/d.xml"));
-    ASSERT_NE(mixed, nullptr);
-    EXPECT_NE(mixed, slashes);
-    EXPECT_EQ(mixed->GetName().name, u"a/b\\c/d.xml");
-    EXPECT_TRUE(mixed->HasRelationship(ToUnits(u"rId1")));
-    for (const char16_t* name : {u"a\\b\\c\\d.xml", u"\\a\\b/c\\d.xml", u"a/b/c\\d.xml"}) {
-        EXPECT_EQ(package->GetPart(opc::PartUri(name)), mixed);
-        EXPECT_EQ(package->FindPart(name), mixed);
-    }
-    EXPECT_EQ(package->FindPart(u"a/b/c/d.xml"), slashes);
-}
-
 TEST(GetPart, KeepsTheNameAsItWasFirstGiven) {
     PackageFile file;
     file.Entry("a.xml", "<a/>");

@@ -22,8 +22,7 @@ namespace tarn::opc {
 //     opc::Part* document = main ? package->GetPart(main->GetResolvedTarget()) : nullptr;
 //
 // Part names  'word/document.xml' and '/word/document.xml' are the same part: one leading
-//           '/' or '\' does not count. Otherwise names are compared exactly, case included,
-//           but those with a '\' in them as if every '/' were one, too.
+//           '/' or '\' does not count. Otherwise names are compared exactly, case included.
 // Lifetime  Releasing the handle closes the package and ends every part and relationship.
 //           Streams and storages outlive it as long as the caller holds them. No file is
 //           kept open: bytes are read from the path when they are asked for.

@@ -47,7 +47,7 @@ bool PackageImpl::HasRelationshipById(const unsigned short* id) {
 
 Part* PackageImpl::FindPart(const unsigned short* name) {
     const PartUri uri(name);
-    return FindLoaded(LoadedPartKey(uri.name));
+    return FindLoaded(PartNameKey(uri.name));
 }
 
 PartImpl* PackageImpl::FindLoaded(std::u16string_view key) const {

@@ -15,15 +15,14 @@ namespace tarn::opc {
 namespace zip = lumo::Compression::Zip;
 
 Part* PackageImpl::GetPart(const PartUri& name) {
-    const std::u16string key = LoadedPartKey(name.name);
+    const std::u16string key(PartNameKey(name.name));
     if (PartImpl* loaded = FindLoaded(key)) return loaded;
     if (!archive_.HasEntry(key.c_str())) return nullptr;
     return LoadPart(name, key);
 }
 
 PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) {
-    auto part = std::make_unique<PartImpl>(name, EntryName(key),
-                                           contentTypes_.Find(PartNameKey(name.name)), &archive_);
+    auto part = std::make_unique<PartImpl>(name, EntryName(key), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
 
     // A key must never stand without its part, nor for the part that comes next.
@@ -42,7 +41,7 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) 
 // cost the caller the part itself.
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
-    const std::u16string entryName = EntryName(RelationshipEntryName(source));
+    const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
     if (entryName.empty() || allowance_.IsUsedUp()) return;
 
     HGBL block = nullptr;

@@ -15,18 +15,10 @@ inline std::u16string_view PartNameKey(std::u16string_view name) {
     return name;
 }
 
-// The key as it stands among the loaded parts. Spelled with slashes and with backslashes an entry is
-// two parts; but one in seven folders has 128 mixed spellings, and as many parts would each
-// extract it and read its relationships. So these are one with the backslashes alone.
-inline std::u16string LoadedPartKey(std::u16string_view name) {
-    std::u16string key(PartNameKey(name));
-    if (key.find(u'\\') != key.npos) std::replace(key.begin(), key.end(), u'/', u'\\');
-    return key;
-}
-
-// The key as the archive's entries are spelled, with slashes.
-inline std::u16string EntryName(std::u16string_view name) {
-    std::u16string entry(PartNameKey(name));
+// A key as the archive's entries are spelled, with slashes. A separator that the key begins
+// with is the entry's own.
+inline std::u16string EntryName(std::u16string_view key) {
+    std::u16string entry(key);
     std::replace(entry.begin(), entry.end(), u'\\', u'/');
     return entry;
 }

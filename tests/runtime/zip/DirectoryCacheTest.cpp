@@ -173,7 +173,7 @@ TEST(ZipDirectoryCacheTicks, AreToldFromTheStampsThatTheyLeave) {
         file.modifiedNanoseconds = row.modified.nanoseconds;
         file.changedSeconds = row.changed.seconds;
         file.changedNanoseconds = row.changed.nanoseconds;
-        EXPECT_EQ(HasSettled(file, kNow), row.hasSettled);
+        EXPECT_EQ(HadSettled(file, kNow), row.hasSettled);
     }
 }
 
