@@ -8,7 +8,6 @@
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define VEXPA_SANITIZER_ALLOCATES 1
-#include <sanitizer/allocator_interface.h>
 #endif
 
 namespace {
@@ -40,14 +39,21 @@ void OnGivenBack(std::size_t got) {
 
 #ifdef VEXPA_SANITIZER_ALLOCATES
 
+// As sanitizer/allocator_interface.h has them, which does not come with every compiler.
+extern "C" {
+std::size_t __sanitizer_get_allocated_size(const volatile void* memory);
+int __sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(const volatile void*, std::size_t),
+                                              void (*onFree)(const volatile void*));
+}
+
 namespace {
 
 void OnMalloc(const volatile void* memory, std::size_t size) {
-    OnTaken(size, __sanitizer_get_allocated_size(const_cast<const void*>(memory)));
+    OnTaken(size, __sanitizer_get_allocated_size(memory));
 }
 void OnFree(const volatile void* memory) {
     // What was taken before the hooks were in place was not counted, but is little.
-    if (memory != nullptr) OnGivenBack(__sanitizer_get_allocated_size(const_cast<const void*>(memory)));
+    if (memory != nullptr) OnGivenBack(__sanitizer_get_allocated_size(memory));
 }
 
 [[maybe_unused]] const int hooks = __sanitizer_install_malloc_and_free_hooks(OnMalloc, OnFree);
