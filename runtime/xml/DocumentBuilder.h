@@ -23,6 +23,10 @@ public:
 
     // How many bytes the document takes, about.
     std::uint64_t Cost() const noexcept { return cost_; }
+    // Elements and attributes.
+    std::uint64_t Nodes() const noexcept {
+        return std::uint64_t{data_->elements.size()} + data_->attributes.size();
+    }
 
     // The document; nothing may be added after this.
     std::unique_ptr<Document> Finish();

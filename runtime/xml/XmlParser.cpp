@@ -46,6 +46,7 @@ HRESULT XmlParser::Feed(IStream& stream) {
         if (read < 0) return read;
         if (got > static_cast<std::uint32_t>(wanted)) return E_FAIL;
         bytesFed_ += got;
+        if (bytesFed_ > kMaxBytes) return E_FAIL;
 
         // A piece may be short in the middle of a stream; only an empty one ends it.
         const bool last = got == 0;
@@ -86,7 +87,8 @@ void XMLCALL XmlParser::OnStart(void* self, const XML_Char* name, const XML_Char
         if (++parser.depth_ > kMaxDepth) return E_FAIL;
         parser.builder_.AddElement(name, attributes);
         const std::uint64_t allowed = kGrowthThreshold + kMaxGrowth * parser.bytesFed_;
-        return parser.builder_.Cost() > allowed ? E_FAIL : S_OK;
+        if (parser.builder_.Cost() > allowed || parser.builder_.Nodes() > kMaxNodes) return E_FAIL;
+        return S_OK;
     });
     if (added < 0) parser.Stop(added);
 }

@@ -46,6 +46,21 @@ TEST(HostileXml, CountsDepthAndNotElements) {
     EXPECT_EQ(ParseResult("<r>" + Repeat("<a><b/></a>", 2 * kMaxDepth) + "</r>"), S_OK);
 }
 
+TEST(HostileXml, TakesTheLargestDocumentAndNoLarger) {
+    const std::string start = "<r>", end = "</r>";
+    const std::string blanks(vexpa_runtime::kMaxBytes - start.size() - end.size(), ' ');
+    EXPECT_EQ(ParseResult(start + blanks + end), S_OK);
+    EXPECT_EQ(ParseResult(start + blanks + ' ' + end), E_FAIL);
+}
+
+TEST(HostileXml, CountsElementsAndAttributes) {
+    constexpr std::size_t kPairs = vexpa_runtime::kMaxNodes / 2;
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a/><b/>", kPairs - 1) + "<a/></r>"), S_OK);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a/><b/>", kPairs) + "</r>"), E_FAIL);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a b=''/>", kPairs - 1) + "<a/></r>"), S_OK);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a b=''/>", kPairs) + "</r>"), E_FAIL);
+}
+
 TEST(HostileXml, RefusesEntitiesThatGrowWithoutBoundInText) {
     EXPECT_EQ(ParseResult("<!DOCTYPE r [" + LaughingEntities(9) + "]><r>&e8;</r>"), E_FAIL);
 }
