@@ -39,6 +39,8 @@ than ours:
 
 
 def time_text(ns):
+    if ns <= 0:
+        return "lost in noise"
     for limit, unit, name in ((1e3, 1, "ns"), (1e6, 1e3, "µs"), (1e9, 1e6, "ms"), (float("inf"), 1e9, "s")):
         if ns < limit:
             value = ns / unit
@@ -201,7 +203,7 @@ def write(findings, folder):
         ("## Whole processes\n", cold_table, any(titles_of(findings, cold=True))),
         ("## One extraction by name\n\nFrom the path of an archive to the bytes of an entry, nothing kept by "
          "the caller. There is no\nlibrary of the Info-ZIP engine in Debian; `unzip -p` is the time of its "
-         "process less that of one\nthat only prints its version. CPU time for the libraries.\n",
+         "process less that of one\nthat only prints its version. CPU time.\n",
          extraction_table, findings.extraction),
         ("## Vocabulary\n\nCPU time.\n", vocabulary_table, findings.vocabulary),
         ("## The inspector\n\nOf the smallest document, process start included.\n", tool_table, findings.tool),

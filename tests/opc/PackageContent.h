@@ -17,11 +17,15 @@ struct PartContent {
     std::string relationships;           // a line for each; none: it has none
     std::optional<std::string> stream;   // nothing: it could not be read
     std::optional<std::string> storage;  // every element, a line for each; nothing: it is none
+
+    bool operator==(const PartContent&) const = default;
 };
 
 struct PackageContent {
     std::string relationships;
     std::map<std::string, PartContent> parts;  // by name, all that relationships lead to
+
+    bool operator==(const PackageContent&) const = default;
 };
 
 // Nothing when the package at `path` does not open.

@@ -103,7 +103,7 @@ void PutDirectoryHeader(std::string& out, const ZipEntry& entry, const Header& h
     Put(out, entry.comment.size(), 2);
     Put(out, entry.disk, 2);
     Put(out, 0, 2);  // internal attributes
-    Put(out, 0, 4);  // external attributes
+    Put(out, entry.attributes, 4);
     Put(out, Clip(header.offset, entry.zip64), 4);
     out += entry.name + extra + entry.comment;
 }

@@ -37,7 +37,8 @@ struct ZipEntry {
     std::string localExtra;              // and in the local header
     std::string comment;                 // in the directory
     std::uint16_t disk = 0;
-    bool directoryOnly = false;  // no local header, no data: localOffset says where those are
+    std::uint32_t attributes = 0;  // external: from Unix, the mode in the upper half
+    bool directoryOnly = false;    // no local header, no data: localOffset says where those are
 };
 
 // An archive: entries in order, then the directory and its end record (APPNOTE 4.3.6).

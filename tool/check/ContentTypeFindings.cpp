@@ -58,20 +58,41 @@ bool IsNearMiss(std::string_view name) {
            folded == "content_types.xml";
 }
 
-std::string NearMiss(const Subject& subject) {
+const ContainerEntry* FindNearMiss(const Subject& subject) {
     for (const ContainerEntry& entry : subject.container->Entries()) {
-        if (IsNearMiss(entry.name)) return "there is " + Shown(entry.name);
+        if (IsNearMiss(entry.name)) return &entry;
     }
-    return {};
+    return nullptr;
+}
+
+// Says what the archive has instead, and what to do about it.
+void ExplainMissing(const Subject& subject, Finding& finding) {
+    finding.cause = "no " + std::string(kContentTypesEntry);
+    if (subject.container->EntryCount() == 0) {
+        finding.cause += ": the archive has no entries";
+        finding.hint = "get the file again";
+        return;
+    }
+    if (const ContainerEntry* near = FindNearMiss(subject)) {
+        finding.cause += "; there is " + Shown(near->name);
+        if (near->name.find('/') == std::string_view::npos)
+            finding.hint = "give the entry its exact name";
+        return;
+    }
+    const std::string other = OtherFormat(subject);
+    if (!other.empty()) {
+        finding.cause += "; " + other;
+        finding.hint = "give it to a program for that kind of file";
+    } else if (subject.FindVariant(kRelationshipsEntry) == nullptr &&
+               subject.Find(kRelationshipsEntry) == nullptr) {
+        finding.cause = "a zip archive, but no package: neither " + std::string(kContentTypesEntry) +
+                        " nor " + kRelationshipsEntry + " is in it";
+    }
 }
 
 void ReportMissing(const Subject& subject, Findings& findings) {
-    findings.AddStop(FindingId::NoContentTypes, [&](Finding& finding) {
-        const bool isEmpty = subject.container->EntryCount() == 0;
-        std::string remark = isEmpty ? "the archive has no entries" : NearMiss(subject);
-        if (remark.empty()) remark = OtherFormat(subject);
-        finding.cause = "no " + std::string(kContentTypesEntry) + (remark.empty() ? "" : "; " + remark);
-    });
+    findings.AddStop(FindingId::NoContentTypes,
+                     [&](Finding& finding) { ExplainMissing(subject, finding); });
 }
 
 // The key of an Override: nothing but its first slash is taken off.
@@ -135,13 +156,9 @@ private:
 void CheckRules(const Subject& subject, Findings& findings) {
     const ContentTypeScan& scan = *subject.contentTypes;
     if (scan.hasDocumentType) ReportDocumentType(kContentTypesEntry, findings);
-    if (!scan.hasUsualRoot) {
-        findings.Add(FindingId::UnexpectedTypesRoot, [&](Finding& finding) {
-            finding.entry = kContentTypesEntry;
-            finding.cause = "its root element is " + Shown(scan.root) +
-                            ", not Types in the namespace of content types";
-        });
-    }
+    CheckRoot(kContentTypesEntry, {scan.root, scan.rootNamespace},
+              {"Types", "http://schemas.openxmlformats.org/package/2006/content-types"},
+              FindingId::UnexpectedTypesRoot, findings);
     Rules rules(subject, findings);
     for (const ContentTypeRule& rule : scan.rules) rules.Look(rule);
 }

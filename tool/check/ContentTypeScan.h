@@ -25,8 +25,8 @@ struct ContentTypeScan {
     std::vector<ContentTypeRule> rules;  // up to the fault
     std::optional<XmlFault> fault;
     bool hasDocumentType = false;
-    bool hasUsualRoot = false;
-    std::string root;
+    std::string root;           // its local name
+    std::string rootNamespace;  // as declared on it
 };
 
 ContentTypeScan ScanContentTypes(std::string_view document);

@@ -109,7 +109,7 @@ public:
         Add(packages_, "embedded package", "embedded packages", list);
         if (list.Count() == 0) return;
         findings.Add(FindingId::ActiveContent,
-                     [&](Finding& finding) { finding.cause = "has " + list.Text(); });
+                     [&](Finding& finding) { finding.cause = "holds " + list.Text(); });
     }
 
 private:

@@ -49,6 +49,7 @@ EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
 }  // namespace
 
 bool IsImpossibleSize(const ContainerEntry& entry) {
+    if ((entry.flags & kEncrypted) != 0) return false;  // its data has a header of its own
     if (entry.method == kStored) return entry.size != entry.compressedSize;
     return entry.method == kDeflated && entry.size > kRatioSlack &&
            (entry.size - kRatioSlack - 1) / kBestRatio >= entry.compressedSize;

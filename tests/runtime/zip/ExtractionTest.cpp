@@ -3,7 +3,6 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 #include "runtime/xml/XmlLimits.h"
 #include "runtime/zip/Extraction.h"
@@ -90,28 +89,6 @@ TEST_F(ZipExtraction, FailsWhenTheEntryIsGoneWhenTheFileIsOpened) {
     EXPECT_EQ(Finish(file, std::move(prospect)), std::nullopt);
 }
 
-TEST_F(ZipExtraction, GivesOneVersionOrTheOtherOfAFileThatIsReplacedAllTheTime) {
-    const ScratchFile file(Version("one", ""));
-    std::atomic<bool> stop = false;
-    std::thread replacer([&] {
-        const std::string next = file.Path() + ".next";
-        for (int i = 0; !stop; ++i) {
-            std::ofstream(next, std::ios::binary)
-                << (i % 2 == 0 ? Version("two", "moved") : Version("one", ""));
-            std::filesystem::rename(next, file.Path());
-        }
-    });
-    int ones = 0, twos = 0;
-    for (int i = 0; i < 1000; ++i) {
-        const auto content = Finish(file, Look(file));
-        if (content == "one") ++ones;
-        if (content == "two") ++twos;
-    }
-    stop = true;
-    replacer.join();
-    EXPECT_EQ(ones + twos, 1000);
-}
-
 // Unpacked they would only be refused by the parser.
 TEST_F(ZipExtraction, OfAListingLargerThanTheParserTakesFails) {
     const auto extracts = [this](const std::string& name, std::uint64_t size) {
@@ -128,5 +105,4 @@ TEST_F(ZipExtraction, OfAListingLargerThanTheParserTakesFails) {
     EXPECT_TRUE(extracts("word/document.xml", kMost + 1));
     EXPECT_TRUE(extracts("word/_rels/document.xml.rels2", kMost + 1));
 }
-
 }  // namespace
