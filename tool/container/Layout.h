@@ -25,6 +25,8 @@ struct Overlap {
 
 // What belongs to no entry, and what belongs to two. With a directory only.
 struct Layout {
+    // Every entry was found; otherwise what lies between them cannot be told.
+    bool isComplete = false;
     ByteRange before;                  // the first entry, or the directory of an archive without any
     ByteRange afterEntries;            // and before the directory
     ByteRange afterDirectory;          // and before the end record
@@ -36,7 +38,7 @@ struct Layout {
     std::uint64_t overlapCount = 0;  // entries that begin before another ends
     bool overlapsDirectory = false;  // an entry reaches into the directory
 
-    static constexpr std::size_t kMostOverlaps = 100;
+    static constexpr std::size_t kMostOverlaps = 1000;
 };
 
 // Reads the local header of every entry. Time is that of sorting the entries.

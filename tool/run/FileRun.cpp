@@ -59,6 +59,7 @@ public:
         Work();
         for (std::thread& thread : threads) thread.join();
         if (failure_) std::rethrow_exception(failure_);
+        if (list_.isSeveral && !options_.json && command_.showSummary) Summarize();
         return worst_;
     }
 
@@ -98,7 +99,14 @@ private:
     }
 
     Outcome DoText(const InputFile& file, Output& out) const {
-        return Attempt(file, [&] { return command_.showText(file, out); });
+        const bool isBrief = list_.isSeveral && command_.showBriefly;
+        const auto& show = isBrief ? command_.showBriefly : command_.showText;
+        return Attempt(file, [&] { return show(file, out); });
+    }
+
+    void Summarize() {
+        progress_.Erase();
+        command_.showSummary(StandardOutput());
     }
 
     Outcome DoJson(const InputFile& file, Output& out) const {

@@ -32,6 +32,9 @@ enum class Heading {
 struct FileCommand {
     Heading heading = Heading::Name;
     std::function<ExitStatus(const InputFile& file, Output& out)> showText;
+    // In place of showText when there are several files, and once after them; or none.
+    std::function<ExitStatus(const InputFile& file, Output& out)> showBriefly;
+    std::function<void(Output& out)> showSummary;
 
     // With --json the result is one object for each file, on one line if there are several:
     //
