@@ -12,7 +12,7 @@
 namespace vexpa_tool {
 
 // An Override or Default element; an absent attribute is nothing. UTF-8.
-struct ContentTypeRule {
+struct ScannedTypeRule {
     bool isOverride;
     std::optional<std::string> key;  // PartName or Extension
     std::optional<std::string> contentType;
@@ -22,7 +22,7 @@ struct ContentTypeRule {
 };
 
 struct ContentTypeScan {
-    std::vector<ContentTypeRule> rules;  // up to the fault
+    std::vector<ScannedTypeRule> rules;  // up to the fault
     std::optional<XmlFault> fault;
     bool hasDocumentType = false;
     std::string root;           // its local name

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "tool/check/CheckedSources.h"
 #include "tool/check/EntryBytes.h"
 #include "tool/check/EntryFaults.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
-#include "tool/check/RelationshipSources.h"
 #include "tool/check/Shown.h"
 #include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
@@ -81,7 +81,7 @@ std::string DistinctType(const opc::Relationship& relationship) {
 
 // What a search for the main part finds.
 void CheckMainPart(const Subject& subject, Findings& findings) {
-    const std::vector<RelationshipSource> sources = RelationshipSources(subject);
+    const std::vector<CheckedSource> sources = CheckedSources(subject);
     if (sources.empty() || sources.front().relationships.empty()) return;
     const std::vector<opc::Relationship*>& relationships = sources.front().relationships;
     if (subject.model->GetRelationshipByType(opc::RelTypeOfficeDocument) != nullptr) return;

@@ -43,7 +43,7 @@ public:
     void Look(const ContainerEntry& entry) {
         if (entry.name.ends_with('/') || subject_.Find(entry.name) != &entry) return;
         // What the headers tell is told of already.
-        if (!CanBeRead(entry)) return;
+        if (FindHeaderDamage(*subject_.container, entry) != EntryDamage::None) return;
         const std::string name(entry.name);
         opc::Part* part = subject_.model->GetPart(opc::PartUri(FromUtf8(name).c_str()));
         if (part == nullptr) return;
@@ -56,12 +56,6 @@ public:
     }
 
 private:
-    static bool CanBeRead(const ContainerEntry& entry) {
-        const bool isKnown = entry.method == kStored || entry.method == kDeflated;
-        return isKnown && (entry.flags & kEncrypted) == 0 && !entry.onOtherDisk &&
-               !IsImpossibleSize(entry);
-    }
-
     void Read(opc::Part& part, const std::string& name) {
         const std::string type = ToUtf8(tarn::CopyText(part.GetContentType()));
         // Content types and relationship streams are told of with the steps that read them.
