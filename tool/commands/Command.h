@@ -8,7 +8,11 @@
 #include <functional>
 #include <vector>
 
+#include "tool/ExitStatus.h"
+
 namespace vexpa_tool {
+
+using CommandRun = std::function<ExitStatus()>;
 
 // A command lies whole in a file of its own, which registers it:
 //
@@ -17,8 +21,8 @@ struct Command {
     const char* name;
     const char* summary;
     // Declares the command's arguments on its part of the command line, and answers what
-    // runs once they are read. It throws a ToolError to end with another status than 0.
-    std::function<void()> (*declare)(CLI::App& arguments);
+    // runs once they are read. It answers how the tool ends, or throws a ToolError.
+    CommandRun (*declare)(CLI::App& arguments);
 };
 
 class CommandRegistration {

@@ -1,15 +1,16 @@
 // vexpa tokens: the tokens of a part's names, and what the vocabulary knows.
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 #include <set>
 #include <string>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
 #include "tool/model/NameLookup.h"
 #include "tool/model/NamespacePrefixes.h"
 #include "tool/model/OpenPackage.h"
+#include "tool/model/PartArgument.h"
 #include "tool/model/PartReader.h"
 #include "tool/model/PartTokens.h"
 #include "tool/model/XmlElements.h"
@@ -41,8 +42,9 @@ void WriteName(const std::string& lead, std::u16string_view uri, const std::u16s
     std::u16string qualified(uri.empty() ? std::u16string_view() : PrefixOf(uri, token));
     if (!qualified.empty()) qualified += u':';
     const bool hasToken = token != tarn::xmlfx::kNullToken;
-    WriteLine(Padded(hasToken ? TokenText(token) : "-", kTokenColumn) + "  " +
-              Padded(lead + Printable(qualified + name), kNameColumn) + "  " + PrintableOrQuotes(uri));
+    StandardOutput().WriteLine(Padded(hasToken ? TokenText(token) : "-", kTokenColumn) + "  " +
+                               Padded(lead + Printable(qualified + name), kNameColumn) + "  " +
+                               PrintableOrQuotes(uri));
 }
 
 void WriteElement(const XmlElement& element, const ElementTokens& tokens) {
@@ -63,15 +65,15 @@ void WriteElementJson(const XmlElement& element, const ElementTokens& tokens) {
                               {"token", tokens.attributes[i]},
                               {"value", ToUtf8(attribute.value)}});
     }
-    WriteLine(JsonLine({{"depth", element.depth},
-                        {"uri", ToUtf8(element.uri)},
-                        {"name", ToUtf8(element.name)},
-                        {"token", tokens.element},
-                        {"attributes", std::move(attributes)}}));
+    StandardOutput().WriteLine(JsonLine({{"depth", element.depth},
+                                         {"uri", ToUtf8(element.uri)},
+                                         {"name", ToUtf8(element.name)},
+                                         {"token", tokens.element},
+                                         {"attributes", std::move(attributes)}}));
 }
 
 // Throws an XmlError; false when the part cannot be extracted.
-bool ReadElements(const std::string& file, tarn::opc::Part& part, const ElementSink& sink) {
+bool ReadElements(const InputFile& file, tarn::opc::Part& part, const ElementSink& sink) {
     XmlElements elements(sink);
     const auto feed = [&](const char* bytes, std::size_t size) { elements.Feed({bytes, size}); };
     if (!PartReader(file).Read(part, feed)) return false;
@@ -80,9 +82,9 @@ bool ReadElements(const std::string& file, tarn::opc::Part& part, const ElementS
 }
 
 void ShowPart(const Arguments& arguments) {
-    const std::string& file = arguments.fileOrName;
+    const InputFile file = TheFile(arguments.fileOrName);
     const auto package = OpenPackage(file);
-    tarn::opc::Part& part = OpenPart(*package, file, arguments.part);
+    tarn::opc::Part& part = FindPart(*package, file, arguments.part);
     const Vocabulary vocabulary;
     TokenTotals totals(vocabulary);
     const auto show = [&](const XmlElement& element) {
@@ -101,7 +103,7 @@ void ShowPart(const Arguments& arguments) {
         throw partError(error.what());
     }
     FlushOutput();
-    std::fprintf(stderr, "%s\n", totals.Text().c_str());
+    WriteNote(totals.Text());
 }
 
 void ShowNames(const Arguments& arguments) {
@@ -118,12 +120,12 @@ void ShowNames(const Arguments& arguments) {
     for (const VocabularyName& name : names) {
         table.Add({TokenText(name.token), Printable(QualifiedName(name)), PrintableOrQuotes(name.uri)});
         if (arguments.json) {
-            WriteLine(JsonLine(
+            StandardOutput().WriteLine(JsonLine(
                 {{"uri", ToUtf8(name.uri)}, {"name", ToUtf8(name.name)}, {"token", name.token}}));
         }
     }
     if (arguments.json) return;
-    for (const std::string& line : table.Lines()) WriteLine(line);
+    for (const std::string& line : table.Lines()) StandardOutput().WriteLine(line);
 }
 
 // The prefixes and ids under which a namespace is registered.
@@ -150,7 +152,7 @@ void ShowNamespaces(const Arguments& arguments) {
     const Vocabulary vocabulary;
     Table table;
     table.AlignRight(2);
-    table.Add({"Prefix", "Id", "Names", "Namespace"});
+    table.AddHeading({"Prefix", "Id", "Names", "Namespace"});
     std::set<std::u16string_view> seen;
     for (const NamespacePrefix& row : kNamespacePrefixes) {
         if (!seen.insert(row.uri).second) continue;
@@ -160,13 +162,13 @@ void ShowNamespaces(const Arguments& arguments) {
         if (!arguments.json) continue;
         all.json["uri"] = ToUtf8(row.uri);
         all.json["names"] = names;
-        WriteLine(JsonLine(all.json));
+        StandardOutput().WriteLine(JsonLine(all.json));
     }
     if (arguments.json) return;
-    for (const std::string& line : table.Lines()) WriteLine(line);
+    for (const std::string& line : table.Lines()) StandardOutput().WriteLine(line);
 }
 
-std::function<void()> Declare(CLI::App& app) {
+CommandRun Declare(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
     CLI::Option* first = app.add_option(
         "FILE|NAME", arguments->fileOrName,
@@ -178,9 +180,13 @@ std::function<void()> Declare(CLI::App& app) {
     namespaces->excludes(first);
     return [arguments, first, part] {
         arguments->hasPart = part->count() != 0;
-        if (arguments->namespaces) return ShowNamespaces(*arguments);
-        if (first->count() == 0) throw CLI::RequiredError("FILE and PART, a name or --namespaces");
-        return arguments->hasPart ? ShowPart(*arguments) : ShowNames(*arguments);
+        const bool isAsked = arguments->namespaces || first->count() != 0;
+        if (!isAsked) throw CLI::RequiredError("FILE and PART, a name or --namespaces");
+        const auto show = arguments->namespaces ? ShowNamespaces
+                          : arguments->hasPart  ? ShowPart
+                                                : ShowNames;
+        show(*arguments);
+        return kDone;
     };
 }
 
