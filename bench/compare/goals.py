@@ -100,7 +100,7 @@ def extraction_goals(findings):
     engine, libraries = [], []
     for row, kinds in findings.extraction.items():
         for peer, times in kinds["hit"].items():
-            if peer != OURS:
+            if peer != OURS and statistics.median(times) > 0:
                 share = here[row]["hit"] / statistics.median(times)
                 (engine if peer == "unzip -p" else libraries).append((share, f"{row}, {peer}"))
     hits = [times["hit"] for row, times in here.items() if row.startswith("tree-")]

@@ -14,6 +14,7 @@ import report
 import subjects
 from figures import MIB, OURS, Findings
 
+CLOCKS = {"wall": "as they pass", "cpu": "of the processor, with the system's share"}
 PARTS = ("walks", "extraction", "vocabulary", "tool", "memory")
 QUICK_ROWS = ["* docx", "median *", "most parts", "largest p*", "tree-100", "tree-1000", "chain-1000",
               "tree-10000", "deflated-200m", "stored-64m"]
@@ -25,6 +26,8 @@ def parse_arguments():
     parser = argparse.ArgumentParser(prog="bench/compare.sh", description=__doc__)
     parser.add_argument("--build", type=pathlib.Path, default=pathlib.Path("build/bench"))
     parser.add_argument("--quick", action="store_true", help="few rows and rounds: a rough look")
+    parser.add_argument("--clock", choices=("wall", "cpu"),
+                        help="the time that passes, or the processor time; of --quick the latter")
     parser.add_argument("--rows", type=lambda text: text.split(","), help="patterns of rows, with commas")
     parser.add_argument("--drivers", type=lambda text: text.split(","), help="patterns of drivers")
     parser.add_argument("--only", choices=PARTS, nargs="+", default=PARTS, help="parts of the comparison")
@@ -81,7 +84,7 @@ def measure_extraction(build, rows, effort):
     by_row = {}
     for (what, row), peers in measured.items():
         by_row.setdefault(row, {})[what] = peers
-    for row, added in micro.measure_unzip(chosen, entries, 3 * effort.rounds).items():
+    for row, added in micro.measure_unzip(chosen, entries, 8 * effort.rounds).items():
         by_row[row]["hit"]["unzip -p"] = added
     return by_row
 
@@ -92,7 +95,7 @@ def find(options, rows, drivers, effort):
     if "walks" in wanted:
         walk_rows(rows, drivers, effort)
     documents = [row for row in rows if row.group == "document"]
-    found = Findings(machine(), rows, {}, {}, {}, [])
+    found = Findings({**machine(), "times": CLOCKS[effort.clock]}, rows, {}, {}, {}, [])
     if "memory" in wanted:
         found.memory = measure_memory(build, rows)
     if "extraction" in wanted:
@@ -108,12 +111,13 @@ def find(options, rows, drivers, effort):
 
 def main():
     options = parse_arguments()
-    whole = not (options.quick or options.rows or options.drivers or options.only != PARTS)
+    whole = not (options.quick or options.clock or options.rows or options.drivers or options.only != PARTS)
     folder = subjects.BENCH.parent / "docs" if whole or options.render else options.build / "report"
     if options.render:
         report.write(Findings.load(options.render), folder)
         return
     effort = measure.QUICK if options.quick else measure.FULL
+    effort.clock = options.clock or effort.clock
     rows = subjects.rows(options.build / "work", options.rows or (QUICK_ROWS if options.quick else ["*"]))
     drivers = [driver for driver in subjects.drivers(options.build)
                if any(fnmatch.fnmatch(driver.name, pattern + "*") for pattern in options.drivers or ["*"])]

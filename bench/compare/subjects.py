@@ -21,6 +21,7 @@ class Driver:
     warm_ms: int = 30  # untimed passes before the timed ones
     cold: bool = False  # the whole process is timed, from outside
 
+
 def drivers(build):
     """Those that are built here."""
     folder = build / "bench" / "drivers"

@@ -87,9 +87,13 @@ static class PackagingDriver
         while (warm.ElapsedMilliseconds < warmMilliseconds) Pass(args[0]);
         for (int i = 0; i < repetitions; ++i)
         {
+            TimeSpan processorStart = Process.GetCurrentProcess().TotalProcessorTime;
             Stopwatch watch = Stopwatch.StartNew();
             Pass(args[0]);
-            Console.WriteLine("ns {0}", (long)(watch.ElapsedTicks * (1e9 / Stopwatch.Frequency)));
+            watch.Stop();
+            TimeSpan processor = Process.GetCurrentProcess().TotalProcessorTime - processorStart;
+            Console.WriteLine("ns {0} {1}", (long)(watch.ElapsedTicks * (1e9 / Stopwatch.Frequency)),
+                processor.Ticks * 100);
         }
     }
 }

@@ -1,7 +1,9 @@
 // The task with Apache POI. The protocol is that of bench/drivers/Driver.h.
 
+import com.sun.management.OperatingSystemMXBean;
 import java.io.File;
 import java.io.InputStream;
+import java.lang.management.ManagementFactory;
 import java.util.ArrayDeque;
 import java.util.ArrayList;
 import java.util.HashSet;
@@ -18,6 +20,9 @@ import org.apache.poi.openxml4j.opc.internal.PackagePropertiesPart;
 import org.apache.poi.openxml4j.util.ZipSecureFile;
 
 final class PoiDriver {
+    private static final OperatingSystemMXBean PROCESS =
+            (OperatingSystemMXBean) ManagementFactory.getOperatingSystemMXBean();
+
     private final ArrayList<byte[]> held = new ArrayList<>();
     private final HashSet<PackagePartName> seen = new HashSet<>();
     private final ArrayDeque<RelationshipSource> open = new ArrayDeque<>();
@@ -85,9 +90,10 @@ final class PoiDriver {
         long warm = System.nanoTime() + (args.length > 2 ? Long.parseLong(args[2]) : 0) * 1_000_000;
         while (System.nanoTime() < warm) pass(args[0]);
         for (int i = 0; i < repetitions; ++i) {
-            long start = System.nanoTime();
+            long start = System.nanoTime(), processorStart = PROCESS.getProcessCpuTime();
             pass(args[0]);
-            System.out.println("ns " + (System.nanoTime() - start));
+            long processorEnd = PROCESS.getProcessCpuTime(), end = System.nanoTime();
+            System.out.println("ns " + (end - start) + " " + (processorEnd - processorStart));
         }
     }
 }

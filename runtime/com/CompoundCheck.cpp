@@ -46,7 +46,7 @@ constexpr std::size_t kMaxFileSize = 0xFFFFFFFF;
 // Streams may share sectors in a damaged file, but not so that opening each of them walks
 // the file again and again. For each stream libgsf also clears a bit for each entry of the
 // table, which is a step for so many.
-constexpr std::uint64_t kFreeSteps = 1 << 24;
+constexpr std::uint64_t kFreeSteps = 1 << 20;
 constexpr std::uint64_t kStepsPerSector = 4;
 constexpr std::size_t kEntriesPerStep = 4'096;
 

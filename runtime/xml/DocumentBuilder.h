@@ -25,7 +25,7 @@ public:
     std::uint64_t Cost() const noexcept { return cost_; }
     // Elements and attributes.
     std::uint64_t Nodes() const noexcept {
-        return std::uint64_t{data_->elements.size()} + data_->attributes.size();
+        return std::uint64_t{elements_.size()} + data_->attributes.size();
     }
 
     // The document; nothing may be added after this.

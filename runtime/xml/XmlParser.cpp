@@ -7,6 +7,7 @@
 
 #include "runtime/com/Guarded.h"
 #include "runtime/xml/Encoding.h"
+#include "runtime/xml/XmlLimits.h"
 
 namespace vexpa_runtime {
 

@@ -19,12 +19,6 @@ constexpr std::uint32_t kMaxDepth = 10'000;
 // element; so their number bounds its stack and its time. A real DTD declares some hundreds.
 constexpr std::uint32_t kMaxDeclarations = 1'000;
 
-// Bytes of a document, and elements and attributes in it. Deflate makes a gigabyte of a megabyte,
-// and each short element costs many times its bytes. The largest real documents here, the
-// relationships of a sheet with as many hyperlinks as it can have, stay well below either.
-constexpr std::uint64_t kMaxBytes = 64 * 1024 * 1024;
-constexpr std::uint64_t kMaxNodes = 4'000'000;
-
 // How much a document may grow, by entities and by defaulted attributes: what the parser
 // expands and what we store of it, for each byte of the stream and beyond the first bytes.
 // Without either it grows eightfold at most, when all is elements of one empty attribute.

@@ -50,7 +50,7 @@ void ArchiveWriter::Add(std::string_view name, std::string_view content, std::ui
     directory_ += kDirectoryHeader;
     Put(directory_, kMadeByUnix, 2);
     PutCommon(directory_, name, content.size(), crc);
-    Put(directory_, 0, 12);  // no comment, one disk, no attributes
+    Put(directory_, 0, 10);  // no comment, one disk, no attributes
     Put(directory_, offset, 4);
     directory_ += name;
     ++count_;

@@ -9,7 +9,18 @@ namespace vexpa_tool {
 
 namespace {
 
-// The steps of opening, in their order: the first that fails is where opening stopped.
+void LookAtTheRest(const Subject& subject, Findings& findings) {
+    for (const auto check :
+         {CheckLayout, CheckEntryNames, CheckEntries, CheckTypesOfParts, CheckRelationshipStreams,
+          CheckTargets, CheckRelationshipTypes, CheckReach}) {
+        StopIfInterrupted();
+        check(subject, findings);
+    }
+    if (subject.options.isDeep) CheckPartData(subject, findings);
+}
+
+}  // namespace
+
 void ReplayOpening(Subject& subject, Findings& findings) {
     CheckFileItself(subject, findings);
     CheckDirectory(subject, findings);
@@ -22,18 +33,6 @@ void ReplayOpening(Subject& subject, Findings& findings) {
         finding.cause = "the library refuses it, and no step of opening shows why";
     });
 }
-
-void LookAtTheRest(const Subject& subject, Findings& findings) {
-    for (const auto check :
-         {CheckLayout, CheckEntryNames, CheckEntries, CheckTypesOfParts, CheckRelationshipStreams,
-          CheckTargets, CheckRelationshipTypes, CheckReach}) {
-        StopIfInterrupted();
-        check(subject, findings);
-    }
-    if (subject.options.isDeep) CheckPartData(subject, findings);
-}
-
-}  // namespace
 
 const Finding* CheckReport::Stop() const {
     const auto found = std::find_if(findings.begin(), findings.end(),

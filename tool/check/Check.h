@@ -19,6 +19,9 @@ struct CheckReport {
     const Finding* Stop() const;
 };
 
+// The steps of opening, in their order: the first that fails is where opening stopped.
+void ReplayOpening(Subject& subject, Findings& findings);
+
 CheckReport CheckPackage(const InputFile& file, const CheckOptions& options);
 
 }  // namespace vexpa_tool

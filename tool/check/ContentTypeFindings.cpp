@@ -58,20 +58,41 @@ bool IsNearMiss(std::string_view name) {
            folded == "content_types.xml";
 }
 
-std::string NearMiss(const Subject& subject) {
+const ContainerEntry* FindNearMiss(const Subject& subject) {
     for (const ContainerEntry& entry : subject.container->Entries()) {
-        if (IsNearMiss(entry.name)) return "there is " + Shown(entry.name);
+        if (IsNearMiss(entry.name)) return &entry;
     }
-    return {};
+    return nullptr;
+}
+
+// Says what the archive has instead, and what to do about it.
+void ExplainMissing(const Subject& subject, Finding& finding) {
+    finding.cause = "no " + std::string(kContentTypesEntry);
+    if (subject.container->EntryCount() == 0) {
+        finding.cause += ": the archive has no entries";
+        finding.hint = "get the file again";
+        return;
+    }
+    if (const ContainerEntry* near = FindNearMiss(subject)) {
+        finding.cause += "; there is " + Shown(near->name);
+        if (near->name.find('/') == std::string_view::npos)
+            finding.hint = "give the entry its exact name";
+        return;
+    }
+    const std::string other = OtherFormat(subject);
+    if (!other.empty()) {
+        finding.cause += "; " + other;
+        finding.hint = "give it to a program for that kind of file";
+    } else if (subject.FindVariant(kRelationshipsEntry) == nullptr &&
+               subject.Find(kRelationshipsEntry) == nullptr) {
+        finding.cause = "a zip archive, but no package: neither " + std::string(kContentTypesEntry) +
+                        " nor " + kRelationshipsEntry + " is in it";
+    }
 }
 
 void ReportMissing(const Subject& subject, Findings& findings) {
-    findings.AddStop(FindingId::NoContentTypes, [&](Finding& finding) {
-        const bool isEmpty = subject.container->EntryCount() == 0;
-        std::string remark = isEmpty ? "the archive has no entries" : NearMiss(subject);
-        if (remark.empty()) remark = OtherFormat(subject);
-        finding.cause = "no " + std::string(kContentTypesEntry) + (remark.empty() ? "" : "; " + remark);
-    });
+    findings.AddStop(FindingId::NoContentTypes,
+                     [&](Finding& finding) { ExplainMissing(subject, finding); });
 }
 
 // The key of an Override: nothing but its first slash is taken off.
@@ -84,7 +105,7 @@ class Rules {
 public:
     Rules(const Subject& subject, Findings& findings) : subject_(subject), findings_(findings) {}
 
-    void Look(const ContentTypeRule& rule) {
+    void Look(const ScannedTypeRule& rule) {
         if (!rule.IsWhole()) return ReportIncomplete(rule);
         if (!keys_.emplace(rule.isOverride, KeyOf(rule)).second) {
             Report(FindingId::IdleOverride, rule, "stands twice; the first counts");
@@ -96,11 +117,11 @@ public:
     }
 
 private:
-    static std::string KeyOf(const ContentTypeRule& rule) {
+    static std::string KeyOf(const ScannedTypeRule& rule) {
         return rule.isOverride ? std::string(OverrideKey(*rule.key)) : *rule.key;
     }
 
-    void LookForPart(const ContentTypeRule& rule) {
+    void LookForPart(const ScannedTypeRule& rule) {
         const std::string key = KeyOf(rule);
         if (subject_.Find(key) != nullptr) return;
         const ContainerEntry* variant = subject_.FindVariant(key);
@@ -109,7 +130,7 @@ private:
                "misses " + Shown(variant->name) + " by the case of its letters");
     }
 
-    void Report(FindingId id, const ContentTypeRule& rule, const std::string& what) {
+    void Report(FindingId id, const ScannedTypeRule& rule, const std::string& what) {
         findings_.Add(id, [&](Finding& finding) {
             Locate(kContentTypesEntry, rule.place, finding);
             finding.target = *rule.key;
@@ -118,7 +139,7 @@ private:
         });
     }
 
-    void ReportIncomplete(const ContentTypeRule& rule) {
+    void ReportIncomplete(const ScannedTypeRule& rule) {
         findings_.Add(FindingId::IncompleteTypeRule, [&](Finding& finding) {
             Locate(kContentTypesEntry, rule.place, finding);
             const char* lacks = rule.key ? "ContentType" : rule.isOverride ? "PartName" : "Extension";
@@ -135,15 +156,11 @@ private:
 void CheckRules(const Subject& subject, Findings& findings) {
     const ContentTypeScan& scan = *subject.contentTypes;
     if (scan.hasDocumentType) ReportDocumentType(kContentTypesEntry, findings);
-    if (!scan.hasUsualRoot) {
-        findings.Add(FindingId::UnexpectedTypesRoot, [&](Finding& finding) {
-            finding.entry = kContentTypesEntry;
-            finding.cause = "its root element is " + Shown(scan.root) +
-                            ", not Types in the namespace of content types";
-        });
-    }
+    CheckRoot(kContentTypesEntry, {scan.root, scan.rootNamespace},
+              {"Types", "http://schemas.openxmlformats.org/package/2006/content-types"},
+              FindingId::UnexpectedTypesRoot, findings);
     Rules rules(subject, findings);
-    for (const ContentTypeRule& rule : scan.rules) rules.Look(rule);
+    for (const ScannedTypeRule& rule : scan.rules) rules.Look(rule);
 }
 
 std::string_view ExtensionOf(std::string_view entry) {
@@ -151,9 +168,9 @@ std::string_view ExtensionOf(std::string_view entry) {
 }
 
 // The Defaults by their extension in lower case; of several the first.
-std::map<std::string, const ContentTypeRule*> FoldedDefaults(const ContentTypeScan& scan) {
-    std::map<std::string, const ContentTypeRule*> defaults;
-    for (const ContentTypeRule& rule : scan.rules) {
+std::map<std::string, const ScannedTypeRule*> FoldedDefaults(const ContentTypeScan& scan) {
+    std::map<std::string, const ScannedTypeRule*> defaults;
+    for (const ScannedTypeRule& rule : scan.rules) {
         if (!rule.isOverride && rule.IsWhole()) defaults.try_emplace(FoldedCase(*rule.key), &rule);
     }
     return defaults;
@@ -185,7 +202,7 @@ void CheckContentTypes(Subject& subject, Findings& findings) {
 // What the library answers for each part that is reached.
 void CheckTypesOfParts(const Subject& subject, Findings& findings) {
     if (!subject.contentTypes) return;
-    const std::map<std::string, const ContentTypeRule*> defaults =
+    const std::map<std::string, const ScannedTypeRule*> defaults =
         FoldedDefaults(*subject.contentTypes);
     std::set<std::string> missed;
     for (const opc::Part* part : subject.parts) {
@@ -199,7 +216,7 @@ void CheckTypesOfParts(const Subject& subject, Findings& findings) {
         const auto variant = defaults.find(FoldedCase(extension));
         if (variant == defaults.end() || !missed.insert(extension).second) continue;
         findings.Add(FindingId::NearMissOfType, [&](Finding& finding) {
-            const ContentTypeRule& rule = *variant->second;
+            const ScannedTypeRule& rule = *variant->second;
             Locate(kContentTypesEntry, rule.place, finding);
             finding.target = *rule.key;
             finding.cause = "the Default for " + Shown(*rule.key) + " misses the extension " +

@@ -9,9 +9,8 @@ ContentTypeScan ScanContentTypes(std::string_view document) {
     bool isRoot = true;
     XmlScan xml(XmlScan::Names::AsWritten, [&](const XmlStartTag& tag) {
         if (isRoot) {
-            scan.root = tag.name;
-            scan.hasUsualRoot =
-                IsRoot(tag, "Types", "http://schemas.openxmlformats.org/package/2006/content-types");
+            scan.root = LocalName(tag.name);
+            scan.rootNamespace = NamespaceOfRoot(tag);
         }
         isRoot = false;
         const std::string_view name = LocalName(tag.name);

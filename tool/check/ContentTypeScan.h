@@ -12,7 +12,7 @@
 namespace vexpa_tool {
 
 // An Override or Default element; an absent attribute is nothing. UTF-8.
-struct ContentTypeRule {
+struct ScannedTypeRule {
     bool isOverride;
     std::optional<std::string> key;  // PartName or Extension
     std::optional<std::string> contentType;
@@ -22,11 +22,11 @@ struct ContentTypeRule {
 };
 
 struct ContentTypeScan {
-    std::vector<ContentTypeRule> rules;  // up to the fault
+    std::vector<ScannedTypeRule> rules;  // up to the fault
     std::optional<XmlFault> fault;
     bool hasDocumentType = false;
-    bool hasUsualRoot = false;
-    std::string root;
+    std::string root;           // its local name
+    std::string rootNamespace;  // as declared on it
 };
 
 ContentTypeScan ScanContentTypes(std::string_view document);

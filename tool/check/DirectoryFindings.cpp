@@ -21,14 +21,17 @@ std::string CauseOf(const DirectoryFault& fault) {
     const std::string noEnd = "no end record: the file ";
     switch (fault.kind) {
         case Kind::CutInsideEntry:
-            return noEnd + "is cut off inside or after the entry " + Shown(fault.entry) +
-                   ", the last of " + entries;
+            return noEnd + "ends before the entry " + Shown(fault.entry) + " does, the last of " +
+                   entries + " found";
         case Kind::CutBeforeDirectory:
             return noEnd + "is cut off after " + entries + ", where its directory should begin";
         case Kind::CutInsideDirectory:
             return noEnd + "is cut off inside its directory, which begins at " + Offset(fault.position);
+        case Kind::CutInsideEndRecord:
+            return "the file is cut off inside its end record, which begins at " +
+                   Offset(fault.position);
         case Kind::NoEndRecord:
-            return "no end record: after " + entries + " something else follows at " +
+            return "no end record: after " + entries + " something else follows, at " +
                    Offset(fault.position);
         case Kind::NoDirectory:
             return "the end record says that the directory begins at " + Offset(fault.claimedOffset) +
@@ -57,7 +60,6 @@ void CheckDirectory(const Subject& subject, Findings& findings) {
     if (!subject.container || subject.HasDirectory() || findings.Stop() != nullptr) return;
     findings.AddStop(FindingId::NoDirectory, [&](Finding& finding) {
         const DirectoryFault fault = FindDirectoryFault(*subject.container);
-        finding.entry = fault.kind == Kind::CutInsideEntry ? fault.entry : "";
         finding.offset = PlaceOf(fault);
         finding.cause = CauseOf(fault);
     });

@@ -1,5 +1,7 @@
 #include "tool/check/EntryFaults.h"
 
+#include "tool/check/Shown.h"
+
 namespace vexpa_tool {
 
 std::string DamageText(EntryDamage damage) {
@@ -54,6 +56,17 @@ void Locate(std::string_view entry, const XmlPlace& place, Finding& finding) {
     finding.entry = entry;
     finding.line = place.line;
     finding.column = place.column;
+}
+
+void CheckRoot(std::string_view entry, const RootName& root, const RootName& usual, FindingId id,
+               Findings& findings) {
+    if (root.name == usual.name && root.uri == usual.uri) return;
+    findings.Add(id, [&](Finding& finding) {
+        finding.entry = entry;
+        finding.cause = "its root element is " + Shown(root.name) + " in " +
+                        (root.uri.empty() ? "no namespace" : "the namespace " + Shown(root.uri)) +
+                        ", not " + std::string(usual.name) + " in " + std::string(usual.uri);
+    });
 }
 
 void ReportDocumentType(std::string_view entry, Findings& findings) {

@@ -27,6 +27,15 @@ void ExplainFault(std::string_view entry, std::string_view bytes, const std::opt
 // A place in an entry.
 void Locate(std::string_view entry, const XmlPlace& place, Finding& finding);
 
+struct RootName {
+    std::string_view name;
+    std::string_view uri;
+};
+
+// The finding `id`, unless the root is the usual one.
+void CheckRoot(std::string_view entry, const RootName& root, const RootName& usual, FindingId id,
+               Findings& findings);
+
 // VX206
 void ReportDocumentType(std::string_view entry, Findings& findings);
 

@@ -85,19 +85,22 @@ void CheckMethod(const ContainerEntry& entry, Findings& findings) {
     });
 }
 
+std::string Bytes(std::uint64_t count) {
+    return Counted(count, "byte", "bytes");
+}
+
 void CheckSize(const ContainerEntry& entry, Findings& findings) {
-    const std::string sizes =
-        GroupedDigits(entry.size) + " bytes from " + GroupedDigits(entry.compressedSize);
     if (IsImpossibleSize(entry)) {
         findings.Add(FindingId::ImpossibleSize, [&](Finding& finding) {
             Locate(entry, finding);
-            finding.cause =
-                "claims " + sizes + (entry.method == kStored ? " stored ones" : " packed ones");
+            finding.cause = "claims " + Bytes(entry.size) + ", but has " + Bytes(entry.compressedSize) +
+                            (entry.method == kStored ? " stored" : " of packed data, which hold less");
         });
     } else if (entry.size > kLargeEntry && entry.size / kHighRatio > entry.compressedSize) {
         findings.Add(FindingId::HighRatio, [&](Finding& finding) {
             Locate(entry, finding);
-            finding.cause = "unpacks to " + sizes;
+            finding.cause =
+                "unpacks to " + Bytes(entry.size) + " from " + GroupedDigits(entry.compressedSize);
         });
     }
 }

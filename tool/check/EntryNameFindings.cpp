@@ -10,7 +10,7 @@
 #include "tool/check/Groups.h"
 #include "tool/check/Shown.h"
 #include "tool/container/UnicodePath.h"
-#include "tool/text/Local.h"
+#include "tool/text/Size.h"
 
 namespace vexpa_tool {
 
@@ -26,22 +26,29 @@ struct NameGroup {
     }
 };
 
-// "3 entry names use '\' (first: ppt\a.xml)"
-void AddGroup(const NameGroup& group, FindingId id, Severity severity, const std::string& what,
-              const std::string& firstName, Findings& findings) {
+// What is said of one name, and of several: "uses '\\' and ...", "use '\\' and ...".
+struct Predicate {
+    const char* one;
+    const char* several;
+};
+
+void AddGroup(const NameGroup& group, FindingId id, Severity severity, const Predicate& predicate,
+              Findings& findings) {
     if (group.count == 0) return;
     findings.Add(id, severity, [&](Finding& finding) {
-        finding.entry = group.first->name;
         finding.offset = group.first->directoryPosition;
-        finding.cause = Counted(group.count, "entry name ", "entry names ") + what +
-                        (group.count == 1 ? ": " : " (first: ") + firstName +
-                        (group.count == 1 ? "" : ")");
+        if (group.count == 1) {
+            finding.entry = group.first->name;
+            finding.cause = std::string("the name ") + predicate.one;
+        } else {
+            finding.cause = GroupedDigits(group.count) + " entry names " + predicate.several +
+                            " (first: " + Shown(group.first->name) + ")";
+        }
     });
 }
 
-void AddGroup(const NameGroup& group, FindingId id, const std::string& what, Findings& findings) {
-    if (group.count == 0) return;
-    AddGroup(group, id, KindOf(id).severity, what, Shown(group.first->name), findings);
+void AddGroup(const NameGroup& group, FindingId id, const Predicate& predicate, Findings& findings) {
+    AddGroup(group, id, KindOf(id).severity, predicate, findings);
 }
 
 bool HasWildcard(std::string_view name) {
@@ -98,17 +105,31 @@ public:
     }
 
     void Report() {
-        ReportBackslashes();
-        AddGroup(leadingSlash_, FindingId::LeadingSlash, "begin with '/' and are never found",
+        AddGroup(backslash_, FindingId::Backslash,
+                 {"has a '\\' and is never found", "have a '\\' and are never found"}, findings_);
+        AddGroup(readAsSlash_, FindingId::Backslash, Severity::Info,
+                 {"is written with '\\' and read with '/'", "are written with '\\' and read with '/'"},
                  findings_);
-        AddGroup(wildcard_, FindingId::WildcardInName, "have characters of a pattern", findings_);
-        AddGroup(codePage_, FindingId::NameEncoding, "are not UTF-8 and are read as code page 437",
+        AddGroup(leadingSlash_, FindingId::LeadingSlash,
+                 {"begins with '/' and is never found", "begin with '/' and are never found"},
+                 findings_);
+        AddGroup(wildcard_, FindingId::WildcardInName,
+                 {"has characters of a pattern", "have characters of a pattern"}, findings_);
+        AddGroup(codePage_, FindingId::NameEncoding,
+                 {"is not UTF-8 and is read as code page 437",
+                  "are not UTF-8 and are read as code page 437"},
                  findings_);
         AddGroup(outsideLocale_, FindingId::NameEncoding,
-                 "are not text in the encoding of the locale, which the library asks in", findings_);
-        AddGroup(pieces_, FindingId::InterleavedPart, "are pieces of parts, which are not joined",
+                 {"is not text in the encoding of the locale, which the library asks in",
+                  "are not text in the encoding of the locale, which the library asks in"},
                  findings_);
-        AddGroup(climbing_, FindingId::PathClimbs, "have '.', '..' or empty segments or a drive letter",
+        AddGroup(pieces_, FindingId::InterleavedPart,
+                 {"is that of a piece of a part; pieces are not joined",
+                  "are those of pieces of parts; pieces are not joined"},
+                 findings_);
+        AddGroup(climbing_, FindingId::PathClimbs,
+                 {"has '.', '..' or empty segments, or a drive letter",
+                  "have '.', '..' or empty segments, or a drive letter"},
                  findings_);
     }
 
@@ -120,14 +141,6 @@ private:
         } else if (rawName.find('\\') != rawName.npos) {
             readAsSlash_.Add(entry);
         }
-    }
-
-    void ReportBackslashes() {
-        AddGroup(backslash_, FindingId::Backslash, "use '\\' as separator and are never found",
-                 findings_);
-        if (readAsSlash_.count == 0) return;
-        AddGroup(readAsSlash_, FindingId::Backslash, Severity::Info, "use '\\' and are read with '/'",
-                 Shown(FromLocal(container_.RawName(*readAsSlash_.first))), findings_);
     }
 
     void LookForSecondName(const ContainerEntry& entry) {

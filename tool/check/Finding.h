@@ -79,6 +79,7 @@ enum class FindingId : std::uint16_t {
     StrayRelationships = 408,
     IncompleteRelationship = 409,
     UnreachedEntry = 410,
+    UnknownId = 411,
 
     MalformedPart = 501,
     NoCompoundFile = 502,

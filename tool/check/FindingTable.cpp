@@ -210,7 +210,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "Importers find the main part by asking the package for its officeDocument relationship. This "
      "package "
      "has none: it is a drawing, a printed page, a model or another kind of package, or a damaged one.",
-     "look with 'vexpa rels' at the types that it has"},
+     "see the types that it has with 'vexpa rels'"},
     {FindingId::LastIsExternal, Severity::Warning, "the last package relationship is external",
      "The library looks for a part for every package relationship, external ones included, and the "
      "last one "
@@ -285,6 +285,13 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "sees "
      "them: rests of an editor, padding, or content that is hidden there.",
      "remove them, or add the relationship that was meant to lead there"},
+    {FindingId::UnknownId, Severity::Warning, "reference to a relationship that is not there",
+     "The XML of the part refers to a relationship by its Id (r:id, r:embed and the like), but the "
+     "part has "
+     "no relationship of this Id: it was lost, or stands with another part. The importer looks it up "
+     "and "
+     "gets nothing (--deep).",
+     "restore the relationship, or remove the reference"},
 
     {FindingId::MalformedPart, Severity::Warning, "part that is not well-formed XML",
      "The content type says XML, but the part does not parse. The library hands out its bytes all the "

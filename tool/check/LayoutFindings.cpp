@@ -34,7 +34,7 @@ void AddRest(const Container& container, const ByteRange& range, const char* whe
     });
 }
 
-void CheckRests(const Container& container, const Layout& layout, Findings& findings) {
+void CheckGaps(const Container& container, const Layout& layout, Findings& findings) {
     if (layout.before.Size() != 0) {
         findings.Add(FindingId::BytesBefore, [&](Finding& finding) {
             finding.offset = 0;
@@ -50,6 +50,9 @@ void CheckRests(const Container& container, const Layout& layout, Findings& find
         });
     }
     AddRest(container, layout.afterEntries, "between the last entry and the directory", findings);
+}
+
+void CheckEnds(const Container& container, const Layout& layout, Findings& findings) {
     AddRest(container, layout.afterDirectory, "between the directory and the end record", findings);
     AddRest(container, layout.afterEnd, "after the end of the archive", findings);
     if (layout.missingComment == 0) return;
@@ -109,9 +112,9 @@ void CheckOverlaps(const Container& container, const Layout& layout, Findings& f
                                 : "begins inside the entry " + Shown(first.name);
         });
     }
+    // No more are kept than are told of.
     for (std::uint64_t i = layout.overlaps.size(); i < layout.overlapCount; ++i) {
-        findings.Add(FindingId::Overlap,
-                     [](Finding& finding) { finding.cause = "an entry begins inside another one"; });
+        findings.Add(FindingId::Overlap, [](Finding&) {});
     }
     if (!layout.overlapsDirectory) return;
     findings.Add(FindingId::Overlap, [&](Finding& finding) {
@@ -126,7 +129,8 @@ void CheckLayout(const Subject& subject, Findings& findings) {
     if (!subject.HasDirectory()) return;
     const Container& container = *subject.container;
     const Layout layout = LayOut(container);
-    CheckRests(container, layout, findings);
+    if (layout.isComplete) CheckGaps(container, layout, findings);
+    CheckEnds(container, layout, findings);
     CheckEndRecord(container, layout, findings);
     CheckOverlaps(container, layout, findings);
 }

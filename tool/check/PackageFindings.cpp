@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "tool/check/CheckedSources.h"
 #include "tool/check/EntryBytes.h"
 #include "tool/check/EntryFaults.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
-#include "tool/check/RelationshipSources.h"
 #include "tool/check/Shown.h"
 #include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
@@ -73,9 +73,15 @@ bool IsStrict(const opc::Relationship& relationship) {
         .starts_with("http://purl.oclc.org/ooxml/");
 }
 
+// The end of the type; all of it where that would look like the type that is not there.
+std::string DistinctType(const opc::Relationship& relationship) {
+    const std::string tail = TypeTail(relationship);
+    return FoldedCase(tail) == "officedocument" ? Shown(tarn::CopyText(relationship.GetType())) : tail;
+}
+
 // What a search for the main part finds.
 void CheckMainPart(const Subject& subject, Findings& findings) {
-    const std::vector<RelationshipSource> sources = RelationshipSources(subject);
+    const std::vector<CheckedSource> sources = CheckedSources(subject);
     if (sources.empty() || sources.front().relationships.empty()) return;
     const std::vector<opc::Relationship*>& relationships = sources.front().relationships;
     if (subject.model->GetRelationshipByType(opc::RelTypeOfficeDocument) != nullptr) return;
@@ -86,7 +92,7 @@ void CheckMainPart(const Subject& subject, Findings& findings) {
         isStrict ? FindingId::StrictDocument : FindingId::NoOfficeDocument, [&](Finding& finding) {
             finding.entry = kRelationshipsEntry;
             ShownList types;
-            for (const opc::Relationship* one : relationships) types.Add(TypeTail(*one));
+            for (const opc::Relationship* one : relationships) types.Add(DistinctType(*one));
             finding.cause = isStrict
                                 ? "the types are those of Strict documents: a look-up by type id does "
                                   "not find the main part"
@@ -94,17 +100,31 @@ void CheckMainPart(const Subject& subject, Findings& findings) {
         });
 }
 
+// Of an archive that is no package at all it is enough to say so.
+bool IsNoPackage(const Subject& subject) {
+    return subject.Find(kContentTypesEntry) == nullptr &&
+           subject.FindVariant(kContentTypesEntry) == nullptr &&
+           subject.Find(kRelationshipsEntry) == nullptr &&
+           subject.FindVariant(kRelationshipsEntry) == nullptr;
+}
+
+void ReportNoRelationships(const Subject& subject, Findings& findings) {
+    findings.AddStop(FindingId::NoPackageRelationships, [&](Finding& finding) {
+        const ContainerEntry* variant = subject.FindVariant(kRelationshipsEntry);
+        finding.cause = "no entry " + std::string(kRelationshipsEntry);
+        if (variant == nullptr) return;
+        finding.cause += "; there is " + Shown(variant->name);
+        finding.hint = "give the entry its exact name";
+    });
+}
+
 }  // namespace
 
 void CheckPackageRelationships(Subject& subject, Findings& findings) {
-    if (!subject.HasDirectory()) return;
+    if (!subject.HasDirectory() || IsNoPackage(subject)) return;
     const auto bytes = EntryBytes::Extract(subject.file.path, kRelationshipsEntry);
     if (subject.Find(kRelationshipsEntry) == nullptr) {
-        findings.AddStop(FindingId::NoPackageRelationships, [&](Finding& finding) {
-            const ContainerEntry* variant = subject.FindVariant(kRelationshipsEntry);
-            finding.cause = "no entry " + std::string(kRelationshipsEntry) +
-                            (variant == nullptr ? "" : "; there is " + Shown(variant->name));
-        });
+        ReportNoRelationships(subject, findings);
     } else if (!bytes) {
         findings.AddStop(FindingId::NoPackageRelationships, [&](Finding& finding) {
             ExplainUnreadable(subject, kRelationshipsEntry, finding);

@@ -9,6 +9,7 @@
 #include "tool/check/Groups.h"
 #include "tool/check/PartBytes.h"
 #include "tool/check/PartNames.h"
+#include "tool/check/RelationshipUses.h"
 #include "tool/check/VocabularyCounts.h"
 #include "tool/run/Interrupt.h"
 #include "tool/text/Size.h"
@@ -42,7 +43,7 @@ public:
     void Look(const ContainerEntry& entry) {
         if (entry.name.ends_with('/') || subject_.Find(entry.name) != &entry) return;
         // What the headers tell is told of already.
-        if (!CanBeRead(entry)) return;
+        if (FindHeaderDamage(*subject_.container, entry) != EntryDamage::None) return;
         const std::string name(entry.name);
         opc::Part* part = subject_.model->GetPart(opc::PartUri(FromUtf8(name).c_str()));
         if (part == nullptr) return;
@@ -55,41 +56,36 @@ public:
     }
 
 private:
-    static bool CanBeRead(const ContainerEntry& entry) {
-        const bool isKnown = entry.method == kStored || entry.method == kDeflated;
-        return isKnown && (entry.flags & kEncrypted) == 0 && !entry.onOtherDisk &&
-               !IsImpossibleSize(entry);
-    }
-
     void Read(opc::Part& part, const std::string& name) {
         const std::string type = ToUtf8(tarn::CopyText(part.GetContentType()));
         // Content types and relationship streams are told of with the steps that read them.
         const bool isXml = SaysXml(type) && name != kContentTypesEntry && !SourceOf(name);
-        std::optional<XmlScan> xml;
-        if (isXml)
-            xml.emplace(XmlScan::Names::Resolved, [this](const XmlStartTag& tag) {
-                if (names_) names_->Count(tag);
-            });
+        RelationshipUses uses(part, name);
+        XmlScan xml(XmlScan::Names::Resolved, [&](const XmlStartTag& tag) {
+            uses.Look(tag, findings_);
+            if (names_) names_->Count(tag);
+        });
         std::string start;
         const bool isRead = bytes_.Read(part, name, [&](const char* bytes, std::size_t size) {
             StopIfInterrupted();
             if (start.size() < kSignatureSize) start.append(bytes, std::min(size, kSignatureSize));
-            if (xml) xml->Feed({bytes, size});
+            if (isXml) xml.Feed({bytes, size});
         });
         if (!isRead) return ReportDamage(name);
-        if (xml) CheckXml(name, start.empty(), *xml);
+        if (isXml) CheckXml(name, start.empty(), xml);
         if (SaysStorage(type) || LooksLikeCompoundFile(start)) CheckStorage(part, name, start);
     }
 
     void CheckXml(const std::string& name, bool isEmpty, XmlScan& xml) {
         const std::optional<XmlFault> fault = xml.Finish();
+        const bool isBomb = fault && fault->isRefusal && xml.HasDocumentType();
         if (xml.HasDocumentType()) {
             findings_.Add(FindingId::PartDocumentType, [&](Finding& finding) {
                 finding.entry = name;
-                finding.cause = "has a document type declaration";
+                finding.cause = "has a document type declaration" + (isBomb ? "; " + fault->what : "");
             });
         }
-        if (!fault) return;
+        if (!fault || isBomb) return;
         findings_.Add(fault->isRefusal ? FindingId::PartNotLookedAt : FindingId::MalformedPart,
                       [&](Finding& finding) {
                           ExplainFault(name, isEmpty ? std::string_view() : "-", fault, finding);

@@ -19,14 +19,16 @@ bool IsPartEntry(std::string_view name) {
 }  // namespace
 
 void CheckReach(const Subject& subject, Findings& findings) {
-    if (!subject.HasDirectory() || subject.parts.empty()) return;
+    // Where the relationships cannot be read, nothing is reached, and that is told of.
+    if (!subject.relationships || subject.model == nullptr) return;
     std::set<std::string> reached;
     for (const tarn::opc::Part* part : subject.parts) reached.insert(EntryNameOf(part->GetName()));
 
     ShownList names;
     for (const ContainerEntry& entry : subject.container->Entries()) {
         const std::string name(entry.name);
-        if (IsPartEntry(name) && reached.count(name) == 0) names.Add(name);
+        const bool isFirst = subject.Find(name) == &entry;
+        if (isFirst && IsPartEntry(name) && reached.count(name) == 0) names.Add(name);
     }
     if (names.Count() == 0) return;
     findings.Add(FindingId::UnreachedEntry, [&](Finding& finding) {

@@ -9,9 +9,8 @@ RelationshipScan ScanRelationships(std::string_view document) {
     bool isRoot = true;
     XmlScan xml(XmlScan::Names::AsWritten, [&](const XmlStartTag& tag) {
         if (isRoot) {
-            scan.root = tag.name;
-            scan.hasUsualRoot = IsRoot(tag, "Relationships",
-                                       "http://schemas.openxmlformats.org/package/2006/relationships");
+            scan.root = LocalName(tag.name);
+            scan.rootNamespace = NamespaceOfRoot(tag);
         }
         isRoot = false;
         // An element without attributes is none.

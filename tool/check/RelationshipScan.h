@@ -26,8 +26,8 @@ struct RelationshipScan {
     std::vector<ScannedRelationship> relationships;  // up to the fault
     std::optional<XmlFault> fault;
     bool hasDocumentType = false;
-    bool hasUsualRoot = false;
-    std::string root;  // its name as written
+    std::string root;           // its local name
+    std::string rootNamespace;  // as declared on it
 };
 
 RelationshipScan ScanRelationships(std::string_view document);

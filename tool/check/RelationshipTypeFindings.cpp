@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "tool/check/CheckedSources.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
-#include "tool/check/RelationshipSources.h"
 #include "tool/check/Shown.h"
 #include "tool/check/WordCounts.h"
 #include "tool/text/Size.h"
@@ -27,7 +27,7 @@ constexpr std::size_t kMostWords = 6;
 // Types of which several stand with one source.
 class RepeatedTypes {
 public:
-    void Look(const RelationshipSource& source) {
+    void Look(const CheckedSource& source) {
         std::map<std::string, std::uint64_t> counts;
         for (const opc::Relationship* one : source.relationships) {
             if (one->GetTypeId() != opc::RelTypeUnknown) ++counts[TypeTail(*one)];
@@ -109,7 +109,7 @@ public:
         Add(packages_, "embedded package", "embedded packages", list);
         if (list.Count() == 0) return;
         findings.Add(FindingId::ActiveContent,
-                     [&](Finding& finding) { finding.cause = "has " + list.Text(); });
+                     [&](Finding& finding) { finding.cause = "holds " + list.Text(); });
     }
 
 private:
@@ -154,7 +154,7 @@ bool IsRemote(std::string_view target) {
     return folded.starts_with(kFile) && folded.size() > kFile.size() && folded[kFile.size()] != '/';
 }
 
-void CheckLoaded(const RelationshipSource& source, const opc::Relationship& relationship,
+void CheckLoaded(const CheckedSource& source, const opc::Relationship& relationship,
                  Findings& findings) {
     const char* what = LoadedAs(relationship.GetTypeId());
     if (what == nullptr) return;
@@ -192,7 +192,7 @@ void CheckRelationshipTypes(const Subject& subject, Findings& findings) {
     RepeatedTypes repeated;
     ActiveContent active;
     WordCounts external, unknown;
-    for (const RelationshipSource& source : RelationshipSources(subject)) {
+    for (const CheckedSource& source : CheckedSources(subject)) {
         repeated.Look(source);
         for (const opc::Relationship* relationship : source.relationships) {
             active.Look(*relationship);

@@ -17,23 +17,6 @@ Json NumberOrNull(const std::optional<std::uint64_t>& number) {
     return number ? Json(*number) : Json();
 }
 
-Json FindingJson(const Finding& finding) {
-    Json json;
-    json["id"] = IdText(finding.id);
-    json["severity"] = SeverityText(finding.severity);
-    json["step"] = StepText(finding.step);
-    json["stops_opening"] = finding.stopsOpening;
-    json["entry"] = TextOrNull(finding.entry);
-    json["relationship"] = TextOrNull(finding.relationship);
-    json["target"] = TextOrNull(finding.target);
-    json["offset"] = NumberOrNull(finding.offset);
-    json["line"] = NumberOrNull(finding.line);
-    json["column"] = NumberOrNull(finding.column);
-    json["cause"] = finding.cause;
-    json["hint"] = finding.hint;
-    return json;
-}
-
 Json CountsJson(const FindingCounts& counts) {
     Json json;
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Info}) {
@@ -49,6 +32,23 @@ Json EmptyReportJson() {
             {"counts", CountsJson({})},
             {"omitted", 0},
             {"findings", Json::array()}};
+}
+
+Json FindingJson(const Finding& finding) {
+    Json json;
+    json["id"] = IdText(finding.id);
+    json["severity"] = SeverityText(finding.severity);
+    json["step"] = StepText(finding.step);
+    json["stops_opening"] = finding.stopsOpening;
+    json["entry"] = TextOrNull(finding.entry);
+    json["relationship"] = TextOrNull(finding.relationship);
+    json["target"] = TextOrNull(finding.target);
+    json["offset"] = NumberOrNull(finding.offset);
+    json["line"] = NumberOrNull(finding.line);
+    json["column"] = NumberOrNull(finding.column);
+    json["cause"] = finding.cause;
+    json["hint"] = finding.hint;
+    return json;
 }
 
 void FillReportJson(const CheckReport& report, Json& json) {

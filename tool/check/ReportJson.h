@@ -10,6 +10,8 @@ namespace vexpa_tool {
 // The members of a report, as they are for a package without findings.
 Json EmptyReportJson();
 
+Json FindingJson(const Finding& finding);
+
 void FillReportJson(const CheckReport& report, Json& json);
 
 }  // namespace vexpa_tool

@@ -136,6 +136,10 @@ Skeleton::~Skeleton() {
     if (memory_ >= 0) close(memory_);
 }
 
+bool Skeleton::IsAdded(const opc::Part& part) {
+    return part.GetName().name == FromUtf8(kRelationships);
+}
+
 bool Skeleton::IsAdded(const opc::Relationship& relationship) {
     return tarn::CopyText(relationship.GetId()) == FromUtf8(kAddedId);
 }

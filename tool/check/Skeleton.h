@@ -29,8 +29,9 @@ public:
 
     tarn::opc::Package& Package() const { return *package_; }
 
-    // Whether this is the relationship that was added.
+    // Whether this is the relationship that was added, or the part that it leads to.
     static bool IsAdded(const tarn::opc::Relationship& relationship);
+    static bool IsAdded(const tarn::opc::Part& part);
 
 private:
     Skeleton() = default;

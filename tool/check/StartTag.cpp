@@ -13,13 +13,12 @@ std::optional<std::string> AttributeOf(const XmlStartTag& tag, std::string_view 
     return std::nullopt;
 }
 
-bool IsRoot(const XmlStartTag& tag, std::string_view localName, std::string_view uri) {
+std::string NamespaceOfRoot(const XmlStartTag& tag) {
     const std::string_view name = tag.name;
-    if (LocalName(name) != localName) return false;
     const std::size_t colon = name.find(':');
     const std::string declaration =
         colon == name.npos ? "xmlns" : "xmlns:" + std::string(name.substr(0, colon));
-    return AttributeOf(tag, declaration) == uri;
+    return AttributeOf(tag, declaration).value_or("");
 }
 
 }  // namespace vexpa_tool

@@ -16,8 +16,8 @@ std::string_view LocalName(std::string_view name);
 // By the name as written.
 std::optional<std::string> AttributeOf(const XmlStartTag& tag, std::string_view name);
 
-// Whether the tag has this local name and declares this namespace for its prefix. For roots.
-bool IsRoot(const XmlStartTag& tag, std::string_view localName, std::string_view uri);
+// The namespace that a root declares for its own prefix; empty without one.
+std::string NamespaceOfRoot(const XmlStartTag& tag);
 
 }  // namespace vexpa_tool
 

@@ -53,12 +53,9 @@ void CheckStream(const std::string& stream, const RelationshipScan& scan, Findin
     CheckIds(stream, scan, findings);
     CheckAttributes(stream, scan, findings);
     if (scan.hasDocumentType) ReportDocumentType(stream, findings);
-    if (scan.hasUsualRoot) return;
-    findings.Add(FindingId::UnexpectedRelationshipsRoot, [&](Finding& finding) {
-        finding.entry = stream;
-        finding.cause = "its root element is " + Shown(scan.root) +
-                        ", not Relationships in the namespace of relationships";
-    });
+    CheckRoot(stream, {scan.root, scan.rootNamespace},
+              {"Relationships", "http://schemas.openxmlformats.org/package/2006/relationships"},
+              FindingId::UnexpectedRelationshipsRoot, findings);
 }
 
 // The stream that belongs to a part, when there is one.

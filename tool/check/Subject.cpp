@@ -5,6 +5,8 @@
 
 namespace vexpa_tool {
 
+namespace opc = tarn::opc;
+
 Subject::Subject(const InputFile& checkedFile, const CheckOptions& checkOptions)
     : file(checkedFile),
       options(checkOptions),
@@ -34,7 +36,10 @@ void Subject::MakeModel() {
         skeleton_ = Skeleton::Make(file.path, *container, relationships.value_or(RelationshipScan()));
         if (skeleton_) model = &skeleton_->Package();
     }
-    if (model != nullptr) parts = ReachedParts(*model);
+    if (model == nullptr) return;
+    parts = ReachedParts(*model);
+    // What only the added relationship leads to is not the package's.
+    if (skeleton_) std::erase_if(parts, [](opc::Part* part) { return Skeleton::IsAdded(*part); });
 }
 
 }  // namespace vexpa_tool

@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "tool/check/CheckedSources.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
-#include "tool/check/RelationshipSources.h"
 #include "tool/check/Rfc3986.h"
 #include "tool/check/Shown.h"
 #include "tool/model/PartWalk.h"
@@ -43,7 +43,7 @@ std::string OddityOf(const Subject& subject, const Target& target) {
     return "has escapes, which are not decoded; there is an entry " + Shown(plain);
 }
 
-void ReportOddity(const RelationshipSource& source, const opc::Relationship& relationship,
+void ReportOddity(const CheckedSource& source, const opc::Relationship& relationship,
                   const std::string& oddity, Findings& findings) {
     findings.Add(FindingId::OddTarget, [&](Finding& finding) {
         Locate(source, relationship, finding);
@@ -52,7 +52,7 @@ void ReportOddity(const RelationshipSource& source, const opc::Relationship& rel
     });
 }
 
-void ReportDangling(const Subject& subject, const RelationshipSource& source,
+void ReportDangling(const Subject& subject, const CheckedSource& source,
                     const opc::Relationship& relationship, const Target& target, Findings& findings) {
     findings.Add(FindingId::DanglingTarget, [&](Finding& finding) {
         Locate(source, relationship, finding);
@@ -66,7 +66,7 @@ void ReportDangling(const Subject& subject, const RelationshipSource& source,
 }
 
 // Only where nothing odd about the target explains the difference.
-void CompareResolutions(const Subject& subject, const RelationshipSource& source,
+void CompareResolutions(const Subject& subject, const CheckedSource& source,
                         const opc::Relationship& relationship, const Target& target,
                         Findings& findings) {
     if (target.text.starts_with("//")) return;
@@ -81,7 +81,7 @@ void CompareResolutions(const Subject& subject, const RelationshipSource& source
     });
 }
 
-void CheckInternal(const Subject& subject, const RelationshipSource& source,
+void CheckInternal(const Subject& subject, const CheckedSource& source,
                    const opc::Relationship& relationship, Findings& findings) {
     const Target target{relationship.GetTarget(), ToUtf8(relationship.GetTarget().name),
                         EntryNameOf(relationship.GetResolvedTarget()),
@@ -99,7 +99,7 @@ void CheckInternal(const Subject& subject, const RelationshipSource& source,
 }  // namespace
 
 void CheckTargets(const Subject& subject, Findings& findings) {
-    for (const RelationshipSource& source : RelationshipSources(subject)) {
+    for (const CheckedSource& source : CheckedSources(subject)) {
         for (const opc::Relationship* relationship : source.relationships) {
             const opc::PartUri& target = relationship->GetTarget();
             if (relationship->GetTargetMode() == opc::TargetModeInternal) {

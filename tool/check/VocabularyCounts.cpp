@@ -2,14 +2,18 @@
 
 #include "runtime/zip/NameHash.h"
 #include "tool/check/Shown.h"
+#include "tool/model/NamespacePrefixes.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
 
 namespace {
 
-constexpr std::size_t kMostNames = 50'000;  // kept of one package
+constexpr std::size_t kMostNames = 50'000;  // kept at a time
 constexpr std::size_t kMostWords = 5;
+
+// xml:space and the like belong to XML itself.
+constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
 
 std::string_view UriOf(std::string_view name) {
     const std::size_t end = name.rfind(XmlScan::kNamespaceEnd);
@@ -36,34 +40,26 @@ void VocabularyCounts::Count(const XmlStartTag& tag) {
 }
 
 void VocabularyCounts::CountName(std::string_view uri, std::string_view name) {
+    if (uri == kXmlNamespace) return;
     key_.assign(uri).push_back(XmlScan::kNamespaceEnd);
     key_.append(name);
-    switch (StandingOf(key_, uri, name)) {
-        case Standing::Known:
-            return;
-        case Standing::UnknownNamespace:
-            namespaces_.Add(uri.empty() ? "none" : uri);
-            return;
-        case Standing::UnknownName:
-            names_.Add(name);
-            return;
+    auto known = known_.find(key_);
+    if (known == known_.end()) {
+        if (known_.size() == kMostNames) known_.clear();
+        known = known_.emplace(key_, LookUp(uri, name)).first;
     }
+    if (known->second.standing == Standing::UnknownNamespace) namespaces_.Add(known->second.word);
+    if (known->second.standing == Standing::UnknownName) names_.Add(known->second.word);
 }
 
-VocabularyCounts::Standing VocabularyCounts::StandingOf(const std::string& key, std::string_view uri,
-                                                        std::string_view name) {
-    const auto known = standings_.find(key);
-    if (known != standings_.end()) return known->second;
-    const Standing standing = LookUp(uri, name);
-    if (standings_.size() < kMostNames) standings_.emplace(key, standing);
-    return standing;
-}
-
-VocabularyCounts::Standing VocabularyCounts::LookUp(std::string_view uri, std::string_view name) const {
+VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::string_view name) const {
     const std::u16string wideUri = FromUtf8(uri);
-    if (vocabulary_.CountNames(wideUri) == 0) return Standing::UnknownNamespace;
+    if (vocabulary_.CountNames(wideUri) == 0) {
+        return {Standing::UnknownNamespace, uri.empty() ? "none" : std::string(uri)};
+    }
     const auto token = vocabulary_.FindToken(wideUri, FromUtf8(name));
-    return token.value_or(0) == 0 ? Standing::UnknownName : Standing::Known;
+    if (token.value_or(0) != 0) return {Standing::Known, {}};
+    return {Standing::UnknownName, ToUtf8(PrefixOf(wideUri, 0)) + ":" + std::string(name)};
 }
 
 void VocabularyCounts::Report(Findings& findings) const {

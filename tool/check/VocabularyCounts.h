@@ -26,18 +26,21 @@ public:
 
 private:
     enum class Standing { Known, UnknownNamespace, UnknownName };
+    struct Name {
+        Standing standing;
+        std::string word;  // under which it is counted
+    };
     // Whoever writes a document chooses its names, so the hash has a key of the process.
     struct Hash {
         std::size_t operator()(const std::string& name) const;
     };
 
     void CountName(std::string_view uri, std::string_view name);
-    Standing StandingOf(const std::string& key, std::string_view uri, std::string_view name);
-    Standing LookUp(std::string_view uri, std::string_view name) const;
+    Name LookUp(std::string_view uri, std::string_view name) const;
 
     const Vocabulary& vocabulary_;
-    std::unordered_map<std::string, Standing, Hash> standings_;
-    std::string key_;  // its memory is used again for every name
+    std::unordered_map<std::string, Name, Hash> known_;  // by URI and name
+    std::string key_;                                    // its memory is used again for every name
     WordCounts namespaces_;
     WordCounts names_;
 };

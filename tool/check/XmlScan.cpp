@@ -30,6 +30,13 @@ struct FreeParser {
 
 using ParserHandle = std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser>;
 
+constexpr const char* kGrowth = "its entities make it grow without bound";
+
+// The parser's words, less what every message here begins with.
+const char* MessageOf(XML_Error error) {
+    return error == XML_ERROR_INVALID_TOKEN ? "invalid token" : XML_ErrorString(error);
+}
+
 XmlPlace PlaceOf(XML_Parser parser) {
     return {XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1};
 }
@@ -108,7 +115,7 @@ private:
     static void XMLCALL OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
                                  const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
         Parser& parser = Self(self);
-        if (++parser.entities_ > vexpa_runtime::kMaxEntities) parser.Refuse("too many entities");
+        if (++parser.entities_ > vexpa_runtime::kMaxDeclarations) parser.Refuse("too many entities");
     }
 
     static void XMLCALL OnNamespace(void* self, const XML_Char*, const XML_Char* uri) {
@@ -133,9 +140,7 @@ private:
         const XML_Error error = XML_GetErrorCode(parser_.get());
         if (error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
         const bool isGrowth = error == XML_ERROR_AMPLIFICATION_LIMIT_BREACH;
-        fault_ = XmlFault{PlaceOf(parser_.get()),
-                          isGrowth ? "entities make it grow without bound" : XML_ErrorString(error),
-                          isGrowth};
+        fault_ = XmlFault{PlaceOf(parser_.get()), isGrowth ? kGrowth : MessageOf(error), isGrowth};
     }
 
     Handler handler_;

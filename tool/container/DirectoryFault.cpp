@@ -20,17 +20,47 @@ constexpr std::uint64_t kLongestTail = kEndSize + 0xFFFF;  // the longest commen
 
 Kind KindOf(ScanEnd end) {
     switch (end) {
-        case ScanEnd::Directory:
-            return Kind::CutInsideDirectory;
         case ScanEnd::FileEnd:
             return Kind::CutBeforeDirectory;
         case ScanEnd::InsideData:
         case ScanEnd::InsideHeader:
             return Kind::CutInsideEntry;
+        case ScanEnd::Directory:
         case ScanEnd::OtherBytes:
             break;
     }
     return Kind::NoEndRecord;
+}
+
+bool DirectoryBeginsAt(const Container& container, std::uint64_t position) {
+    const std::string signature = container.Bytes(position, 4);
+    return signature == "PK\1\2";
+}
+
+// Goes through the headers from `start` up to `limit`; false when one runs out of that.
+bool WalkHeaders(const Container& container, std::uint64_t start, std::uint64_t limit,
+                 DirectoryFault& fault) {
+    zip::ForwardReader in(container.File(), start, limit);
+    for (;; ++fault.count) {
+        fault.position = limit - in.Left();
+        const std::uint8_t* bytes = in.Peek(zip::kDirectoryHeaderSize);
+        if (bytes == nullptr) return !DirectoryBeginsAt(container, fault.position);
+        if (zip::Le32(bytes) != zip::kDirectoryHeaderSignature) return true;
+        const zip::DirectoryHeader header{bytes};
+        const std::uint64_t size = header.SizeWithoutComment() + header.CommentSize();
+        if (size > in.Left()) return false;
+        in.Skip(size);
+    }
+}
+
+// The directory follows the entries, and no end record follows the directory.
+void LookAtDirectory(const Container& container, DirectoryFault& fault) {
+    const std::uint64_t start = fault.position;
+    fault.count = 0;
+    const bool isWhole = WalkHeaders(container, start, container.FileSize(), fault);
+    fault.kind = isWhole && fault.position != container.FileSize() ? Kind::NoEndRecord
+                                                                   : Kind::CutInsideDirectory;
+    if (fault.kind == Kind::CutInsideDirectory) fault.position = start;
 }
 
 DirectoryFault WithoutEndRecord(const Container& container) {
@@ -41,27 +71,8 @@ DirectoryFault WithoutEndRecord(const Container& container) {
     fault.position = scan.end;
     fault.count = container.EntryCount();
     fault.entry = container.Entries().back().name;
+    if (scan.how == ScanEnd::Directory) LookAtDirectory(container, fault);
     return fault;
-}
-
-bool DirectoryBeginsAt(const Container& container, std::uint64_t position) {
-    const std::string signature = container.Bytes(position, 4);
-    return signature == "PK\1\2";
-}
-
-// Goes through the headers from `start` on; false when one runs out of the directory.
-bool WalkHeaders(const Container& container, std::uint64_t start, DirectoryFault& fault) {
-    zip::ForwardReader in(container.File(), start, fault.endRecord);
-    for (;; ++fault.count) {
-        fault.position = fault.endRecord - in.Left();
-        const std::uint8_t* bytes = in.Peek(zip::kDirectoryHeaderSize);
-        if (bytes == nullptr) return in.Left() == 0;
-        const zip::DirectoryHeader header{bytes};
-        if (zip::Le32(bytes) != zip::kDirectoryHeaderSignature) return true;
-        const std::uint64_t size = header.SizeWithoutComment() + header.CommentSize();
-        if (size > in.Left()) return false;
-        in.Skip(size);
-    }
 }
 
 DirectoryFault WithEndRecord(const Container& container, std::uint64_t position,
@@ -74,10 +85,17 @@ DirectoryFault WithEndRecord(const Container& container, std::uint64_t position,
     fault.claimedOffset = zip::Le32(record + 16);
     for (const std::uint64_t start : {fault.claimedOffset, position - fault.claimedSize}) {
         if (start >= position || !DirectoryBeginsAt(container, start)) continue;
-        const bool isWhole = WalkHeaders(container, start, fault);
+        const bool isWhole = WalkHeaders(container, start, position, fault);
         fault.kind = isWhole ? Kind::DirectoryMiscounted : Kind::DirectoryBreaksOff;
         break;
     }
+    return fault;
+}
+
+DirectoryFault CutAt(std::uint64_t endRecord) {
+    DirectoryFault fault;
+    fault.kind = Kind::CutInsideEndRecord;
+    fault.position = endRecord;
     return fault;
 }
 
@@ -88,8 +106,8 @@ DirectoryFault FindDirectoryFault(const Container& container) {
     const std::uint64_t tailPosition = container.FileSize() - size;
     const std::string tail = container.Bytes(tailPosition, size);
     const std::size_t found = tail.rfind("PK\5\6");
-    if (found == std::string::npos || tail.size() - found < kEndSize)
-        return WithoutEndRecord(container);
+    if (found == std::string::npos) return WithoutEndRecord(container);
+    if (tail.size() - found < kEndSize) return CutAt(tailPosition + found);
     return WithEndRecord(container, tailPosition + found,
                          reinterpret_cast<const std::uint8_t*>(tail.data()) + found);
 }

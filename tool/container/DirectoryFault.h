@@ -12,10 +12,11 @@ namespace vexpa_tool {
 struct DirectoryFault {
     enum class Kind {
         NoArchive,            // neither an end record nor a local header at the start
-        CutInsideEntry,       // no end record, and the file ends inside `entry`
-        CutInsideDirectory,   // no end record, and a directory begins at `position`
+        CutInsideEntry,       // no end record, and the file ends inside `entry` or its header
         CutBeforeDirectory,   // no end record and no directory: the file ends after `entry`
-        NoEndRecord,          // something else follows `entry`, at `position`
+        CutInsideDirectory,   // no end record, and the directory at `position` is not whole
+        CutInsideEndRecord,   // the end record at `position` is not whole
+        NoEndRecord,          // behind entries or directory something else follows, at `position`
         NoDirectory,          // an end record that leads to no directory
         DirectoryBreaksOff,   // the header at `position` runs out of the directory
         DirectoryMiscounted,  // whole headers, but other than claimed in number and size

@@ -20,14 +20,6 @@ namespace {
 constexpr std::uint64_t kBestRatio = 1032;
 constexpr std::uint64_t kRatioSlack = 64 << 10;
 
-// What can be said without the data.
-EntryDamage FindPlainDamage(const ContainerEntry& entry) {
-    if (entry.onOtherDisk) return EntryDamage::OnOtherDisk;
-    if ((entry.flags & kEncrypted) != 0) return EntryDamage::Encrypted;
-    if (entry.method != kStored && entry.method != kDeflated) return EntryDamage::UnknownMethod;
-    return EntryDamage::None;
-}
-
 EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
     const auto crcOf = [](const void* bytes, std::size_t size) {
         return libdeflate_crc32(0, bytes, size);
@@ -49,14 +41,16 @@ EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
 }  // namespace
 
 bool IsImpossibleSize(const ContainerEntry& entry) {
+    if ((entry.flags & kEncrypted) != 0) return false;  // its data has a header of its own
     if (entry.method == kStored) return entry.size != entry.compressedSize;
     return entry.method == kDeflated && entry.size > kRatioSlack &&
            (entry.size - kRatioSlack - 1) / kBestRatio >= entry.compressedSize;
 }
 
-EntryDamage FindDamage(const Container& container, const ContainerEntry& entry) {
-    const EntryDamage plain = FindPlainDamage(entry);
-    if (plain != EntryDamage::None) return plain;
+EntryDamage FindHeaderDamage(const Container& container, const ContainerEntry& entry) {
+    if (entry.onOtherDisk) return EntryDamage::OnOtherDisk;
+    if ((entry.flags & kEncrypted) != 0) return EntryDamage::Encrypted;
+    if (entry.method != kStored && entry.method != kDeflated) return EntryDamage::UnknownMethod;
     const std::optional<LocalHeader> header =
         ReadLocalHeader(container, entry.headerPosition, WideSizes::Leave);
     if (!header) return EntryDamage::NoLocalHeader;
@@ -65,8 +59,16 @@ EntryDamage FindDamage(const Container& container, const ContainerEntry& entry) 
     if (position > fileSize || entry.compressedSize > fileSize - position) {
         return EntryDamage::DataBeyondFile;
     }
-    if (IsImpossibleSize(entry)) return EntryDamage::ImpossibleSize;
-    return FindDamageIn(container.Bytes(position, entry.compressedSize), entry);
+    return IsImpossibleSize(entry) ? EntryDamage::ImpossibleSize : EntryDamage::None;
+}
+
+EntryDamage FindDamage(const Container& container, const ContainerEntry& entry) {
+    const EntryDamage damage = FindHeaderDamage(container, entry);
+    if (damage != EntryDamage::None) return damage;
+    const std::optional<LocalHeader> header =
+        ReadLocalHeader(container, entry.headerPosition, WideSizes::Leave);
+    if (!header) return EntryDamage::NoLocalHeader;
+    return FindDamageIn(container.Bytes(header->DataPosition(), entry.compressedSize), entry);
 }
 
 }  // namespace vexpa_tool

@@ -21,6 +21,9 @@ enum class EntryDamage {
 // The first reason there is. Reads the data, whose size a caller may want to look at first.
 EntryDamage FindDamage(const Container& container, const ContainerEntry& entry);
 
+// The same as far as it can be told without reading the data: None also for what is damaged inside.
+EntryDamage FindHeaderDamage(const Container& container, const ContainerEntry& entry);
+
 // Deflate turns two bits into 258 bytes at best; the library refuses more, with some slack.
 bool IsImpossibleSize(const ContainerEntry& entry);
 

@@ -61,6 +61,7 @@ void AddOverlap(const Extent& first, const Extent& second, Layout& layout) {
 // Goes through the entries by position; `last` is the one that reaches furthest so far.
 void AddEntries(const Container& container, Layout& layout) {
     const std::vector<Extent> extents = Extents(container);
+    layout.isComplete = extents.size() == container.EntryCount();
     const std::uint64_t directory = container.End().directoryStart;
     layout.before = {0, extents.empty() ? directory : std::min(extents.front().start, directory)};
     layout.afterEntries = {directory, directory};

@@ -25,6 +25,8 @@ struct Overlap {
 
 // What belongs to no entry, and what belongs to two. With a directory only.
 struct Layout {
+    // Every entry was found; otherwise what lies between them cannot be told.
+    bool isComplete = false;
     ByteRange before;                  // the first entry, or the directory of an archive without any
     ByteRange afterEntries;            // and before the directory
     ByteRange afterDirectory;          // and before the end record

@@ -18,22 +18,35 @@ std::size_t largest = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Every form, as a sanitizer brings its own of those that are left out.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) throw std::bad_alloc();
+    if (memory == nullptr) return nullptr;
     const std::size_t usable = malloc_usable_size(memory);
     live += usable;
     peak = std::max(peak, live);
     largest = std::max(largest, usable);
     return memory;
 }
-
+void* operator new(std::size_t size) {
+    void* memory = operator new(size, std::nothrow);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+}
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
 void operator delete(void* memory) noexcept {
     live -= malloc_usable_size(memory);
     std::free(memory);
 }
-
+void operator delete[](void* memory) noexcept {
+    operator delete(memory);
+}
 void operator delete(void* memory, std::size_t) noexcept {
+    operator delete(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
     operator delete(memory);
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "runtime/xml/XmlLimits.h"
 #include "runtime/xml/XmlParser.h"
 #include "tests/runtime/xml/Dom.h"
 #include "tests/support/ScratchFile.h"

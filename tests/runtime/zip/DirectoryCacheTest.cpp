@@ -3,9 +3,7 @@
 #include <sys/stat.h>
 
 #include <atomic>
-#include <deque>
 #include <limits>
-#include <thread>
 
 #include "runtime/zip/DirectoryCache.h"
 #include "runtime/zip/Extraction.h"
@@ -194,29 +192,6 @@ TEST_F(ZipDirectoryCache, KeepsOneStateOfAFile) {
     Open(file);
     EXPECT_EQ(cache_.Find(before), nullptr);
     EXPECT_TRUE(Keeps(file));
-}
-
-TEST_F(ZipDirectoryCache, ServesThreadsWithDifferentPackages) {
-    constexpr int kFiles = 4;  // more than are kept, so that they drive each other out
-    std::deque<ScratchFile> files;
-    for (int i = 0; i < kFiles; ++i) {
-        ZipFile zip;
-        for (int j = 0; j <= i; ++j) zip.Add("e" + std::to_string(j), std::to_string(i));
-        files.emplace_back(zip.Bytes());
-    }
-    std::atomic<int> wrong = 0;
-    const auto work = [&](int file) {
-        const char* path = files[static_cast<std::size_t>(file)].Path().c_str();
-        for (int i = 0; i < 300; ++i) {
-            auto prospect = LookUp(cache_, path, "e0");
-            auto entry = prospect ? Extract(cache_, path, "e0", *std::move(prospect)) : std::nullopt;
-            if (!entry || std::string(entry->bytes.get(), entry->size) != std::to_string(file)) ++wrong;
-        }
-    };
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 2 * kFiles; ++i) threads.emplace_back(work, i % kFiles);
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(wrong, 0);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "tool/check/RelationshipSources.h"
+#include "tool/check/CheckedSources.h"
 
 #include "tool/check/PartNames.h"
 #include "tool/check/Shown.h"
@@ -9,10 +9,10 @@ namespace vexpa_tool {
 
 namespace opc = tarn::opc;
 
-std::vector<RelationshipSource> RelationshipSources(const Subject& subject) {
-    std::vector<RelationshipSource> sources;
+std::vector<CheckedSource> CheckedSources(const Subject& subject) {
+    std::vector<CheckedSource> sources;
     if (subject.model == nullptr) return sources;
-    RelationshipSource& package = sources.emplace_back();
+    CheckedSource& package = sources.emplace_back();
     package.entry = kRelationshipsEntry;
     for (const auto& [id, relationship] : subject.model->GetRelationships()) {
         if (!Skeleton::IsAdded(*relationship)) package.relationships.push_back(relationship);
@@ -20,7 +20,7 @@ std::vector<RelationshipSource> RelationshipSources(const Subject& subject) {
     for (opc::Part* part : subject.parts) {
         const opc::RelationshipMap& relationships = part->GetRelationships();
         if (relationships.empty()) continue;
-        RelationshipSource& source = sources.emplace_back();
+        CheckedSource& source = sources.emplace_back();
         source.part = part;
         source.entry = EntryNameOf(part->GetName());
         for (const auto& [id, relationship] : relationships)
@@ -33,7 +33,7 @@ std::string NameOf(const opc::Relationship& relationship) {
     return Shown(tarn::CopyText(relationship.GetId())) + " (" + TypeTail(relationship) + ")";
 }
 
-void Locate(const RelationshipSource& source, const opc::Relationship& relationship, Finding& finding) {
+void Locate(const CheckedSource& source, const opc::Relationship& relationship, Finding& finding) {
     finding.entry = source.entry;
     finding.relationship = ToUtf8(tarn::CopyText(relationship.GetId()));
     finding.target = ToUtf8(relationship.GetTarget().name);

@@ -1,6 +1,6 @@
-// tool/check/RelationshipSources.h - the package and its parts as those who hold relationships.
-#ifndef VEXPA_TOOL_CHECK_RELATIONSHIPSOURCES_H_
-#define VEXPA_TOOL_CHECK_RELATIONSHIPSOURCES_H_
+// tool/check/CheckedSources.h - the package and its parts as those who hold relationships.
+#ifndef VEXPA_TOOL_CHECK_CHECKEDSOURCES_H_
+#define VEXPA_TOOL_CHECK_CHECKEDSOURCES_H_
 
 #include <string>
 #include <vector>
@@ -11,7 +11,7 @@
 namespace vexpa_tool {
 
 // All as the library answers it, about the model.
-struct RelationshipSource {
+struct CheckedSource {
     tarn::opc::Part* part;  // null for the package
     std::string entry;      // where its findings stand: the part's entry, or _rels/.rels
     // In the order of the Ids; what the model has been given besides is left out.
@@ -19,14 +19,13 @@ struct RelationshipSource {
 };
 
 // The package, then each part that is reached. None without a model.
-std::vector<RelationshipSource> RelationshipSources(const Subject& subject);
+std::vector<CheckedSource> CheckedSources(const Subject& subject);
 
 // "rId5 (thumbnail)"
 std::string NameOf(const tarn::opc::Relationship& relationship);
 
 // Where a finding about a relationship stands.
-void Locate(const RelationshipSource& source, const tarn::opc::Relationship& relationship,
-            Finding& finding);
+void Locate(const CheckedSource& source, const tarn::opc::Relationship& relationship, Finding& finding);
 
 // VX305, when an entry differs from the missing one only in letter case. The relationship is that of
 // the finding `missing`.
@@ -35,4 +34,4 @@ void ReportVariant(const Subject& subject, const std::string& missingEntry, cons
 
 }  // namespace vexpa_tool
 
-#endif  // VEXPA_TOOL_CHECK_RELATIONSHIPSOURCES_H_
+#endif  // VEXPA_TOOL_CHECK_CHECKEDSOURCES_H_
