@@ -122,6 +122,18 @@ TEST(CompoundCheck, FollowsTheMiniFatAlsoWithoutACount) {
     }
 }
 
+// A writer without small streams may leave 0 there, where the data of a stream begins.
+TEST(CompoundCheck, LooksAtTheMiniFatOnlyForSmallStreams) {
+    for (const std::uint32_t size : {4'096u, 4'095u}) {
+        SCOPED_TRACE(size);
+        const RawEntry stream{u"S", 2, kNoEntry, kNoEntry, kNoEntry, kEndOfChain, size};
+        std::string bytes = RawCompoundBytes({Root(1), stream}, 8);
+        Put32(bytes, 60, 2);
+        Put32(bytes, 3 * 512, 0x12345678);
+        EXPECT_EQ(OpensWith(bytes), size == 4'096u);
+    }
+}
+
 // libgsf reads no further, and goes on with zeros.
 TEST(CompoundCheck, RefusesTablesWithNumbersThatMeanNothing) {
     EXPECT_TRUE(OpensWith(WithMiniFat(1, kEndOfChain, 127)));
