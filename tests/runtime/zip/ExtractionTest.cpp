@@ -105,4 +105,5 @@ TEST_F(ZipExtraction, OfAListingLargerThanTheParserTakesFails) {
     EXPECT_TRUE(extracts("word/document.xml", kMost + 1));
     EXPECT_TRUE(extracts("word/_rels/document.xml.rels2", kMost + 1));
 }
+
 }  // namespace
