@@ -3,7 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <functional>
+#include <memory>
 #include <new>
 #include <string>
 #include <utility>
@@ -11,6 +11,11 @@
 
 #include "tool/ExitStatus.h"
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
+#include "tool/commands/HelpFormatter.h"
+#include "tool/run/Interrupt.h"
+#include "tool/text/Appearance.h"
+#include "tool/text/JsonText.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
 
@@ -18,30 +23,36 @@ namespace vexpa_tool {
 
 namespace {
 
-int Complain(ExitStatus status, const std::string& what) {
-    std::fprintf(stderr, "vexpa: %s\n", what.c_str());
+ExitStatus ComplainAndEnd(ExitStatus status, const std::string& what) {
+    Complain(what);
     return status;
 }
 
-using Runs = std::vector<std::pair<const CLI::App*, std::function<void()>>>;
+using Runs = std::vector<std::pair<const CLI::App*, CommandRun>>;
 
-Runs DeclareCommandLine(CLI::App& app) {
+struct CommonOptions {
+    AppearanceOptions appearance;
+    bool versionAsJson = false;
+};
+
+Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     app.name("vexpa");
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("TEXT", "");
-    app.get_formatter()->label("REQUIRED", "");
+    app.formatter(std::make_shared<HelpFormatter>());
     app.set_help_flag("-h,--help", "Print this help and exit");
-    app.set_version_flag("--version", "vexpa " VEXPA_VERSION, "Print the version and exit");
+    // Before the version, which is printed as soon as it is met.
+    app.add_flag("--json", options.versionAsJson, "Print the version as JSON");
+    app.set_version_flag("--version", VEXPA_VERSION, "Print the version and exit");
     // Exactly one, which also leaves later words free to be a file called like a command.
     app.require_subcommand(1);
     app.footer(
-        "Exit status: 0 done, 2 wrong usage, 3 the package does not open,\n"
-        "4 no such part or name, 5 read or write error.");
+        "Exit status: 0 done, 1 findings or differences, 2 wrong usage, 3 the package\n"
+        "does not open, 4 no such part or name, 5 read or write error, 130 interrupted.");
     Runs runs;
     for (const Command& command : AllCommands()) {
         CLI::App* arguments = app.add_subcommand(command.name, command.summary);
         arguments->group("Commands");
         runs.emplace_back(arguments, command.declare(*arguments));
+        AddAppearance(*arguments, options.appearance);
     }
     return runs;
 }
@@ -54,27 +65,32 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     return "no such command or option: " + PrintableLocal(unknown.front());
 }
 
-int RunCommandLine(int argc, char** argv) {
+ExitStatus RunCommandLine(int argc, char** argv) {
     CLI::App app("Show what is in an Office Open XML package.");
-    const Runs runs = DeclareCommandLine(app);
+    CommonOptions options;
+    const Runs runs = DeclareCommandLine(app, options);
+    ExitStatus status = kDone;
     if (argc <= 1) {
         std::fputs(app.help().c_str(), stderr);
         return kWrongUsage;
     }
     try {
         app.parse(argc, argv);
+        DecideAppearance(options.appearance);
         for (const auto& [arguments, run] : runs) {
-            if (arguments->parsed()) run();
+            if (arguments->parsed()) status = run();
         }
     } catch (const CLI::CallForHelp&) {
-        Write(app.help());
+        StandardOutput().Write(app.help());
     } catch (const CLI::CallForVersion& version) {
-        WriteLine(version.what());
+        const std::string number = version.what();
+        StandardOutput().WriteLine(options.versionAsJson ? JsonText({{"vexpa", number}})
+                                                         : "vexpa " + number);
     } catch (const CLI::ParseError& error) {
-        return Complain(kWrongUsage, UsageError(app, error) + " (see vexpa --help)");
+        return ComplainAndEnd(kWrongUsage, UsageError(app, error) + " (see vexpa --help)");
     }
     FlushOutput();
-    return kDone;
+    return status;
 }
 
 }  // namespace
@@ -86,13 +102,16 @@ int main(int argc, char** argv) {
     UseEnvironmentLocale();
     // A closed pipe ends the tool without a word, also where whoever started it ignores that.
     std::signal(SIGPIPE, SIG_DFL);
+    NoteInterrupts();
     try {
         return RunCommandLine(argc, argv);
     } catch (const ToolError& error) {
-        return Complain(error.Status(), error.what());
+        // Who interrupted it knows.
+        if (error.Status() == kInterrupted) return kInterrupted;
+        return ComplainAndEnd(error.Status(), error.what());
     } catch (const std::bad_alloc&) {
-        return Complain(kReadOrWriteError, "out of memory");
+        return ComplainAndEnd(kReadOrWriteError, "out of memory");
     } catch (const std::exception& error) {
-        return Complain(kReadOrWriteError, error.what());
+        return ComplainAndEnd(kReadOrWriteError, error.what());
     }
 }

@@ -2,12 +2,22 @@
 #ifndef VEXPA_RUNTIME_ZIP_DIRECTORYREADER_H_
 #define VEXPA_RUNTIME_ZIP_DIRECTORYREADER_H_
 
+#include <cstdint>
 #include <memory>
 
 #include "runtime/zip/ArchiveFile.h"
 #include "runtime/zip/Directory.h"
+#include "runtime/zip/EndRecord.h"
 
 namespace vexpa_runtime::zip {
+
+// Where a directory was found.
+struct DirectoryPlace {
+    std::uint64_t start;         // of its first header, in the file
+    std::uint64_t end;           // behind its last
+    std::uint64_t archiveStart;  // what offsets count from; modulo 2^64, as a cut off head is below 0
+    EndRecord endRecord;         // the one that tells of it
+};
 
 // The directory of the archive in `file`, or null when there is no sound one. Throws only
 // when memory is exhausted.
@@ -25,7 +35,10 @@ namespace vexpa_runtime::zip {
 //
 // An archive of which neither is true has no sound directory; nor has one that begins with
 // the signature of a compound file, whatever archives may lie inside.
-std::shared_ptr<const Directory> ReadDirectory(const ArchiveFile& file);
+//
+// *place, when asked for, is where the directory that was found lies.
+std::shared_ptr<const Directory> ReadDirectory(const ArchiveFile& file,
+                                               DirectoryPlace* place = nullptr);
 
 }  // namespace vexpa_runtime::zip
 

@@ -36,6 +36,8 @@ TEST(DumpCommand, WritesTheWholePackageWithItsKeysInOrder) {
     EXPECT_EQ(run.out, R"({
   "package": ")" + path + R"(",
   "opened": true,
+  "status": 0,
+  "error": null,
   "relationships": [
     {
       "id": "rId1",
@@ -96,7 +98,11 @@ TEST(DumpCommand, APackageThatDoesNotOpenIsStillADocument) {
     const ScratchFile file("no package");
     const ToolRun run = RunTool({"dump", file.Path()});
     EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.out, "{\n  \"package\": \"" + file.Path() + "\",\n  \"opened\": false\n}\n");
+    EXPECT_EQ(run.out, "{\n  \"package\": \"" + file.Path() +
+                           "\",\n  \"opened\": false,\n  \"status\": 3,\n  \"error\": \"" +
+                           file.Path() +
+                           ": does not open: not a zip archive, or a damaged one\",\n"
+                           "  \"relationships\": [],\n  \"parts\": []\n}\n");
     EXPECT_THAT(Lines(run.err), testing::SizeIs(1));
 }
 

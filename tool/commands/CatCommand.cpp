@@ -4,8 +4,13 @@
 #include <string>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
 #include "tool/model/OpenPackage.h"
+#include "tool/model/PartArgument.h"
 #include "tool/model/PartReader.h"
+#include "tool/model/PrettyXml.h"
+#include "tool/model/XmlElements.h"
+#include "tool/text/HexDump.h"
 #include "tool/text/Output.h"
 
 namespace vexpa_tool {
@@ -15,24 +20,59 @@ namespace {
 struct Arguments {
     std::string file;
     std::string part;
+    bool isPretty = false;
+    bool isHex = false;
 };
 
-void Run(const Arguments& arguments) {
-    const auto package = OpenPackage(arguments.file);
-    tarn::opc::Part& part = OpenPart(*package, arguments.file, arguments.part);
-    const auto write = [](const char* bytes, std::size_t size) { Write(bytes, size); };
-    if (!PartReader(arguments.file).Read(part, write)) {
-        throw PartError(kReadOrWriteError, arguments.file, arguments.part,
-                        "cannot be extracted: damaged or encrypted");
-    }
+// Passes the bytes on to `sink`.
+void Read(const InputFile& file, const Arguments& arguments, const ByteSink& sink) {
+    const auto package = OpenPackage(file);
+    tarn::opc::Part& part = FindPart(*package, file, arguments.part);
+    if (PartReader(file).Read(part, sink)) return;
+    throw PartError(kReadOrWriteError, file, arguments.part,
+                    "cannot be extracted: damaged or encrypted");
 }
 
-std::function<void()> Declare(CLI::App& app) {
+void WriteHex(const InputFile& file, const Arguments& arguments) {
+    HexDump dump(StandardOutput());
+    Read(file, arguments, [&](const char* bytes, std::size_t size) { dump.Add({bytes, size}); });
+    dump.Finish();
+}
+
+void WritePretty(const InputFile& file, const Arguments& arguments) {
+    std::string xml;
+    Read(file, arguments, [&](const char* bytes, std::size_t size) { xml.append(bytes, size); });
+    try {
+        xml = PrettyXml(xml);
+    } catch (const XmlError& error) {
+        const std::string what = std::string(error.what()) + "; written as it is";
+        Complain(PartError(kDone, file, arguments.part, what).what());
+    }
+    StandardOutput().Write(xml);
+}
+
+ExitStatus Run(const Arguments& arguments) {
+    const InputFile file = TheFile(arguments.file);
+    if (arguments.isHex) {
+        WriteHex(file, arguments);
+    } else if (arguments.isPretty) {
+        WritePretty(file, arguments);
+    } else {
+        const auto write = [](const char* bytes, std::size_t size) {
+            StandardOutput().Write(bytes, size);
+        };
+        Read(file, arguments, write);
+    }
+    return kDone;
+}
+
+CommandRun Declare(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
-    app.add_option("FILE", arguments->file, "the package")->required();
-    app.add_option("PART", arguments->part, "a part name, with or without the leading slash")
-        ->required();
-    return [arguments] { Run(*arguments); };
+    AddFile(app, arguments->file);
+    AddPart(app, arguments->part, "what to write")->required();
+    CLI::Option* pretty = app.add_flag("--pretty", arguments->isPretty, "XML with a line for each tag");
+    app.add_flag("--hex", arguments->isHex, "bytes as hexadecimal numbers")->excludes(pretty);
+    return [arguments] { return Run(*arguments); };
 }
 
 const CommandRegistration registration({"cat", "Write the bytes of a part", Declare});

@@ -6,9 +6,14 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <functional>
+#include <string>
 #include <vector>
 
+#include "tool/ExitStatus.h"
+
 namespace vexpa_tool {
+
+using CommandRun = std::function<ExitStatus()>;
 
 // A command lies whole in a file of its own, which registers it:
 //
@@ -17,8 +22,8 @@ struct Command {
     const char* name;
     const char* summary;
     // Declares the command's arguments on its part of the command line, and answers what
-    // runs once they are read. It throws a ToolError to end with another status than 0.
-    std::function<void()> (*declare)(CLI::App& arguments);
+    // runs once they are read. It answers how the tool ends, or throws a ToolError.
+    CommandRun (*declare)(CLI::App& arguments);
 };
 
 class CommandRegistration {
@@ -28,6 +33,18 @@ public:
 
 // Every command, by name.
 std::vector<Command> AllCommands();
+
+// What `vexpa help WORD` prints about a word that is no command; empty for one it does not
+// know. Registered like a command.
+using HelpTopic = std::string (*)(const std::string& word);
+
+class HelpRegistration {
+public:
+    explicit HelpRegistration(HelpTopic topic);
+};
+
+// What the registered topics say about the word; empty when none knows it.
+std::string HelpOn(const std::string& word);
 
 }  // namespace vexpa_tool
 

@@ -1,29 +1,32 @@
-// vexpa dump FILE: the whole package as JSON.
+// vexpa dump FILE...: the whole package as JSON.
 
 #include <memory>
-#include <string>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
 #include "tool/model/OpenPackage.h"
 #include "tool/model/PackageJson.h"
-#include "tool/text/Output.h"
 
 namespace vexpa_tool {
 
 namespace {
 
-void Run(const std::string& file) {
-    const auto package = FindPackage(file);
-    WriteLine(JsonText(package ? PackageJson(*package, file) : RefusedPackageJson(file)));
-    if (package) return;
-    FlushOutput();
-    throw NotOpened(file);
+ExitStatus Fill(const InputFile& file, Json& json) {
+    const auto package = OpenPackage(file);
+    FillPackageJson(*package, file, json);
+    return kDone;
 }
 
-std::function<void()> Declare(CLI::App& app) {
-    const auto file = std::make_shared<std::string>();
-    app.add_option("FILE", *file, "the package")->required();
-    return [file] { Run(*file); };
+CommandRun Declare(CLI::App& app) {
+    const auto options = std::make_shared<FileOptions>();
+    AddFiles(app, *options);
+    return [options] {
+        options->json = true;
+        FileCommand command;
+        command.members = {{"relationships", Json::array()}, {"parts", Json::array()}};
+        command.fillJson = Fill;
+        return RunFiles(*options, command);
+    };
 }
 
 const CommandRegistration registration({"dump", "Write the whole package as JSON", Declare});

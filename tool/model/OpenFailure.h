@@ -4,11 +4,13 @@
 
 #include <string>
 
+#include "tool/InputFile.h"
+
 namespace vexpa_tool {
 
 // The library gives no reason, so the file and its container are looked at from outside.
 // Everything said is true of the file; that it was the library's reason is a conclusion.
-std::string WhyNotOpened(const std::string& file);
+std::string WhyNotOpened(const InputFile& file);
 
 }  // namespace vexpa_tool
 

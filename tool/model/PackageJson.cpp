@@ -7,7 +7,6 @@
 #include "tool/model/PartReader.h"
 #include "tool/model/PartWalk.h"
 #include "tool/model/RelationshipTypeNames.h"
-#include "tool/text/Local.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -19,6 +18,19 @@ namespace {
 std::string Text(const unsigned short* text) {
     return ToUtf8(tarn::CopyText(text));
 }
+
+Json PartJson(opc::Package& package, PartReader& reader, opc::Part& part) {
+    const std::optional<PartDigest> digest = reader.Digest(part);
+    Json json;
+    json["name"] = ToUtf8(part.GetName().name);
+    json["content_type"] = Text(part.GetContentType());
+    json["size"] = digest ? Json(digest->size) : Json();
+    json["sha256"] = digest ? Json(digest->sha256) : Json();
+    json["relationships"] = RelationshipsJson(package, part.GetRelationships());
+    return json;
+}
+
+}  // namespace
 
 Json RelationshipJson(opc::Package& package, const opc::Relationship& relationship) {
     const opc::RelationshipTypeId typeId = relationship.GetTypeId();
@@ -45,36 +57,12 @@ Json RelationshipsJson(opc::Package& package, const opc::RelationshipMap& relati
     return list;
 }
 
-Json PartJson(opc::Package& package, PartReader& reader, opc::Part& part) {
-    const std::optional<PartDigest> digest = reader.Digest(part);
-    Json json;
-    json["name"] = ToUtf8(part.GetName().name);
-    json["content_type"] = Text(part.GetContentType());
-    json["size"] = digest ? Json(digest->size) : Json();
-    json["sha256"] = digest ? Json(digest->sha256) : Json();
-    json["relationships"] = RelationshipsJson(package, part.GetRelationships());
-    return json;
-}
-
-}  // namespace
-
-Json PackageJson(opc::Package& package, const std::string& file) {
-    Json json;
-    json["package"] = ToUtf8(FromLocal(file));
-    json["opened"] = true;
+void FillPackageJson(opc::Package& package, const InputFile& file, Json& json) {
     json["relationships"] = RelationshipsJson(package, package.GetRelationships());
-    Json parts = Json::array();
     PartReader reader(file);
-    for (opc::Part* part : ReachedParts(package)) parts.push_back(PartJson(package, reader, *part));
-    json["parts"] = std::move(parts);
-    return json;
-}
-
-Json RefusedPackageJson(const std::string& file) {
-    Json json;
-    json["package"] = ToUtf8(FromLocal(file));
-    json["opened"] = false;
-    return json;
+    for (opc::Part* part : ReachedParts(package)) {
+        json["parts"].push_back(PartJson(package, reader, *part));
+    }
 }
 
 }  // namespace vexpa_tool

@@ -2,17 +2,18 @@
 #ifndef VEXPA_TOOL_MODEL_PACKAGEJSON_H_
 #define VEXPA_TOOL_MODEL_PACKAGEJSON_H_
 
-#include <string>
-
+#include "tool/InputFile.h"
 #include "tool/text/JsonText.h"
 #include "vexpa/opc/Package.h"
 
 namespace vexpa_tool {
 
-Json PackageJson(tarn::opc::Package& package, const std::string& file);
+// Fills in the members "relationships" and "parts", which are empty arrays.
+void FillPackageJson(tarn::opc::Package& package, const InputFile& file, Json& json);
 
-// What is said of a file that does not open.
-Json RefusedPackageJson(const std::string& file);
+Json RelationshipJson(tarn::opc::Package& package, const tarn::opc::Relationship& relationship);
+Json RelationshipsJson(tarn::opc::Package& package,
+                       const tarn::opc::RelationshipMap& relationships);
 
 }  // namespace vexpa_tool
 

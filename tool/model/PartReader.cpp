@@ -6,6 +6,7 @@
 #include <array>
 
 #include "tool/model/OpenPackage.h"
+#include "tool/run/Interrupt.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Result.h"
 
@@ -58,6 +59,7 @@ bool PartReader::Read(opc::Part& part, const ByteSink& sink) {
     std::array<char, kPiece> piece;
     std::uint64_t left = open.size;
     while (left > 0) {
+        StopIfInterrupted();
         std::uint32_t read = 0;
         if (Failed(open.stream->Read(piece.data(), kPiece, &read)) || read == 0) return false;
         sink(piece.data(), read);
@@ -69,6 +71,15 @@ bool PartReader::Read(opc::Part& part, const ByteSink& sink) {
 std::optional<std::uint64_t> PartReader::Size(opc::Part& part) {
     const OpenStream open = Open(part);
     return open.stream ? std::optional(open.size) : std::nullopt;
+}
+
+bool PartReader::OpensAsStorage(opc::Part& part) {
+    const std::optional<std::uint64_t> size = Size(part);
+    opc::Part* source = Substitute(part);
+    ComPtr<IStorage> storage;
+    if (!size || source == nullptr || Failed(source->GetStorage(storage.Out()))) return false;
+    kept_ += *size;
+    return true;
 }
 
 std::optional<PartDigest> PartReader::Digest(opc::Part& part) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "tool/InputFile.h"
 #include "vexpa/opc/Package.h"
 
 namespace vexpa_tool {
@@ -26,19 +27,22 @@ struct PartDigest {
 // through a package of their own, which is given up again and again.
 class PartReader {
 public:
-    explicit PartReader(std::string file) : file_(std::move(file)) {}
+    explicit PartReader(InputFile file) : file_(std::move(file)) {}
 
     // Each is empty, or false, when the part has no stream or the stream ends early.
     bool Read(tarn::opc::Part& part, const ByteSink& sink);
     std::optional<std::uint64_t> Size(tarn::opc::Part& part);
     std::optional<PartDigest> Digest(tarn::opc::Part& part);
 
+    // Whether the library opens it as a storage.
+    bool OpensAsStorage(tarn::opc::Part& part);
+
 private:
     struct OpenStream;
     OpenStream Open(tarn::opc::Part& part);
     tarn::opc::Part* Substitute(tarn::opc::Part& part);
 
-    std::string file_;
+    InputFile file_;
     tarn::Handle<tarn::opc::Package> other_;
     std::uint64_t kept_ = 0;  // bytes in the package that is read through
     bool useOther_ = false;

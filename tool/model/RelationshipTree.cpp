@@ -23,10 +23,16 @@ struct Branch {
 // A stack of its own instead of recursion, as the document decides how deep it goes.
 class TreeWalk {
 public:
-    TreeWalk(opc::Package& package, const TreeLineSink& sink) : package_(package), sink_(sink) {}
+    TreeWalk(opc::Package& package, std::size_t depth, const TreeLineSink& sink)
+        : package_(package), depth_(depth), sink_(sink) {}
 
-    void Run() {
-        Enter(package_.GetRelationships(), nullptr, {});
+    void Run(opc::Part* from) {
+        if (depth_ == 0) return;
+        if (from == nullptr) {
+            Enter(package_.GetRelationships(), nullptr, {});
+        } else {
+            Enter(from->GetRelationships(), from, {});
+        }
         while (!branches_.empty()) Step();
     }
 
@@ -34,6 +40,7 @@ private:
     enum class State { IsOpen, IsDone };
 
     void Enter(const opc::RelationshipMap& relationships, opc::Part* source, std::string lead) {
+        if (source != nullptr) states_[source] = State::IsOpen;
         branches_.push_back({&relationships, relationships.begin(), source, std::move(lead)});
     }
 
@@ -48,10 +55,10 @@ private:
         const bool isLast = ++branch.next == branch.relationships->end();
         opc::Part* part = TargetPart(package_, relationship);
         const TargetKind kind = KindOf(relationship, part);
-        sink_(
-            {branch.lead + (isLast ? "`- " : "|- "), &relationship, part, kind, branch.relationships});
-        if (kind != TargetKind::Part) return;
-        states_[part] = State::IsOpen;
+        const bool isCut = kind == TargetKind::Part && branches_.size() >= depth_;
+        sink_({branch.lead + (isLast ? "`- " : "|- "), &relationship, part, kind, branches_.size(),
+               branch.relationships, isCut ? part->GetRelationships().size() : 0});
+        if (kind != TargetKind::Part || isCut) return;
         Enter(part->GetRelationships(), part, LeadBelow(branch.lead, isLast));
     }
 
@@ -70,6 +77,7 @@ private:
     }
 
     opc::Package& package_;
+    const std::size_t depth_;
     const TreeLineSink& sink_;
     std::vector<Branch> branches_;
     std::unordered_map<const opc::Part*, State> states_;
@@ -77,8 +85,8 @@ private:
 
 }  // namespace
 
-void WalkTree(opc::Package& package, const TreeLineSink& sink) {
-    TreeWalk(package, sink).Run();
+void WalkTree(opc::Package& package, const TreeLimits& limits, const TreeLineSink& sink) {
+    TreeWalk(package, limits.depth, sink).Run(limits.from);
 }
 
 }  // namespace vexpa_tool

@@ -12,6 +12,8 @@ namespace vexpa_tool {
 
 namespace {
 
+bool environmentIsUtf8 = false;
+
 QString Decode(const std::string& local) {
     return QString::fromLocal8Bit(local.data(), static_cast<int>(local.size()));
 }
@@ -22,9 +24,15 @@ QString Decode(const std::string& local) {
 void UseEnvironmentLocale() {
     std::setlocale(LC_ALL, "");
     const std::string_view plainAscii = "ANSI_X3.4-1968";
-    if (nl_langinfo(CODESET) == plainAscii) std::setlocale(LC_CTYPE, "C.UTF-8");
+    const std::string_view codeset = nl_langinfo(CODESET);
+    environmentIsUtf8 = codeset == "UTF-8";
+    if (codeset == plainAscii) std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 // NOLINTEND(concurrency-mt-unsafe)
+
+bool EnvironmentIsUtf8() {
+    return environmentIsUtf8;
+}
 
 std::u16string FromLocal(const std::string& local) {
     return Decode(local).toStdU16String();

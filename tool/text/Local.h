@@ -12,6 +12,9 @@ namespace vexpa_tool {
 // lost; UTF-8 is what their files are named in.
 void UseEnvironmentLocale();
 
+// Whether the environment itself says UTF-8, so that a terminal will show it.
+bool EnvironmentIsUtf8();
+
 // Bytes outside the encoding become U+FFFD.
 std::u16string FromLocal(const std::string& local);
 

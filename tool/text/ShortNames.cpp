@@ -9,14 +9,16 @@ namespace vexpa_tool {
 
 namespace opc = tarn::opc;
 
-std::string ShortType(const opc::Relationship& relationship) {
+std::string TypeEnd(const opc::Relationship& relationship) {
     const std::u16string type = tarn::CopyText(relationship.GetType());
     const std::size_t slash = type.find_last_of(u"/\\");
-    const std::string tail = Printable(slash == std::u16string::npos ? type : type.substr(slash + 1));
+    return PrintableOrQuotes(slash == std::u16string::npos ? type : type.substr(slash + 1));
+}
 
+std::string ShortType(const opc::Relationship& relationship) {
     const opc::RelationshipTypeId id = relationship.GetTypeId();
     const std::string number = id == opc::RelTypeUnknown ? "-" : std::to_string(id);
-    return (tail.empty() ? "\"\"" : tail) + " [" + number + "]";
+    return TypeEnd(relationship) + " [" + number + "]";
 }
 
 std::string ShortContentType(const std::string& contentType) {

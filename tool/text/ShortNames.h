@@ -8,6 +8,9 @@
 
 namespace vexpa_tool {
 
+// "officeDocument": the end of the type as written; two quotes for an empty one.
+std::string TypeEnd(const tarn::opc::Relationship& relationship);
+
 // "officeDocument [9]": the end of the type as written, and the library's number for it;
 // "[-]" when it has none.
 std::string ShortType(const tarn::opc::Relationship& relationship);

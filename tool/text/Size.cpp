@@ -20,4 +20,10 @@ std::string HumanSize(std::uint64_t bytes) {
     return std::to_string(rounded / 10) + "." + std::to_string(rounded % 10) + kUnits[unit];
 }
 
+std::string GroupedDigits(std::uint64_t number) {
+    std::string digits = std::to_string(number);
+    for (std::size_t at = digits.size(); at > 3;) digits.insert(at -= 3, 1, ',');
+    return digits;
+}
+
 }  // namespace vexpa_tool

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "tool/text/Appearance.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -33,6 +34,11 @@ void Table::Add(Row row) {
     rows_.push_back(std::move(row));
 }
 
+void Table::AddHeading(Row words) {
+    for (std::string& word : words) word = Inked(Ink::Strong, word);
+    Add(std::move(words));
+}
+
 std::vector<std::string> Table::Lines() const {
     std::vector<std::string> lines;
     lines.reserve(rows_.size());
@@ -40,14 +46,19 @@ std::vector<std::string> Table::Lines() const {
         std::string line;
         std::size_t end = 0;  // of the last cell with text: no blanks after it
         for (std::size_t i = 0; i < row.size(); ++i) {
-            line += i == rightColumn_ ? PaddedLeft(row[i], widths_[i]) : row[i];
+            const bool isRight = rightColumns_.contains(i);
+            line += isRight ? PaddedLeft(row[i], widths_[i]) : row[i];
             if (!row[i].empty()) end = line.size();
-            line += (i == rightColumn_ ? "" : Blanks(row[i], widths_[i])) + "  ";
+            line += (isRight ? "" : Blanks(row[i], widths_[i])) + "  ";
         }
         line.resize(end);
         lines.push_back(std::move(line));
     }
     return lines;
+}
+
+void Table::WriteTo(Output& out) const {
+    for (const std::string& line : Lines()) out.WriteLine(line);
 }
 
 }  // namespace vexpa_tool

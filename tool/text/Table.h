@@ -3,9 +3,11 @@
 #define VEXPA_TOOL_TEXT_TABLE_H_
 
 #include <cstddef>
-#include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
+
+#include "tool/text/Output.h"
 
 namespace vexpa_tool {
 
@@ -23,16 +25,19 @@ class Table {
 public:
     using Row = std::vector<std::string>;
 
-    void AlignRight(std::size_t column) { rightColumn_ = column; }
+    void AlignRight(std::size_t column) { rightColumns_.insert(column); }
     void Add(Row row);
+    // A row of words that stand above columns.
+    void AddHeading(Row words);
 
     // Each row with its columns aligned, two blanks between them, none at the end.
     std::vector<std::string> Lines() const;
+    void WriteTo(Output& out) const;
 
 private:
     std::vector<Row> rows_;
     std::vector<std::size_t> widths_;
-    std::size_t rightColumn_ = SIZE_MAX;
+    std::set<std::size_t> rightColumns_;
 };
 
 }  // namespace vexpa_tool

@@ -1,6 +1,8 @@
 #include "tool/text/Unicode.h"
 
+#include <QString>
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cwchar>
 
@@ -9,6 +11,8 @@ namespace vexpa_tool {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+
+bool escapesBeyondAscii = false;
 
 bool IsHighSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -26,6 +30,32 @@ std::string Escaped(char32_t character) {
     char text[16];
     std::snprintf(text, sizeof text, format, static_cast<unsigned>(character));
     return text;
+}
+
+std::size_t EscapeDigits(char16_t letter) {
+    return letter == u'x' ? 2 : letter == u'u' ? 4 : letter == u'U' ? 8 : 0;
+}
+
+int HexDigit(char16_t unit) {
+    if (unit >= u'0' && unit <= u'9') return unit - u'0';
+    return unit >= u'a' && unit <= u'f' ? unit - u'a' + 10 : -1;
+}
+
+// Takes an escape off the text; false when it does not begin with one.
+bool TakeEscape(std::u16string_view& text, char32_t& character) {
+    if (text.size() < 2 || text[0] != u'\\') return false;
+    const std::size_t digits = EscapeDigits(text[1]);
+    if (digits == 0 || text.size() < 2 + digits) return false;
+    std::uint32_t value = 0;
+    for (const char16_t unit : text.substr(2, digits)) {
+        const int digit = HexDigit(unit);
+        if (digit < 0) return false;
+        value = value * 16 + static_cast<std::uint32_t>(digit);
+    }
+    if (value > 0x10FFFF) return false;
+    character = value;
+    text.remove_prefix(2 + digits);
+    return true;
 }
 
 }  // namespace
@@ -99,12 +129,35 @@ bool IsUnsafeToPrint(char32_t character) {
     return IsBetween(0xFDD0, character, 0xFDEF) || (character & 0xFFFE) == 0xFFFE;
 }
 
+std::string_view TakeLine(std::string_view& text) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
+std::string PrintableLine(std::string_view bytes) {
+    const std::u16string text =
+        QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())).toStdU16String();
+    std::string printable;
+    for (std::u16string_view rest = text;;) {
+        const std::size_t tab = rest.find(u'\t');
+        printable += Printable(rest.substr(0, tab));
+        if (tab == std::u16string_view::npos) return printable;
+        printable += '\t';
+        rest.remove_prefix(tab + 1);
+    }
+}
+
+void EscapeBeyondAscii(bool escape) {
+    escapesBeyondAscii = escape;
+}
+
 std::string Printable(std::u16string_view text) {
     std::string printable;
     printable.reserve(text.size());
     while (!text.empty()) {
         const char32_t character = TakeCharacter(text);
-        if (IsUnsafeToPrint(character)) {
+        if (IsUnsafeToPrint(character) || (escapesBeyondAscii && character > 0x7E)) {
             printable += Escaped(character);
         } else {
             AppendUtf8(character, printable);
@@ -117,9 +170,28 @@ std::string PrintableOrQuotes(std::u16string_view text) {
     return text.empty() ? "\"\"" : Printable(text);
 }
 
+std::u16string Unescaped(std::u16string_view printable) {
+    std::u16string text;
+    while (!printable.empty()) {
+        char32_t character = 0;
+        if (TakeEscape(printable, character)) {
+            AppendUtf16(character, text);
+        } else {
+            text += printable.front();
+            printable.remove_prefix(1);
+        }
+    }
+    return text;
+}
+
 std::size_t DisplayWidth(std::string_view printable) {
     std::size_t width = 0;
     while (!printable.empty()) {
+        // Printable leaves no escape character, so this one begins or ends an ink.
+        if (printable.front() == '\x1b') {
+            printable.remove_prefix(std::min(printable.find('m') + 1, printable.size()));
+            continue;
+        }
         const int columns = wcwidth(static_cast<wchar_t>(TakeUtf8(printable)));
         width += columns < 0 ? 1 : static_cast<std::size_t>(columns);
     }

@@ -31,10 +31,22 @@ bool IsUnsafeToPrint(char32_t character);
 // UTF-8 for people: what is unsafe to print stands as \x1b, \u202e or \U0001fffe.
 std::string Printable(std::u16string_view text);
 
-// The same; two quotes for the empty text, which would leave a column without a word.
+// Takes the first line off `text`, which is not empty, and its line feed with it.
+std::string_view TakeLine(std::string_view& text);
+
+// A line of document text in UTF-8 or not: tabs stay, bytes that are no text become U+FFFD.
+std::string PrintableLine(std::string_view bytes);
+
+// From now on, or no longer, what is beyond ASCII is escaped as well. Before there are threads.
+void EscapeBeyondAscii(bool escape);
+
+// Printable; two quotes for the empty text, which would leave a column without a word.
 std::string PrintableOrQuotes(std::u16string_view text);
 
-// The columns that Printable's result takes on a terminal.
+// The other way round: what Printable wrote as \x1b, \u202e or \U0001fffe is that character.
+std::u16string Unescaped(std::u16string_view printable);
+
+// The columns that the text takes on a terminal: a result of Printable, in ink or without.
 std::size_t DisplayWidth(std::string_view printable);
 
 }  // namespace vexpa_tool

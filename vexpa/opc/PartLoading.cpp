@@ -41,12 +41,13 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) 
 // cost the caller the part itself.
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
-    const std::u16string entryName = EntryName(RelationshipEntryName(source));
-    if (entryName.empty()) return;
+    const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
+    if (entryName.empty() || allowance_.IsUsedUp()) return;
 
     HGBL block = nullptr;
+    std::size_t size = 0;
     if (Failed(ExtractEntryToBlock(*archive_.GetImpl(), entryName.c_str(),
-                                   zip::OnBlockFailure::LoseBytes, &block))) {
+                                   zip::OnBlockFailure::LoseBytes, &block, &size))) {
         return;
     }
     ComPtr<IStream> stream;
@@ -54,10 +55,15 @@ void PackageImpl::ReadPartRelationships(PartImpl& part) {
 
     ComPtr<IDomDocument> document;
     ParseDocument(stream.Get(), document.Out());
-    if (!document) return;
-    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<Relationship> relationship) {
+    std::size_t count = 0;
+    const auto file = [&](std::unique_ptr<RelationshipImpl> relationship) {
+        if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         part.Relationships().File(std::move(relationship), ownedObjects_);
-    });
+        ++count;
+        return true;
+    };
+    if (document) ReadRelationships(*document.Get(), source, file);
+    allowance_.CountText(size, count);
 }
 
 }  // namespace tarn::opc

@@ -1,0 +1,212 @@
+// VX402, VX405, VX604, VX605 and VX607: the kinds of relationships.
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool/check/CheckedSources.h"
+#include "tool/check/Groups.h"
+#include "tool/check/PartNames.h"
+#include "tool/check/Shown.h"
+#include "tool/check/WordCounts.h"
+#include "tool/text/Size.h"
+#include "tool/text/Unicode.h"
+#include "vexpa/base/Utf16.h"
+
+namespace vexpa_tool {
+
+namespace opc = tarn::opc;
+
+namespace {
+
+constexpr std::size_t kMostWords = 6;
+
+// Types of which several stand with one source.
+class RepeatedTypes {
+public:
+    void Look(const CheckedSource& source) {
+        std::map<std::string, std::uint64_t> counts;
+        for (const opc::Relationship* one : source.relationships) {
+            if (one->GetTypeId() != opc::RelTypeUnknown) ++counts[TypeTail(*one)];
+        }
+        for (const auto& [type, count] : counts) {
+            if (count > 1) Add(type, count, source.entry);
+        }
+    }
+
+    void Report(Findings& findings) const {
+        if (types_.empty()) return;
+        findings.Add(FindingId::RepeatedType, [this](Finding& finding) {
+            finding.entry = OnlySource();
+            ShownList list(kMostWords);
+            for (const auto& [type, repeated] : types_) {
+                list.Add(type + " (" + GroupedDigits(repeated.most) +
+                         (repeated.sources == 1 ? "" : " or less in " + Sources(repeated.sources)) +
+                         ")");
+            }
+            finding.cause = "a look-up by type answers the first of several: " + list.Text();
+        });
+    }
+
+private:
+    struct Repeated {
+        std::uint64_t sources = 0;
+        std::uint64_t most = 0;
+        std::string source;  // the first
+    };
+
+    static std::string Sources(std::uint64_t count) { return GroupedDigits(count) + " parts"; }
+
+    void Add(const std::string& type, std::uint64_t count, const std::string& source) {
+        Repeated& repeated = types_[type];
+        if (repeated.sources++ == 0) repeated.source = source;
+        repeated.most = std::max(repeated.most, count);
+    }
+
+    // Empty when there are several.
+    std::string OnlySource() const {
+        const std::string& source = types_.begin()->second.source;
+        const bool isOnly = std::all_of(types_.begin(), types_.end(), [&](const auto& type) {
+            return type.second.sources == 1 && type.second.source == source;
+        });
+        return isOnly ? source : std::string();
+    }
+
+    std::map<std::string, Repeated> types_;
+};
+
+// What code or other documents the package holds.
+class ActiveContent {
+public:
+    void Look(const opc::Relationship& relationship) {
+        if (relationship.GetTargetMode() == opc::TargetModeExternal) return;
+        switch (relationship.GetTypeId()) {
+            case opc::RelTypeVbaProject:
+                ++macros_;
+                break;
+            case opc::RelTypeControl:
+                ++controls_;
+                break;
+            case opc::RelTypeOleObject:
+                ++objects_;
+                break;
+            case opc::RelTypePackage:
+                ++packages_;
+                break;
+            default:
+                break;
+        }
+    }
+
+    void Report(Findings& findings) const {
+        ShownList list(4);
+        Add(macros_, "macro project", "macro projects", list);
+        Add(controls_, "ActiveX control", "ActiveX controls", list);
+        Add(objects_, "OLE object", "OLE objects", list);
+        Add(packages_, "embedded package", "embedded packages", list);
+        if (list.Count() == 0) return;
+        findings.Add(FindingId::ActiveContent,
+                     [&](Finding& finding) { finding.cause = "holds " + list.Text(); });
+    }
+
+private:
+    static void Add(std::uint64_t count, const char* one, const char* several, ShownList& list) {
+        if (count != 0) list.Add(Counted(count, one, several));
+    }
+
+    std::uint64_t macros_ = 0, controls_ = 0, objects_ = 0, packages_ = 0;
+};
+
+// What editors load without being asked; null for what waits for a click.
+const char* LoadedAs(opc::RelationshipTypeId type) {
+    switch (type) {
+        case opc::RelTypeAttachedTemplate:
+            return "the attached template";
+        case opc::RelTypeOleObject:
+            return "a linked object";
+        case opc::RelTypeFrame:
+            return "a frame";
+        case opc::RelTypeSubDocument:
+            return "a sub-document";
+        case opc::RelTypeAfChunk:
+            return "an imported document";
+        case opc::RelTypeMailMergeSource:
+        case opc::RelTypeMailMergeHeaderSource:
+            return "a data source";
+        case opc::RelTypeImage:
+            return "a linked image";
+        default:
+            return nullptr;
+    }
+}
+
+// On another machine: by a URL, or by the name of a server.
+bool IsRemote(std::string_view target) {
+    const std::string folded = FoldedCase(target);
+    for (const std::string_view start : {"http:", "https:", "ftp:", "\\\\", "//", "mhtml:", "file:////",
+                                         "file:///\\\\", "file:\\\\"}) {
+        if (folded.starts_with(start)) return true;
+    }
+    constexpr std::string_view kFile = "file://";
+    return folded.starts_with(kFile) && folded.size() > kFile.size() && folded[kFile.size()] != '/';
+}
+
+void CheckLoaded(const CheckedSource& source, const opc::Relationship& relationship,
+                 Findings& findings) {
+    const char* what = LoadedAs(relationship.GetTypeId());
+    if (what == nullptr) return;
+    const std::string target = ToUtf8(relationship.GetTarget().name);
+    const bool isRemote = IsRemote(target);
+    findings.Add(FindingId::LoadedFromOutside, isRemote ? Severity::Warning : Severity::Info,
+                 [&](Finding& finding) {
+                     Locate(source, relationship, finding);
+                     finding.cause = std::string(what) + " lies " +
+                                     (isRemote ? "on another machine" : "outside") + ": " +
+                                     Shown(target);
+                 });
+}
+
+void ReportExternal(const WordCounts& external, Findings& findings) {
+    if (external.IsEmpty()) return;
+    findings.Add(FindingId::ExternalTargets, [&](Finding& finding) {
+        finding.cause = Counted(external.Total(), "external target: ", "external targets: ") +
+                        external.Text(kMostWords);
+    });
+}
+
+void ReportUnknown(const WordCounts& unknown, Findings& findings) {
+    if (unknown.IsEmpty()) return;
+    findings.Add(FindingId::UnknownType, [&](Finding& finding) {
+        finding.cause = Counted(unknown.Total(), "relationship", "relationships") + " of " +
+                        Counted(unknown.Words(), "type", "types") +
+                        " outside the table: " + unknown.Text(kMostWords);
+    });
+}
+
+}  // namespace
+
+void CheckRelationshipTypes(const Subject& subject, Findings& findings) {
+    RepeatedTypes repeated;
+    ActiveContent active;
+    WordCounts external, unknown;
+    for (const CheckedSource& source : CheckedSources(subject)) {
+        repeated.Look(source);
+        for (const opc::Relationship* relationship : source.relationships) {
+            active.Look(*relationship);
+            const std::string type = TypeTail(*relationship);
+            if (relationship->GetTypeId() == opc::RelTypeUnknown) unknown.Add(type);
+            if (relationship->GetTargetMode() == opc::TargetModeInternal) continue;
+            external.Add(type);
+            CheckLoaded(source, *relationship, findings);
+        }
+    }
+    repeated.Report(findings);
+    active.Report(findings);
+    ReportUnknown(unknown, findings);
+    ReportExternal(external, findings);
+}
+
+}  // namespace vexpa_tool

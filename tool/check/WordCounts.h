@@ -1,0 +1,34 @@
+// tool/check/WordCounts.h - how often each word came: "image (12), theme (2)".
+#ifndef VEXPA_TOOL_CHECK_WORDCOUNTS_H_
+#define VEXPA_TOOL_CHECK_WORDCOUNTS_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace vexpa_tool {
+
+class WordCounts {
+public:
+    // Beyond that many different words, new ones are counted in all only.
+    static constexpr std::size_t kMostWords = 50'000;
+
+    void Add(std::string_view utf8);
+
+    bool IsEmpty() const noexcept { return total_ == 0; }
+    std::uint64_t Total() const noexcept { return total_; }
+    std::size_t Words() const noexcept { return counts_.size(); }
+
+    // At most `most` of them, the most frequent first.
+    std::string Text(std::size_t most) const;
+
+private:
+    std::map<std::string, std::uint64_t, std::less<>> counts_;
+    std::uint64_t total_ = 0;
+};
+
+}  // namespace vexpa_tool
+
+#endif  // VEXPA_TOOL_CHECK_WORDCOUNTS_H_

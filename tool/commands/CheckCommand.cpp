@@ -1,0 +1,128 @@
+// vexpa check FILE...: does it open, why not, and what will hurt an importer.
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tool/check/CheckSummary.h"
+#include "tool/check/ReportJson.h"
+#include "tool/check/ReportText.h"
+#include "tool/check/Selection.h"
+#include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
+#include "tool/model/Vocabulary.h"
+
+namespace vexpa_tool {
+
+namespace {
+
+struct Arguments {
+    FileOptions files;
+    CheckOptions check;
+    Selection selection;
+    Severity failOn = Severity::Error;
+    bool isAll = false;
+};
+
+class CheckRun {
+public:
+    explicit CheckRun(Arguments arguments) : arguments_(std::move(arguments)) {
+        if (!arguments_.check.isDeep) return;
+        vocabulary_.emplace();
+        arguments_.check.vocabulary = &*vocabulary_;
+    }
+
+    ExitStatus Run() {
+        FileCommand command;
+        command.heading = Heading::None;
+        command.showText = [this](const InputFile& file, Output& out) {
+            const CheckReport report = Check(file);
+            WriteReport(file.name, report, arguments_.isAll, out);
+            return StatusOf(report);
+        };
+        command.showBriefly = [this](const InputFile& file, Output& out) {
+            const CheckReport report = Check(file);
+            WriteBriefReport(file.name, report, arguments_.isAll, out);
+            return StatusOf(report);
+        };
+        command.showSummary = [this](Output& out) { summary_.Write(arguments_.isAll, out); };
+        command.members = EmptyReportJson();
+        command.fillJson = [this](const InputFile& file, Json& json) {
+            const CheckReport report = Check(file);
+            FillReportJson(report, json);
+            return StatusOf(report);
+        };
+        return RunFiles(arguments_.files, command);
+    }
+
+private:
+    CheckReport Check(const InputFile& file) {
+        CheckReport report = CheckPackage(file, arguments_.check);
+        arguments_.selection.Narrow(report);
+        summary_.Add(report);
+        return report;
+    }
+
+    ExitStatus StatusOf(const CheckReport& report) const {
+        if (!report.opens) return kFindings;
+        for (const auto& [kind, count] : report.counts) {
+            if (kind.second <= arguments_.failOn) return kFindings;
+        }
+        return kDone;
+    }
+
+    Arguments arguments_;
+    std::optional<Vocabulary> vocabulary_;
+    CheckSummary summary_;
+};
+
+void AddPatterns(CLI::App& app, const std::string& name, std::vector<FindingPattern>& patterns,
+                 const std::string& use) {
+    const auto take = [name, &patterns](const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) {
+            const FindingPattern pattern(text);
+            if (!pattern.IsKnown()) throw CLI::ValidationError(name, "no such finding: " + text);
+            patterns.push_back(pattern);
+        }
+    };
+    app.add_option_function<std::vector<std::string>>(name, take, use)
+        ->type_name("VX...")
+        ->delimiter(',')
+        ->expected(1);
+}
+
+void AddFailOn(CLI::App& app, Severity& failOn) {
+    const auto take = [&failOn](const std::string& word) {
+        if (word != "error" && word != "warning") {
+            throw CLI::ValidationError("--fail-on", "is error or warning");
+        }
+        failOn = word == "error" ? Severity::Error : Severity::Warning;
+    };
+    app.add_option_function<std::string>("--fail-on", take,
+                                         "end with status 1 from error (the default) or warning on")
+        ->type_name("SEVERITY");
+}
+
+CommandRun Declare(CLI::App& app) {
+    const auto arguments = std::make_shared<Arguments>();
+    AddFiles(app, arguments->files);
+    app.add_flag("--deep", arguments->check.isDeep,
+                 "read every part, parse the XML, open the compound files");
+    AddFailOn(app, arguments->failOn);
+    AddPatterns(app, "--only", arguments->selection.only, "tell of these findings only: VX305, or VX3");
+    AddPatterns(app, "--ignore", arguments->selection.ignored, "leave these findings out");
+    app.add_flag("-a,--all", arguments->isAll,
+                 "show all findings of one kind, and of several files the information, too");
+    app.add_option("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)")
+        ->type_name("SIZE")
+        ->transform(CLI::AsSizeValue(false));
+    return [arguments] { return CheckRun(*arguments).Run(); };
+}
+
+const CommandRegistration registration({"check", "Tell why a package does not open, and what is wrong",
+                                        Declare});
+
+}  // namespace
+
+}  // namespace vexpa_tool

@@ -1,0 +1,60 @@
+#include "tool/commands/CommonArguments.h"
+
+#include <array>
+#include <utility>
+
+namespace vexpa_tool {
+
+namespace {
+
+constexpr std::array<std::pair<const char*, When>, 3> kWhens = {
+    {{"auto", When::Auto}, {"always", When::Always}, {"never", When::Never}}};
+
+void AddWhen(CLI::App& app, const std::string& name, When& when, const std::string& use) {
+    const auto take = [name, &when](const std::string& word) {
+        for (const auto& [known, meaning] : kWhens) {
+            if (word != known) continue;
+            when = meaning;
+            return;
+        }
+        throw CLI::ValidationError(name, "is auto, always or never");
+    };
+    app.add_option_function<std::string>(name, take, use)->type_name("auto|always|never");
+}
+
+}  // namespace
+
+void AddFiles(CLI::App& app, FileOptions& options) {
+    app.add_option("FILE", options.files.arguments,
+                   "packages; - is standard input, @LIST a file with a name on each line")
+        ->required()
+        ->expected(1, -1);
+    AddFileOptions(app, options);
+}
+
+void AddFileOptions(CLI::App& app, FileOptions& options) {
+    app.add_flag("-r,--recursive", options.files.recursive, "take the documents below a folder");
+    app.add_option("-j,--jobs", options.jobs, "files to read at the same time; 0 for all processors")
+        ->type_name("N");
+    AddWhen(app, "--progress", options.progress, "show how far it is");
+    AddJson(app, options.json);
+}
+
+void AddFile(CLI::App& app, std::string& file) {
+    app.add_option("FILE", file, "the package; - is standard input")->required();
+}
+
+CLI::Option* AddPart(CLI::App& app, std::string& part, const std::string& use) {
+    return app.add_option("PART", part, use + ": a name or its end, main, or ID@PART");
+}
+
+CLI::Option* AddJson(CLI::App& app, bool& json) {
+    return app.add_flag("--json", json, "write JSON");
+}
+
+void AddAppearance(CLI::App& app, AppearanceOptions& options) {
+    AddWhen(app, "--color", options.colour, "use colours");
+    app.add_flag("--ascii", options.asciiOnly, "escape whatever is beyond ASCII");
+}
+
+}  // namespace vexpa_tool

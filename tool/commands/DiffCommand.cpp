@@ -1,0 +1,250 @@
+// vexpa diff A B: what came, went and changed from one package to another.
+
+#include <QString>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tool/commands/Command.h"
+#include "tool/commands/CommonArguments.h"
+#include "tool/model/OpenPackage.h"
+#include "tool/model/PackageDifference.h"
+#include "tool/model/PrettyXml.h"
+#include "tool/model/XmlElements.h"
+#include "tool/run/LineDifference.h"
+#include "tool/text/Local.h"
+#include "tool/text/Output.h"
+#include "tool/text/ShortNames.h"
+#include "tool/text/Table.h"
+#include "tool/text/Unicode.h"
+
+namespace vexpa_tool {
+
+namespace {
+
+namespace opc = tarn::opc;
+
+struct Arguments {
+    std::string a;
+    std::string b;
+    bool parts = false;
+    bool relationships = false;
+    bool types = false;
+    bool xml = false;
+    bool json = false;
+
+    bool ShowsAll() const { return !parts && !relationships && !types; }
+};
+
+const char* MarkOf(Change change) {
+    return change == Change::Came ? "+ " : change == Change::Went ? "- " : "~ ";
+}
+
+Ink InkOf(Change change) {
+    return change == Change::Came ? Ink::Good : change == Change::Went ? Ink::Bad : Ink::Notice;
+}
+
+const char* WordFor(Change change) {
+    return change == Change::Came ? "came" : change == Change::Went ? "went" : "changed";
+}
+
+// The packages, and what differs between them.
+class Comparison {
+public:
+    Comparison(const InputFile& fileA, const InputFile& fileB, const Arguments& arguments)
+        : fileA_(fileA), fileB_(fileB), packageA_(OpenPackage(fileA)), packageB_(OpenPackage(fileB)) {
+        const ComparedPackage a{fileA_, *packageA_.Get()}, b{fileB_, *packageB_.Get()};
+        const bool all = arguments.ShowsAll();
+        if (all || arguments.parts) parts = CompareParts(a, b);
+        if (all || arguments.relationships) relationships = CompareRelationships(a, b);
+        if (all || arguments.types) types = CompareTypes(a, b);
+    }
+
+    ExitStatus Status() const {
+        ExitStatus status = kDone;
+        if (!parts.empty() || !relationships.empty() || !types.empty()) status = kFindings;
+        for (const PartDifference& part : parts) {
+            if (part.isUnreadable) status = kReadOrWriteError;
+        }
+        return status;
+    }
+
+    // How the two forms of a changed XML part differ; not known for other parts.
+    std::optional<std::string> XmlDifference(const PartDifference& part) const {
+        if (part.change != Change::Changed || part.isUnreadable) return std::nullopt;
+        try {
+            return LineDifference(PrettyXml(ReadPart(fileA_, *packageA_.Get(), part.name)),
+                                  PrettyXml(ReadPart(fileB_, *packageB_.Get(), part.name)));
+        } catch (const XmlError&) {
+            return std::nullopt;
+        }
+    }
+
+    std::vector<PartDifference> parts;
+    std::vector<RelationshipDifference> relationships;
+    std::vector<TypeDifference> types;
+
+private:
+    static std::string ReadPart(const InputFile& file, opc::Package& package,
+                                const std::u16string& name) {
+        std::string bytes;
+        opc::Part* part = package.GetPart(opc::PartUri(name.c_str()));
+        if (part == nullptr) return bytes;
+        PartReader(file).Read(*part,
+                              [&](const char* piece, std::size_t size) { bytes.append(piece, size); });
+        return bytes;
+    }
+
+    const InputFile& fileA_;
+    const InputFile& fileB_;
+    tarn::Handle<opc::Package> packageA_;
+    tarn::Handle<opc::Package> packageB_;
+};
+
+std::string SizesText(const PartDifference& part) {
+    const auto text = [](const std::optional<PartDigest>& digest) {
+        return digest ? std::to_string(digest->size) : "unreadable";
+    };
+    switch (part.change) {
+        case Change::Came:
+            return text(part.after) + " bytes";
+        case Change::Went:
+            return text(part.before) + " bytes";
+        case Change::Changed:
+            break;
+    }
+    return text(part.before) + " -> " + text(part.after) + " bytes";
+}
+
+std::string TargetText(const opc::Relationship& relationship) {
+    return ShortType(relationship) + " -> " + PrintableOrQuotes(relationship.GetResolvedTarget().name);
+}
+
+std::string TargetsText(const RelationshipDifference& one) {
+    if (one.before == nullptr) return TargetText(*one.after);
+    if (one.after == nullptr) return TargetText(*one.before);
+    return TargetText(*one.before) + " => " + TargetText(*one.after);
+}
+
+// The lines of a part's XML are document text: they may hold anything.
+void WriteXmlDifference(const std::string& difference, Output& out) {
+    if (difference.empty()) return out.WriteLine("    only white space between tags");
+    for (std::string_view rest = difference; !rest.empty();) {
+        const std::string_view line = TakeLine(rest);
+        const Ink ink = line.starts_with('+')   ? Ink::Good
+                        : line.starts_with('-') ? Ink::Bad
+                                                : Ink::Plain;
+        out.WriteLine("    " + Inked(ink, PrintableLine(line)));
+    }
+}
+
+void ShowParts(const Comparison& comparison, bool withXml, Output& out) {
+    std::size_t width = 0;
+    for (const PartDifference& part : comparison.parts) {
+        width = std::max(width, DisplayWidth(Printable(part.name)));
+    }
+    width = std::min(width, kWidestColumn);
+    for (const PartDifference& part : comparison.parts) {
+        out.WriteLine(
+            Inked(InkOf(part.change), MarkOf(part.change) + Padded(Printable(part.name), width)) +
+            "  " + SizesText(part));
+        const auto difference = withXml ? comparison.XmlDifference(part) : std::nullopt;
+        if (difference) WriteXmlDifference(*difference, out);
+    }
+}
+
+void ShowRelationships(const Comparison& comparison, Output& out) {
+    Table table;
+    for (const RelationshipDifference& one : comparison.relationships) {
+        const std::string source = one.source.empty() ? "/" : Printable(one.source);
+        table.Add({Inked(InkOf(one.change), MarkOf(one.change) + source), PrintableOrQuotes(one.id),
+                   TargetsText(one)});
+    }
+    table.WriteTo(out);
+}
+
+void ShowTypes(const Comparison& comparison, Output& out) {
+    Table table;
+    for (const TypeDifference& one : comparison.types) {
+        table.Add({Inked(Ink::Notice, "~ " + Printable(one.name)),
+                   PrintableOrQuotes(one.before) + " => " + PrintableOrQuotes(one.after)});
+    }
+    table.WriteTo(out);
+}
+
+Json DigestJson(const std::optional<PartDigest>& digest) {
+    if (!digest) return {};
+    return {{"size", digest->size}, {"sha256", digest->sha256}};
+}
+
+Json RelationshipJson(const opc::Relationship* relationship) {
+    if (relationship == nullptr) return {};
+    const bool isExternal = relationship->GetTargetMode() == opc::TargetModeExternal;
+    return {{"type", ToUtf8(tarn::CopyText(relationship->GetType()))},
+            {"target_mode", isExternal ? "external" : "internal"},
+            {"resolved_target", ToUtf8(relationship->GetResolvedTarget().name)}};
+}
+
+void FillJson(const Comparison& comparison, bool withXml, Json& json) {
+    for (const PartDifference& part : comparison.parts) {
+        Json item = {{"change", WordFor(part.change)},
+                     {"name", ToUtf8(part.name)},
+                     {"before", DigestJson(part.before)},
+                     {"after", DigestJson(part.after)},
+                     {"readable", !part.isUnreadable}};
+        const auto difference = withXml ? comparison.XmlDifference(part) : std::nullopt;
+        item["xml"] = difference ? Json(QString::fromStdString(*difference).toStdString()) : Json();
+        json["parts"].push_back(std::move(item));
+    }
+    for (const RelationshipDifference& one : comparison.relationships) {
+        json["relationships"].push_back({{"change", WordFor(one.change)},
+                                         {"source", ToUtf8(one.source)},
+                                         {"id", ToUtf8(one.id)},
+                                         {"before", RelationshipJson(one.before)},
+                                         {"after", RelationshipJson(one.after)}});
+    }
+    for (const TypeDifference& one : comparison.types) {
+        json["types"].push_back(
+            {{"name", ToUtf8(one.name)}, {"before", ToUtf8(one.before)}, {"after", ToUtf8(one.after)}});
+    }
+}
+
+ExitStatus Run(const Arguments& arguments) {
+    const InputFile other = TheFile(arguments.b);
+    FileCommand command;
+    command.showText = [&](const InputFile& file, Output& out) {
+        const Comparison comparison(file, other, arguments);
+        ShowParts(comparison, arguments.xml, out);
+        ShowRelationships(comparison, out);
+        ShowTypes(comparison, out);
+        return comparison.Status();
+    };
+    command.members = {{"other", ToUtf8(FromLocal(other.name))},
+                       {"parts", Json::array()},
+                       {"relationships", Json::array()},
+                       {"types", Json::array()}};
+    command.fillJson = [&](const InputFile& file, Json& json) {
+        const Comparison comparison(file, other, arguments);
+        FillJson(comparison, arguments.xml, json);
+        return comparison.Status();
+    };
+    return RunFile(arguments.a, arguments.json, command);
+}
+
+CommandRun Declare(CLI::App& app) {
+    const auto arguments = std::make_shared<Arguments>();
+    app.add_option("A", arguments->a, "the package before; - is standard input")->required();
+    app.add_option("B", arguments->b, "the package after")->required();
+    app.add_flag("--parts", arguments->parts, "compare the parts");
+    app.add_flag("--rels", arguments->relationships, "compare the relationships");
+    app.add_flag("--types", arguments->types, "compare the content types; without any of these, all");
+    app.add_flag("--xml", arguments->xml, "show how XML parts differ, tag by tag");
+    AddJson(app, arguments->json);
+    return [arguments] { return Run(*arguments); };
+}
+
+const CommandRegistration registration({"diff", "Compare two packages, part by part", Declare});
+
+}  // namespace
+
+}  // namespace vexpa_tool

@@ -1,0 +1,117 @@
+// tool/container/Container.h - a zip archive as its bytes tell it, also one the library refuses.
+#ifndef VEXPA_TOOL_CONTAINER_CONTAINER_H_
+#define VEXPA_TOOL_CONTAINER_CONTAINER_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "runtime/zip/ArchiveFile.h"
+#include "runtime/zip/Directory.h"
+
+namespace vexpa_tool {
+
+// A position that no file reaches.
+inline constexpr std::uint64_t kNowhere = UINT64_MAX;
+
+// Bits of ContainerEntry::flags (APPNOTE 4.4.4).
+inline constexpr std::uint16_t kEncrypted = 0x0001;
+inline constexpr std::uint16_t kHasDescriptor = 0x0008;  // sizes follow the data
+inline constexpr std::uint16_t kIsUtf8 = 0x0800;
+
+// What the directory says about an entry.
+struct ContainerEntry {
+    std::string_view name;            // [borrowed] UTF-8, as the library lists it
+    std::uint64_t directoryPosition;  // of its header in the directory
+    std::uint64_t headerPosition;     // of its local header; kNowhere when beyond the file
+    std::uint64_t compressedSize;
+    std::uint64_t size;
+    std::uint32_t crc;
+    std::uint32_t externalAttributes;
+    std::uint16_t method;
+    std::uint16_t flags;
+    std::uint16_t madeBy;  // version, the host system in the upper byte
+    std::uint16_t neededVersion;
+    std::uint16_t time;  // MS-DOS time and date
+    std::uint16_t date;
+    std::uint16_t rawNameSize;
+    std::uint16_t extraSize;
+    std::uint16_t commentSize;
+    bool onOtherDisk;
+};
+
+// The end record, and how the archive lies in its file.
+struct ContainerEnd {
+    std::uint64_t position;  // of the end record
+    std::uint64_t directoryStart;
+    std::uint64_t directoryEnd;
+    std::uint64_t archiveStart;   // what offsets count from; modulo 2^64
+    std::uint64_t claimedCount;   // of entries
+    std::uint64_t claimedSize;    // of the directory
+    std::uint64_t claimedOffset;  // of the directory
+    std::uint64_t recordsStart;   // of the zip64 end record, or of the end record without one
+    std::uint32_t disk;
+    std::uint16_t commentSize;  // as claimed
+    bool isZip64;
+};
+
+enum class ContainerSource {
+    None,          // nothing of an archive was found
+    Directory,     // a sound directory, which the library reads, too
+    LocalHeaders,  // no sound directory: what stands before the data of the entries
+};
+
+// An archive, open as long as this object lives.
+//
+// What is long (extra data, comments, local headers) is read when it is asked for, so memory
+// follows the number of entries.
+class Container {
+public:
+    // More entries than this are counted, but not told of.
+    static constexpr std::size_t kMostEntries = 1 << 20;
+
+    // Nothing when the path leads to no readable regular file.
+    static std::optional<Container> Read(const std::string& path);
+
+    const vexpa_runtime::zip::ArchiveFile& File() const noexcept { return file_; }
+    std::uint64_t FileSize() const noexcept { return file_.Size(); }
+    ContainerSource Source() const noexcept { return source_; }
+
+    // In the order of the directory, or of the file.
+    const std::vector<ContainerEntry>& Entries() const noexcept { return entries_; }
+    std::size_t EntryCount() const noexcept { return directory_ ? directory_->Count() : 0; }
+
+    // [borrowed] The first entry of this name, or null.
+    const ContainerEntry* Find(std::string_view name) const;
+
+    // With a directory only.
+    const ContainerEnd& End() const noexcept { return end_; }
+
+    // What is read anew; empty when that fails.
+    std::string RawName(const ContainerEntry& entry) const;
+    std::string ExtraData(const ContainerEntry& entry) const;
+    std::string Comment(const ContainerEntry& entry) const;
+    std::string ArchiveComment() const;
+    std::string Bytes(std::uint64_t position, std::uint64_t size) const;
+
+private:
+    explicit Container(vexpa_runtime::zip::ArchiveFile file) : file_(std::move(file)) {}
+    bool ReadDirectory();
+    void ReadLocalHeaders();
+    std::uint64_t NamePosition(const ContainerEntry& entry) const;
+
+    vexpa_runtime::zip::ArchiveFile file_;
+    ContainerSource source_ = ContainerSource::None;
+    std::shared_ptr<const vexpa_runtime::zip::Directory> directory_;
+    std::vector<ContainerEntry> entries_;
+    ContainerEnd end_{};
+};
+
+}  // namespace vexpa_tool
+
+#endif  // VEXPA_TOOL_CONTAINER_CONTAINER_H_

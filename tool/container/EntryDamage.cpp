@@ -1,0 +1,74 @@
+#include "tool/container/EntryDamage.h"
+
+#include <libdeflate.h>
+
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string>
+
+#include "runtime/zip/Inflate.h"
+#include "tool/container/LocalHeader.h"
+
+namespace vexpa_tool {
+
+namespace zip = vexpa_runtime::zip;
+
+namespace {
+
+constexpr std::uint64_t kBestRatio = 1032;
+constexpr std::uint64_t kRatioSlack = 64 << 10;
+
+EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
+    const auto crcOf = [](const void* bytes, std::size_t size) {
+        return libdeflate_crc32(0, bytes, size);
+    };
+    const auto size = static_cast<std::size_t>(entry.size);
+    if (entry.method == kStored) {
+        return crcOf(data.data(), data.size()) == entry.crc ? EntryDamage::None : EntryDamage::WrongCrc;
+    }
+    const std::unique_ptr<void, void (*)(void*)> inflated(std::malloc(size == 0 ? 1 : size), std::free);
+    if (!inflated) throw std::bad_alloc();
+    const bool isNothing = data.empty() && size == 0;
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(data.data());
+    if (!isNothing && !zip::Inflate({bytes, data.size()}, inflated.get(), size)) {
+        return EntryDamage::BadData;
+    }
+    return crcOf(inflated.get(), size) == entry.crc ? EntryDamage::None : EntryDamage::WrongCrc;
+}
+
+}  // namespace
+
+bool IsImpossibleSize(const ContainerEntry& entry) {
+    if ((entry.flags & kEncrypted) != 0) return false;  // its data has a header of its own
+    if (entry.method == kStored) return entry.size != entry.compressedSize;
+    return entry.method == kDeflated && entry.size > kRatioSlack &&
+           (entry.size - kRatioSlack - 1) / kBestRatio >= entry.compressedSize;
+}
+
+EntryDamage FindHeaderDamage(const Container& container, const ContainerEntry& entry) {
+    if (entry.onOtherDisk) return EntryDamage::OnOtherDisk;
+    if ((entry.flags & kEncrypted) != 0) return EntryDamage::Encrypted;
+    if (entry.method != kStored && entry.method != kDeflated) return EntryDamage::UnknownMethod;
+    const std::optional<LocalHeader> header =
+        ReadLocalHeader(container, entry.headerPosition, WideSizes::Leave);
+    if (!header) return EntryDamage::NoLocalHeader;
+    const std::uint64_t fileSize = container.FileSize();
+    const std::uint64_t position = header->DataPosition();
+    if (position > fileSize || entry.compressedSize > fileSize - position) {
+        return EntryDamage::DataBeyondFile;
+    }
+    return IsImpossibleSize(entry) ? EntryDamage::ImpossibleSize : EntryDamage::None;
+}
+
+EntryDamage FindDamage(const Container& container, const ContainerEntry& entry) {
+    const EntryDamage damage = FindHeaderDamage(container, entry);
+    if (damage != EntryDamage::None) return damage;
+    const std::optional<LocalHeader> header =
+        ReadLocalHeader(container, entry.headerPosition, WideSizes::Leave);
+    if (!header) return EntryDamage::NoLocalHeader;
+    return FindDamageIn(container.Bytes(header->DataPosition(), entry.compressedSize), entry);
+}
+
+}  // namespace vexpa_tool
