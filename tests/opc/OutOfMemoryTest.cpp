@@ -63,6 +63,27 @@ std::u16string Sample(const char* name) {
     return Utf16(std::string(VEXPA_SOURCE_DIR) + "/samples/" + name);
 }
 
+// How much a package with so many relationships, all of them with the same Id, holds when it is
+// closed.
+long LeftAfterClose(int relationships) {
+    PackageFile file = MinimalPackage();
+    for (int i = 0; i < relationships; ++i) {
+        file.Relationship("same", "urn:type" + std::to_string(i), "word/document.xml");
+    }
+    const std::u16string path = file.Write().Path16();
+    const long before = LiveAllocations();
+    const Handle<opc::Package> package = opc::Package::Open(path.c_str());
+    EXPECT_EQ(package->GetRelationships().size(), 2U);
+    EXPECT_GT(LiveAllocations(), before + relationships);
+    package->Close();
+    return LiveAllocations() - before;
+}
+
+TEST(PackageClose, LeavesNothingOfRelationshipsThatHaveOneId) {
+    LeftAfterClose(2);  // fills what is kept for the next package
+    EXPECT_EQ(LeftAfterClose(100), LeftAfterClose(2));
+}
+
 class OutOfMemory : public testing::TestWithParam<const char*> {};
 
 TEST_P(OutOfMemory, AnywhereInAWalkLeavesNothingBehind) {
