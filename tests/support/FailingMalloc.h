@@ -14,7 +14,7 @@ namespace vexpa_test {
 // later ones succeed again.
 class FailingMalloc {
 public:
-    explicit FailingMalloc(long successes);
+    explicit FailingMalloc(long successes = 0);
     ~FailingMalloc();
     FailingMalloc(const FailingMalloc&) = delete;
     FailingMalloc& operator=(const FailingMalloc&) = delete;
