@@ -59,7 +59,8 @@ VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::strin
     }
     const auto token = vocabulary_.FindToken(wideUri, FromUtf8(name));
     if (token.value_or(0) != 0) return {Standing::Known, {}};
-    const std::string prefix = ToUtf8(PrefixOf(wideUri, 0));
+    // Several prefixes stand for no namespace.
+    const std::string prefix = uri.empty() ? "" : ToUtf8(PrefixOf(wideUri, 0));
     return {Standing::UnknownName, (prefix.empty() ? "" : prefix + ":") + std::string(name)};
 }
 
