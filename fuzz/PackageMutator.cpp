@@ -37,6 +37,8 @@ void Mutate(std::string& text) {
 void ChangeOneEntry(ZipFile& zip, std::minstd_rand& random) {
     const std::size_t at = random() % zip.entries.size();
     ZipEntry& entry = zip.entries[at];
+    // Whatever is changed is packed anew; the others go back as they came.
+    entry.rawData.reset();
     switch (random() % 16) {
         case 0:
             Mutate(entry.name);

@@ -67,6 +67,7 @@ std::optional<ZipEntry> ReadEntry(const Reader& file, std::size_t at) {
     ZipEntry entry;
     entry.name = *name;
     entry.content = std::move(*content);
+    entry.rawData = *packed;
     entry.stored = method == 0;
     return entry;
 }

@@ -9,7 +9,8 @@
 
 namespace vexpa_fuzz {
 
-// The entries with their content unpacked. Nothing when the archive is damaged, or uses
+// The entries with their content unpacked, and packed as they were: packing is what takes the
+// time, so only what is changed shall be packed again. Nothing when the archive is damaged, or uses
 // more than ZipFile::Bytes writes for plain entries: a reader of its own, so that the
 // mutator does not depend on the code it is there to break.
 std::optional<vexpa_test::ZipFile> ReadZip(std::string_view bytes);

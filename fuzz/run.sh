@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# fuzz/run.sh SECONDS [TARGET...]   builds the fuzz targets and runs each for so long, two at
-# a time, all unless some are named. The table of what they did goes to build/fuzz/report.md,
-# inputs that broke something to build/fuzz/finds/TARGET/; corpora grow from run to run.
+# fuzz/run.sh SECONDS [TARGET...]   builds the fuzz targets and runs each for so long or for 50
+# million inputs, JOBS (two unless set) at a time, all unless some are named. The table of what
+# they did goes to build/fuzz/report.md, inputs that broke something to build/fuzz/finds/TARGET/;
+# corpora grow from run to run.
 #
 # Needs besides packages.txt: clang, libclang-rt-14-dev (or that of the clang installed).
 set -euo pipefail
@@ -24,14 +25,14 @@ run_target() {
     local name=$1 options=()
     mkdir -p "$out/corpus/$name" "$out/finds/$name"
     [ -f "fuzz/dictionaries/$name.dict" ] && options+=("-dict=fuzz/dictionaries/$name.dict")
-    "$out/fuzz/fuzz_$name" "${options[@]}" -max_total_time="$seconds" -max_len=65536 \
+    "$out/fuzz/fuzz_$name" "${options[@]}" -max_total_time="$seconds" -runs=50000000 -max_len=65536 \
         -timeout=10 -rss_limit_mb=1024 -print_final_stats=1 \
         -artifact_prefix="$out/finds/$name/" \
         "$out/corpus/$name" "fuzz/seeds/$name" >"$out/logs/$name.log" 2>&1 || true
 }
 export -f run_target
 export out seconds
-printf '%s\n' "${targets[@]}" | xargs -P 2 -I{} bash -c 'run_target {}'
+printf '%s\n' "${targets[@]}" | xargs -P "${JOBS:-2}" -I{} bash -c 'run_target {}'
 
 # The last value after a word in a target's log.
 last() { grep -oE "$2 *[0-9]+" "$out/logs/$1.log" | tail -1 | grep -oE '[0-9]+$' || echo '-'; }

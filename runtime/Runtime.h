@@ -274,7 +274,7 @@ VEXPA_RUNTIME_API int _XMLTerminate();
 // outside the stream is ever read, and an entity that would grow without bound is refused.
 //   S_OK          [owned] *out is the document; end it with Release
 //   E_INVALIDARG  out or stream is null
-//   E_FAIL        not well-formed, empty, or too deep; *out is null
+//   E_FAIL        not well-formed, empty, too deep or too large; *out is null
 //   E_OUTOFMEMORY memory is exhausted; *out is null
 //   otherwise     what the stream's Read failed with; *out is null
 VEXPA_RUNTIME_API HRESULT _XDOMParse(IDomDocument** out, IStream* stream, std::uint32_t options,

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <new>
 #include <string>
 #include <utility>
@@ -11,8 +12,10 @@
 #include "tool/ExitStatus.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/CommonArguments.h"
+#include "tool/commands/HelpFormatter.h"
 #include "tool/run/Interrupt.h"
 #include "tool/text/Appearance.h"
+#include "tool/text/JsonText.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
 
@@ -27,24 +30,29 @@ ExitStatus ComplainAndEnd(ExitStatus status, const std::string& what) {
 
 using Runs = std::vector<std::pair<const CLI::App*, CommandRun>>;
 
-Runs DeclareCommandLine(CLI::App& app, AppearanceOptions& appearance) {
+struct CommonOptions {
+    AppearanceOptions appearance;
+    bool versionAsJson = false;
+};
+
+Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     app.name("vexpa");
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("TEXT", "");
-    app.get_formatter()->label("REQUIRED", "");
+    app.formatter(std::make_shared<HelpFormatter>());
     app.set_help_flag("-h,--help", "Print this help and exit");
-    app.set_version_flag("--version", "vexpa " VEXPA_VERSION, "Print the version and exit");
+    // Before the version, which is printed as soon as it is met.
+    app.add_flag("--json", options.versionAsJson, "Print the version as JSON");
+    app.set_version_flag("--version", VEXPA_VERSION, "Print the version and exit");
     // Exactly one, which also leaves later words free to be a file called like a command.
     app.require_subcommand(1);
     app.footer(
-        "Exit status: 0 done, 1 findings or differences, 2 wrong usage, 3 the package does not open,\n"
-        "4 no such part or name, 5 read or write error, 130 interrupted.");
+        "Exit status: 0 done, 1 findings or differences, 2 wrong usage, 3 the package\n"
+        "does not open, 4 no such part or name, 5 read or write error, 130 interrupted.");
     Runs runs;
     for (const Command& command : AllCommands()) {
         CLI::App* arguments = app.add_subcommand(command.name, command.summary);
         arguments->group("Commands");
         runs.emplace_back(arguments, command.declare(*arguments));
-        AddAppearance(*arguments, appearance);
+        AddAppearance(*arguments, options.appearance);
     }
     return runs;
 }
@@ -59,8 +67,8 @@ std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
 
 ExitStatus RunCommandLine(int argc, char** argv) {
     CLI::App app("Show what is in an Office Open XML package.");
-    AppearanceOptions appearance;
-    const Runs runs = DeclareCommandLine(app, appearance);
+    CommonOptions options;
+    const Runs runs = DeclareCommandLine(app, options);
     ExitStatus status = kDone;
     if (argc <= 1) {
         std::fputs(app.help().c_str(), stderr);
@@ -68,14 +76,16 @@ ExitStatus RunCommandLine(int argc, char** argv) {
     }
     try {
         app.parse(argc, argv);
-        DecideAppearance(appearance);
+        DecideAppearance(options.appearance);
         for (const auto& [arguments, run] : runs) {
             if (arguments->parsed()) status = run();
         }
     } catch (const CLI::CallForHelp&) {
         StandardOutput().Write(app.help());
     } catch (const CLI::CallForVersion& version) {
-        StandardOutput().WriteLine(version.what());
+        const std::string number = version.what();
+        StandardOutput().WriteLine(options.versionAsJson ? JsonText({{"vexpa", number}})
+                                                         : "vexpa " + number);
     } catch (const CLI::ParseError& error) {
         return ComplainAndEnd(kWrongUsage, UsageError(app, error) + " (see vexpa --help)");
     }

@@ -11,6 +11,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include "bench/xmlfx/PlainVersion.h"
+#include "bench/xmlfx/SampleDocument.h"
 #include "vexpa/base/Lifecycle.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/Transform.h"
@@ -18,22 +20,6 @@
 namespace {
 
 using tarn::ToUnits;
-
-// Runs with their properties, as word processors write them: short elements, one to four
-// attributes each.
-std::string Document(int paragraphs) {
-    std::string xml =
-        "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\">";
-    for (int i = 0; i < paragraphs; ++i) {
-        xml +=
-            "<w:p w:rsidR=\"00A77B3E\" w:rsidRDefault=\"00A77B3E\" w:rsidP=\"00B21C55\"><w:pPr>"
-            "<w:jc w:val=\"center\"/><w:spacing w:before=\"120\" w:after=\"240\" w:line=\"276\" "
-            "w:lineRule=\"auto\"/></w:pPr><w:r w:rsidRPr=\"00B21C55\"><w:rPr><w:rFonts "
-            "w:ascii=\"Calibri\" w:hAnsi=\"Calibri\"/><w:sz w:val=\"24\"/></w:rPr>"
-            "<w:t>High water stood at 4.2 m on Monday.</w:t></w:r></w:p>";
-    }
-    return xml + "</w:document>";
-}
 
 class ParserList final : public tarn::xmlfx::Attributes {
 public:
@@ -71,38 +57,68 @@ public:
     }
 };
 
+class TransformingPlainly final : public Counting {
+public:
+    TransformingPlainly() { plain_.Fill(); }
+    void startElement(const XMLCh* uri, const XMLCh*, const XMLCh*,
+                      const xercesc::Attributes& attributes) override {
+        count += attributes.getLength();
+        const ParserList list(attributes);
+        benchmark::DoNotOptimize(vexpa_bench::PlainTransform(plain_.forward, list, uri).get());
+    }
+
+private:
+    vexpa_bench::PlainRegistry plain_;
+};
+
 template <class Handler>
-void Parse(benchmark::State& state) {
+void ParseAll(benchmark::State& state, const std::string& xml) {
+    const std::unique_ptr<xercesc::SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
+    reader->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
+    Handler handler;
+    reader->setContentHandler(&handler);
+    for (auto _ : state) {
+        handler.count = 0;
+        reader->parse(xercesc::MemBufInputSource(reinterpret_cast<const XMLByte*>(xml.data()),
+                                                 xml.size(), "document"));
+    }
+    state.counters["per_attribute"] =
+        benchmark::Counter(static_cast<double>(handler.count),
+                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+template <class Handler>
+void Parse(benchmark::State& state, std::string (*document)()) {
+    const std::string xml = document();
+    if (xml.empty()) return state.SkipWithError("VEXPA_BENCH_DOCUMENT is not set");
     _vexpa_Initialize();
     xercesc::XMLPlatformUtils::Initialize();
-    {
-        const std::string xml = Document(5'000);
-        const std::unique_ptr<xercesc::SAX2XMLReader> reader(
-            xercesc::XMLReaderFactory::createXMLReader());
-        reader->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
-        Handler handler;
-        reader->setContentHandler(&handler);
-        for (auto _ : state) {
-            handler.count = 0;
-            reader->parse(xercesc::MemBufInputSource(reinterpret_cast<const XMLByte*>(xml.data()),
-                                                     xml.size(), "document"));
-        }
-        state.counters["per_attribute"] = benchmark::Counter(
-            static_cast<double>(handler.count),
-            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-    }
+    ParseAll<Handler>(state, xml);
     xercesc::XMLPlatformUtils::Terminate();
     _vexpa_Terminate();
 }
 
-void ParseAlone(benchmark::State& state) {
-    Parse<Counting>(state);
+std::string Made() {
+    return vexpa_bench::MadeDocument(5'000);
 }
-BENCHMARK(ParseAlone)->Unit(benchmark::kMillisecond);
 
-void ParseAndTransform(benchmark::State& state) {
-    Parse<Transforming>(state);
+void ParseAlone(benchmark::State& state, std::string (*document)()) {
+    Parse<Counting>(state, document);
 }
-BENCHMARK(ParseAndTransform)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ParseAlone, made, Made)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ParseAlone, real, vexpa_bench::RealDocument)->Unit(benchmark::kMillisecond);
+
+void ParseAndTransform(benchmark::State& state, std::string (*document)()) {
+    Parse<Transforming>(state, document);
+}
+BENCHMARK_CAPTURE(ParseAndTransform, made, Made)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ParseAndTransform, real, vexpa_bench::RealDocument)->Unit(benchmark::kMillisecond);
+
+void ParseAndTransformPlain(benchmark::State& state, std::string (*document)()) {
+    Parse<TransformingPlainly>(state, document);
+}
+BENCHMARK_CAPTURE(ParseAndTransformPlain, made, Made)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ParseAndTransformPlain, real, vexpa_bench::RealDocument)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

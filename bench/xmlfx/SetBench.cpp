@@ -1,24 +1,17 @@
-// Attribute sets: making them from a parser's list, and ending them.
+// Attribute sets: making them from a parser's list.
 #include <benchmark/benchmark.h>
 
 #include <string>
-#include <vector>
 
 #include "bench/xmlfx/PlainVersion.h"
 #include "vexpa/base/Lifecycle.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/Transform.h"
-#include "vexpa/xmlfx/XmlAttrBuilder.h"
 
 namespace {
 
-using tarn::Handle;
 using tarn::ToUnits;
 using tarn::xmlfx::Attributes;
-using tarn::xmlfx::XmlAttrBuilder;
-using tarn::xmlfx::XmlAttrCallback;
-using tarn::xmlfx::XmlAttrHandler;
-using tarn::xmlfx::XmlRoAttr;
 
 constexpr char16_t kWordprocessing[] = u"http://schemas.openxmlformats.org/wordprocessingml/2006/main";
 
@@ -73,53 +66,5 @@ void TransformAndReleasePlain(benchmark::State& state) {
     _vexpa_Terminate();
 }
 BENCHMARK(TransformAndReleasePlain)->Arg(1)->Arg(3)->Arg(8)->Arg(40);
-
-class Collector : public XmlAttrCallback {
-public:
-    void OnElement(std::uint32_t, XmlRoAttr* reported) override { set = reported->Share(); }
-    Handle<XmlRoAttr> set;
-};
-
-// The release of a tree, for each element of it.
-void ReleaseNested(benchmark::State& state) {
-    const Handle<XmlRoAttr> empty = tarn::xmlfx::Transform(nullptr, nullptr, nullptr);
-    Collector collector;
-    for (auto _ : state) {
-        state.PauseTiming();
-        Handle<XmlAttrBuilder> builder = XmlAttrBuilder::New(&collector);
-        std::vector<XmlAttrHandler*> open{builder.Get()};
-        for (std::int64_t i = 0; i < state.range(0); ++i) {
-            open.back()->StartElement(7, empty.Get());
-            open.push_back(open.back()->GetChildHandler());
-        }
-        for (open.pop_back(); !open.empty(); open.pop_back()) open.back()->EndElement(7);
-        builder.Reset();
-        state.ResumeTiming();
-        collector.set.Reset();
-    }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
-}
-BENCHMARK(ReleaseNested)->Arg(1000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
-
-void ReleaseWide(benchmark::State& state) {
-    const Handle<XmlRoAttr> empty = tarn::xmlfx::Transform(nullptr, nullptr, nullptr);
-    Collector collector;
-    for (auto _ : state) {
-        state.PauseTiming();
-        Handle<XmlAttrBuilder> builder = XmlAttrBuilder::New(&collector);
-        builder->StartElement(6, empty.Get());
-        XmlAttrHandler* child = builder->GetChildHandler();
-        for (std::int64_t i = 0; i < state.range(0); ++i) {
-            child->StartElement(7, empty.Get());
-            child->EndElement(7);
-        }
-        builder->EndElement(6);
-        builder.Reset();
-        state.ResumeTiming();
-        collector.set.Reset();
-    }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
-}
-BENCHMARK(ReleaseWide)->Arg(1000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -25,6 +25,7 @@ constexpr std::size_t kDifatAt = 76;
 constexpr std::size_t kHeaderDifatEntries = 109;
 constexpr std::uint32_t kMiniCutoff = 4096;
 constexpr std::uint32_t kMaxRegularSector = 0xFFFFFFFA;
+constexpr std::uint32_t kFirstMark = 0xFFFFFFFC;
 constexpr std::uint32_t kFreeSector = 0xFFFFFFFF;
 
 constexpr std::uint32_t kRootEntry = 0;
@@ -43,9 +44,11 @@ constexpr std::uint8_t kRootType = 5;
 constexpr std::size_t kMaxFileSize = 0xFFFFFFFF;
 
 // Streams may share sectors in a damaged file, but not so that opening each of them walks
-// the file again and again.
+// the file again and again. For each stream libgsf also clears a bit for each entry of the
+// table, which is a step for so many.
 constexpr std::uint64_t kFreeSteps = 1 << 24;
 constexpr std::uint64_t kStepsPerSector = 4;
+constexpr std::size_t kEntriesPerStep = 4'096;
 
 class Checker {
 public:
@@ -93,8 +96,10 @@ private:
     bool ReadFat();
     bool ReadDirectory();
     bool ReadMiniFat();
+    bool MakeTable(Table& table) const;
     bool WalkDirectory();
-    bool CheckEntry(std::size_t at);
+    std::uint8_t TypeOf(std::uint32_t entry, std::size_t at) const;
+    bool CheckEntry(std::uint8_t type, std::size_t at);
     bool HasSiblings(std::size_t at) const;
 
     std::uint32_t Next(const Table& table, std::uint32_t sector) const;
@@ -137,19 +142,28 @@ bool Checker::ReadFat() {
     for (const std::uint32_t sector : fat_.sectors) {
         if (sector != kFreeSector && !IsWhole(sector)) return false;
     }
-    fat_.entries = fat_.sectors.size() * PerSector();
-    return fat_.sectors.size() == wanted;
+    return fat_.sectors.size() == wanted && MakeTable(fat_);
 }
 
 bool Checker::ReadDirectory() {
     return CollectWhole(U32(kDirectoryStartAt), directory_) && !directory_.empty();
 }
 
+// The count in the header means nothing to libgsf, which follows the chain.
 bool Checker::ReadMiniFat() {
     if (U32(kMiniFatCountAt) > bytes_.size() >> sectorShift_) return false;
-    if (U32(kMiniFatCountAt) == 0) return true;
-    if (!CollectWhole(U32(kMiniFatStartAt), miniFat_.sectors)) return false;
-    miniFat_.entries = miniFat_.sectors.size() * PerSector();
+    return CollectWhole(U32(kMiniFatStartAt), miniFat_.sectors) && MakeTable(miniFat_);
+}
+
+// Once the table's sectors are known. A number that means nothing ends libgsf's reading: of the
+// FAT it says so, of the mini FAT it takes the rest for zeros, and streams for what they are not.
+bool Checker::MakeTable(Table& table) const {
+    table.entries = table.sectors.size() * PerSector();
+    if (table.entries > kMaxTableEntries) return false;
+    for (std::uint32_t i = 0; i < table.entries; ++i) {
+        const std::uint32_t next = Next(table, i);
+        if (next >= table.entries && next < kFirstMark) return false;
+    }
     return true;
 }
 
@@ -163,11 +177,12 @@ std::uint32_t Checker::Next(const Table& table, std::uint32_t sector) const {
 // False when the chain runs in a circle, or all chains together take too long.
 bool Checker::ChainEnds(const Table& table, std::uint32_t start) {
     const std::uint64_t limit = kFreeSteps + kStepsPerSector * (fat_.entries + miniFat_.entries);
+    steps_ += table.entries / kEntriesPerStep;
     std::size_t length = 0;
     for (std::uint32_t at = start; at < table.entries; at = Next(table, at)) {
         if (++length > table.entries || ++steps_ > limit) return false;
     }
-    return true;
+    return steps_ <= limit;
 }
 
 // The sectors of a chain that must lie in the file as a whole.
@@ -195,10 +210,10 @@ bool Checker::WalkDirectory() {
 
         const std::size_t at =
             OffsetOf(directory_[visit.entry / perSector]) + visit.entry % perSector * kEntrySize;
-        const std::uint8_t type = U8(at + kTypeAt);
+        const std::uint8_t type = TypeOf(visit.entry, at);
         // libgsf neither shows nor follows what is of no known type; links are garbage there.
         if (type != kStorageType && type != kStreamType && type != kRootType) continue;
-        if (!CheckEntry(at)) return false;
+        if (!CheckEntry(type, at)) return false;
         if (visit.entry == kRootEntry && HasSiblings(at)) return false;
         open.push_back({U32(at + kLeftAt), visit.depth + 1, visit.parent});
         open.push_back({U32(at + kRightAt), visit.depth + 1, visit.parent});
@@ -209,13 +224,21 @@ bool Checker::WalkDirectory() {
     return true;
 }
 
-// Whether the chain of a stream, or of the root's mini stream, comes to an end.
-bool Checker::CheckEntry(std::size_t at) {
+// What libgsf takes the entry for: the first one for the root, though it says otherwise.
+std::uint8_t Checker::TypeOf(std::uint32_t entry, std::size_t at) const {
     const std::uint8_t type = U8(at + kTypeAt);
+    const bool known = type == kStorageType || type == kStreamType;
+    return entry == kRootEntry && known ? kRootType : type;
+}
+
+// Whether the chain of a stream, or of the root's mini stream, comes to an end. An entry with
+// more bytes than the file libgsf would leave out, and everything that hangs on it in the tree.
+bool Checker::CheckEntry(std::uint8_t type, std::size_t at) {
     const std::uint32_t start = U32(at + kStartAt);
     if (type == kRootType) return ChainEnds(fat_, start);
     if (type == kStorageType) return true;
-    return ChainEnds(U32(at + kSizeAt) < kMiniCutoff ? miniFat_ : fat_, start);
+    const std::uint32_t size = U32(at + kSizeAt);
+    return size <= bytes_.size() && ChainEnds(size < kMiniCutoff ? miniFat_ : fat_, start);
 }
 
 // A sibling of the root is in no storage, and libgsf would lose the memory it takes for it.

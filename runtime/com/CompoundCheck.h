@@ -8,16 +8,19 @@
 namespace vexpa_runtime {
 
 // False for what libgsf must not be given: besides what is no compound file at all, one in
-// which chains run in circles or a directory is so deep or so wide that libgsf, which
-// recurses over it and keeps siblings in a sorted list, overflows the stack or takes hours.
+// which chains run in circles, or tables are so large, or a directory is so deep or so wide,
+// that libgsf overflows the stack or takes hours: it keeps marks for a table there, recurses
+// over directories and keeps siblings in a sorted list.
 //
 // A damaged stream is no reason: it fails when it is read, and the others are sound.
 bool IsSoundCompoundFile(std::span<const std::byte> bytes);
 
-// Bounds on the directory, well above any document. The deepest takes libgsf about half a
-// megabyte of stack.
+// Bounds on the directory and on what the allocation tables cover, well above any document:
+// so many sectors are two gigabytes. The deepest directory takes libgsf about half a megabyte
+// of stack, and so does a bit for each entry of the largest table.
 constexpr std::size_t kMaxDirectoryDepth = 2'048;
 constexpr std::size_t kMaxStorageElements = 8'192;
+constexpr std::size_t kMaxTableEntries = 1 << 22;
 
 }  // namespace vexpa_runtime
 

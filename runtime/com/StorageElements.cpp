@@ -36,6 +36,12 @@ std::u16string ToUtf16(const char* utf8) {
     return QString::fromUtf8(utf8).toStdU16String();
 }
 
+// libgsf runs over a list to find a name by its index, so an opened element is asked itself.
+std::u16string NameOf(GsfInput* element, GsfInfile* storage, int index) {
+    return ToUtf16(element != nullptr ? gsf_input_name(element)
+                                      : gsf_infile_name_by_index(storage, index));
+}
+
 // libgsf gives every element, stream or storage, the same class; only a storage counts children.
 bool IsStorage(GsfInput* element) {
     return GSF_IS_INFILE(element) && gsf_infile_num_children(GSF_INFILE(element)) >= 0;
@@ -83,13 +89,13 @@ HRESULT CopyStat(const STATSTG& stat, std::u16string_view name, std::uint32_t fl
 StorageElements::StorageElements(GsfInfile* storage) {
     const int count = gsf_infile_num_children(storage);
     for (int index = 0; index < count; ++index) {
-        StorageElement element{ToUtf16(gsf_infile_name_by_index(storage, index)), {}, index};
+        const GsfPtr<GsfInput> input = OpenElement(storage, index);
+        StorageElement element{NameOf(input.get(), storage, index), {}, index};
+        if (!byName_.emplace(UpperCase(element.name), elements_.size()).second) continue;
         // A damaged stream keeps its name; opening it fails.
         element.stat.type = STGTY_STREAM;
-        const GsfPtr<GsfInput> input = OpenElement(storage, index);
         if (input) element.stat = DescribeElement(input.get());
         elements_.push_back(std::move(element));
-        byName_.emplace(UpperCase(elements_.back().name), elements_.size() - 1);
     }
 }
 

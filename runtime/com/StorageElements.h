@@ -20,15 +20,19 @@ struct StorageElement {
     int index;     // within its storage, as libgsf counts
 };
 
+// Of elements of one name, which the format forbids and nothing could tell apart, libgsf's
+// first is the one; the others are not there. Otherwise who lists a storage and opens what
+// it lists would meet the first twice, and what is in it, at each level twice as often.
+//
+// Case is ignored as the format has it: by the simple upper case of each code unit, in no
+// language ([MS-CFB] 2.6.4).
 class StorageElements {
 public:
     explicit StorageElements(GsfInfile* storage);
 
     const std::vector<StorageElement>& All() const { return elements_; }
 
-    // The element of that name when it is of that type, or null; of several the first. Case is ignored
-    // as the format has it: by the simple upper case of each code unit, in no language
-    // ([MS-CFB] 2.6.4).
+    // The element of that name when it is of that type, or null.
     const StorageElement* Find(std::u16string_view name, STGTY type) const;
 
 private:

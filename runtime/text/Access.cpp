@@ -2,8 +2,10 @@
 
 #include <cerrno>
 #include <new>
+#include <string>
 
 #include "runtime/Runtime.h"
+#include "runtime/Uninterrupted.h"
 #include "runtime/text/LocalText.h"
 
 int _Xaccess(const char16_t* path, int mode) {
@@ -12,7 +14,8 @@ int _Xaccess(const char16_t* path, int mode) {
         return -1;
     }
     try {
-        return access(vexpa_runtime::ToLocal(path).c_str(), mode);
+        const std::string local = vexpa_runtime::ToLocal(path);
+        return vexpa_runtime::Uninterrupted([&] { return access(local.c_str(), mode); });
     } catch (const std::bad_alloc&) {
         errno = ENOMEM;
         return -1;

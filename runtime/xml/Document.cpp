@@ -8,16 +8,18 @@ IDomAttribute* Element::GetNamedItem(const char16_t* name) {
     if (name == nullptr) return nullptr;
     const std::uint32_t wanted = document_->attributeNames.Find(name);
     if (wanted == NameTable::kUnknown) return nullptr;
-    Attribute* attributes = document_->attributes.data() + first_;
-    for (std::uint32_t i = 0; i < count_; ++i) {
-        if (attributes[i].Name() == wanted) return &attributes[i];
+    auto attribute = document_->attributes.begin() + first_;
+    for (std::uint32_t i = 0; i < count_; ++i, ++attribute) {
+        if (attribute->Name() == wanted) return &*attribute;
     }
     return nullptr;
 }
 
 IDomNode* ElementList::GetItem(std::uint32_t index) {
     if (index >= length_) return nullptr;
-    return &document_->elements[document_->order[first_ + index]];
+    const std::uint32_t element = document_->order[first_ + index];
+    if (element == DocumentData::kBare) return &document_->bareElement;
+    return &document_->elements[element];
 }
 
 Document::Document(std::unique_ptr<DocumentData> data) noexcept

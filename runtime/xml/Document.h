@@ -3,12 +3,13 @@
 #define VEXPA_RUNTIME_XML_DOCUMENT_H_
 
 #include <cstdint>
+#include <deque>
 #include <memory>
-#include <memory_resource>
 #include <vector>
 
 #include "runtime/Runtime.h"
 #include "runtime/xml/NameTable.h"
+#include "runtime/xml/TextStore.h"
 
 namespace vexpa_runtime {
 
@@ -26,12 +27,19 @@ private:
     std::uint32_t name_;  // in DocumentData::attributeNames
 };
 
-// Both the node and its attribute map, as neither holds more than the other.
+// Stands for every element without attributes: nothing else is known of an element, so all
+// of them are alike.
+class BareElement final : public IDomNode {
+public:
+    IDomAttributes* GetAttributes() override { return nullptr; }
+};
+
+// One with attributes: both the node and its attribute map, as neither holds more than the other.
 class Element final : public IDomNode, public IDomAttributes {
 public:
     Element(DocumentData* document, std::uint32_t first, std::uint32_t count) noexcept
         : document_(document), first_(first), count_(count) {}
-    IDomAttributes* GetAttributes() override { return count_ != 0 ? this : nullptr; }
+    IDomAttributes* GetAttributes() override { return this; }
     IDomAttribute* GetNamedItem(const char16_t* name) override;
 
 private:
@@ -56,19 +64,23 @@ private:
 
 // What a document consists of. The text of elements is not kept, nor which element is in
 // which: nobody asks for either.
+//
+// A hostile document is all tables, so they take what little they can: those that grow do so
+// without moving, and an element without attributes is a number in `order`.
 struct DocumentData {
+    static constexpr std::uint32_t kBare = 0xFFFFFFFF;
+
     DocumentData() = default;
     DocumentData(const DocumentData&) = delete;
     DocumentData& operator=(const DocumentData&) = delete;
 
-    // Names and NUL-terminated values. The default resource is the process's to choose, and may
-    // end before the document does.
-    std::pmr::monotonic_buffer_resource text{std::pmr::new_delete_resource()};
+    TextStore text;  // names and NUL-terminated values
     NameTable localNames{text};
     NameTable attributeNames{text};
-    std::vector<Element> elements;  // in document order
-    std::vector<Attribute> attributes;
-    std::vector<std::uint32_t> order;  // elements grouped by local name, else in document order
+    std::deque<Attribute> attributes;
+    std::deque<Element> elements;  // in document order
+    BareElement bareElement;
+    std::vector<std::uint32_t> order;  // `elements`, or kBare: by local name, else in document order
     std::vector<ElementList> lists;    // by local name
 };
 

@@ -11,8 +11,9 @@ namespace {
 
 constexpr std::size_t kMaxCount = std::numeric_limits<std::uint32_t>::max();
 
-// Writes the UTF-16 of `utf8`, which the parser has checked, and answers where it places.
-char16_t* WriteUtf16(std::string_view utf8, char16_t* out) {
+// Gives the units of the UTF-16 of `utf8`, which the parser has checked, one by one.
+template <class Sink>
+void ForEachUnit(std::string_view utf8, const Sink& sink) {
     const auto* at = reinterpret_cast<const unsigned char*>(utf8.data());
     const unsigned char* end = at + utf8.size();
     const auto next = [&] { return at != end ? static_cast<char32_t>(*at++ & 0x3F) : 0; };
@@ -23,8 +24,8 @@ char16_t* WriteUtf16(std::string_view utf8, char16_t* out) {
             code |= next() << 12;
             code |= next() << 6;
             code |= next();
-            *out++ = static_cast<char16_t>(0xD7C0 + (code >> 10));
-            *out++ = static_cast<char16_t>(0xDC00 | (code & 0x3FF));
+            sink(static_cast<char16_t>(0xD7C0 + (code >> 10)));
+            sink(static_cast<char16_t>(0xDC00 | (code & 0x3FF)));
             continue;
         }
         if (code >= 0xE0) {
@@ -35,8 +36,20 @@ char16_t* WriteUtf16(std::string_view utf8, char16_t* out) {
             code = (code & 0x1F) << 6;
             code |= next();
         }
-        *out++ = static_cast<char16_t>(code);
+        sink(static_cast<char16_t>(code));
     }
+}
+
+// How many there are.
+std::size_t Utf16Length(std::string_view utf8) {
+    std::size_t units = 0;
+    ForEachUnit(utf8, [&](char16_t) { ++units; });
+    return units;
+}
+
+// Answers where it places them.
+char16_t* WriteUtf16(std::string_view utf8, char16_t* out) {
+    ForEachUnit(utf8, [&](char16_t unit) { *out++ = unit; });
     return out;
 }
 
@@ -56,28 +69,32 @@ std::string_view LocalName(std::string_view name) {
 }  // namespace
 
 void DocumentBuilder::AddElement(const char* name, const char* const* attributes) {
+    const std::uint32_t element = AddAttributes(attributes);
+    if (elements_.size() == kMaxCount) throw std::bad_alloc();
+    elements_.push_back({data_->localNames.Intern(Convert(LocalName(name), scratch_)), element});
+    cost_ += sizeof(NamedElement) + sizeof(std::uint32_t);
+}
+
+// The element that holds them, or kBare when there are none.
+std::uint32_t DocumentBuilder::AddAttributes(const char* const* attributes) {
+    if (*attributes == nullptr) return DocumentData::kBare;
     const std::size_t first = data_->attributes.size();
     for (; *attributes != nullptr; attributes += 2) AddAttribute(attributes[0], attributes[1]);
+    if (data_->attributes.size() > kMaxCount) throw std::bad_alloc();
 
     const std::size_t count = data_->attributes.size() - first;
-    if (data_->attributes.size() > kMaxCount || data_->elements.size() == kMaxCount) {
-        throw std::bad_alloc();
-    }
-    elementNames_.push_back(data_->localNames.Intern(Convert(LocalName(name), scratch_)));
     data_->elements.emplace_back(data_.get(), static_cast<std::uint32_t>(first),
                                  static_cast<std::uint32_t>(count));
-    cost_ += sizeof(Element) + 2 * sizeof(std::uint32_t);
+    cost_ += sizeof(Element);
+    return static_cast<std::uint32_t>(data_->elements.size() - 1);
 }
 
 void DocumentBuilder::AddAttribute(const char* name, const char* value) {
-    const std::u16string_view text = Convert(value, scratch_);
-    const std::size_t bytes = (text.size() + 1) * sizeof(char16_t);
-    auto* copy = static_cast<char16_t*>(data_->text.allocate(bytes, alignof(char16_t)));
-    *std::copy(text.begin(), text.end(), copy) = u'\0';
-
-    const std::uint32_t number = data_->attributeNames.Intern(Convert(name, scratch_));
-    data_->attributes.emplace_back(number, copy);
-    cost_ += sizeof(Attribute) + bytes;
+    const std::size_t units = Utf16Length(value) + 1;
+    char16_t* copy = data_->text.Allocate(units);
+    *WriteUtf16(value, copy) = u'\0';
+    data_->attributes.emplace_back(data_->attributeNames.Intern(Convert(name, scratch_)), copy);
+    cost_ += sizeof(Attribute) + units * sizeof(char16_t);
 }
 
 std::unique_ptr<Document> DocumentBuilder::Finish() {
@@ -88,7 +105,7 @@ std::unique_ptr<Document> DocumentBuilder::Finish() {
 // A counting sort: each list is a range, and document order holds within it.
 void DocumentBuilder::BuildLists() {
     std::vector<std::uint32_t> places(data_->localNames.Size());
-    for (const std::uint32_t name : elementNames_) ++places[name];
+    for (const NamedElement& element : elements_) ++places[element.name];
 
     data_->lists.reserve(places.size());
     std::uint32_t first = 0;
@@ -98,9 +115,9 @@ void DocumentBuilder::BuildLists() {
         first += length;
     }
 
-    data_->order.resize(elementNames_.size());
-    for (std::size_t i = 0; i < elementNames_.size(); ++i) {
-        data_->order[places[elementNames_[i]]++] = static_cast<std::uint32_t>(i);
+    data_->order.resize(elements_.size());
+    for (const NamedElement& element : elements_) {
+        data_->order[places[element.name]++] = element.element;
     }
 }
 

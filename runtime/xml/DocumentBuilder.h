@@ -3,10 +3,10 @@
 #define VEXPA_RUNTIME_XML_DOCUMENTBUILDER_H_
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "runtime/xml/Document.h"
 
@@ -23,16 +23,26 @@ public:
 
     // How many bytes the document takes, about.
     std::uint64_t Cost() const noexcept { return cost_; }
+    // Elements and attributes.
+    std::uint64_t Nodes() const noexcept {
+        return std::uint64_t{elements_.size()} + data_->attributes.size();
+    }
 
     // The document; nothing may be added after this.
     std::unique_ptr<Document> Finish();
 
 private:
+    struct NamedElement {
+        std::uint32_t name;     // in DocumentData::localNames
+        std::uint32_t element;  // in DocumentData::elements, or kBare
+    };
+
+    std::uint32_t AddAttributes(const char* const* attributes);
     void AddAttribute(const char* name, const char* value);
     void BuildLists();
 
     std::unique_ptr<DocumentData> data_;
-    std::vector<std::uint32_t> elementNames_;  // in DocumentData::localNames, by element
+    std::deque<NamedElement> elements_;  // in document order
     std::u16string scratch_;
     std::uint64_t cost_ = 0;
 };

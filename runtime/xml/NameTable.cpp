@@ -42,8 +42,7 @@ std::uint32_t NameTable::Intern(std::u16string_view name) {
     const auto known = numbers_.find(name);
     if (known != numbers_.end()) return known->second;
 
-    auto* copy =
-        static_cast<char16_t*>(text_->allocate(name.size() * sizeof(char16_t), alignof(char16_t)));
+    char16_t* copy = text_->Allocate(name.size());
     std::copy(name.begin(), name.end(), copy);
     const auto number = static_cast<std::uint32_t>(numbers_.size());
     numbers_.emplace(std::u16string_view(copy, name.size()), number);

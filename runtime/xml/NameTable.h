@@ -4,9 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory_resource>
 #include <string_view>
 #include <unordered_map>
+
+#include "runtime/xml/TextStore.h"
 
 namespace vexpa_runtime {
 
@@ -27,14 +28,14 @@ public:
     static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
 
     // New names are copied into `text`, which outlives the table.
-    explicit NameTable(std::pmr::memory_resource& text) : text_(&text) {}
+    explicit NameTable(TextStore& text) : text_(&text) {}
 
     std::uint32_t Intern(std::u16string_view name);
     std::uint32_t Find(std::u16string_view name) const;
     std::size_t Size() const { return numbers_.size(); }
 
 private:
-    std::pmr::memory_resource* text_;
+    TextStore* text_;
     std::unordered_map<std::u16string_view, std::uint32_t, NameHash> numbers_;
 };
 

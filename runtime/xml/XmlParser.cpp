@@ -22,6 +22,7 @@ XmlParser::XmlParser() : parser_(XML_ParserCreate(nullptr)) {
     XML_SetUserData(parser_.get(), this);
     XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
     XML_SetEntityDeclHandler(parser_.get(), OnEntity);
+    XML_SetAttlistDeclHandler(parser_.get(), OnAttribute);
     XML_SetUnknownEncodingHandler(parser_.get(), FindEncoding, nullptr);
     XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser_.get(), kMaxGrowth);
     XML_SetBillionLaughsAttackProtectionActivationThreshold(parser_.get(), kGrowthThreshold);
@@ -45,6 +46,7 @@ HRESULT XmlParser::Feed(IStream& stream) {
         if (read < 0) return read;
         if (got > static_cast<std::uint32_t>(wanted)) return E_FAIL;
         bytesFed_ += got;
+        if (bytesFed_ > kMaxBytes) return E_FAIL;
 
         // A piece may be short in the middle of a stream; only an empty one ends it.
         const bool last = got == 0;
@@ -75,13 +77,18 @@ void XmlParser::Stop(HRESULT reason) noexcept {
     XML_StopParser(parser_.get(), XML_FALSE);
 }
 
+void XmlParser::CountDeclaration() noexcept {
+    if (++declarations_ > kMaxDeclarations) Stop(E_FAIL);
+}
+
 void XMLCALL XmlParser::OnStart(void* self, const XML_Char* name, const XML_Char** attributes) {
     auto& parser = *static_cast<XmlParser*>(self);
     const HRESULT added = Guarded([&] {
         if (++parser.depth_ > kMaxDepth) return E_FAIL;
         parser.builder_.AddElement(name, attributes);
         const std::uint64_t allowed = kGrowthThreshold + kMaxGrowth * parser.bytesFed_;
-        return parser.builder_.Cost() > allowed ? E_FAIL : S_OK;
+        if (parser.builder_.Cost() > allowed || parser.builder_.Nodes() > kMaxNodes) return E_FAIL;
+        return S_OK;
     });
     if (added < 0) parser.Stop(added);
 }
@@ -92,8 +99,12 @@ void XMLCALL XmlParser::OnEnd(void* self, const XML_Char*) {
 
 void XMLCALL XmlParser::OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
                                  const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
-    auto& parser = *static_cast<XmlParser*>(self);
-    if (++parser.entities_ > kMaxEntities) parser.Stop(E_FAIL);
+    static_cast<XmlParser*>(self)->CountDeclaration();
+}
+
+void XMLCALL XmlParser::OnAttribute(void* self, const XML_Char*, const XML_Char*, const XML_Char*,
+                                    const XML_Char*, int) {
+    static_cast<XmlParser*>(self)->CountDeclaration();
 }
 
 }  // namespace vexpa_runtime

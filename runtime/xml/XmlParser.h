@@ -14,13 +14,21 @@ namespace vexpa_runtime {
 // Elements within elements; deeper documents are refused.
 constexpr std::uint32_t kMaxDepth = 10'000;
 
-// Entities declared by one document. Expat recurses through entities that refer to one
-// another, so their number bounds its stack; a real DTD declares some hundreds.
-constexpr std::uint32_t kMaxEntities = 1'000;
+// Entities and attributes declared by one document. Expat recurses through entities that refer
+// to one another, and runs over all attributes declared for an element each time it meets the
+// element; so their number bounds its stack and its time. A real DTD declares some hundreds.
+constexpr std::uint32_t kMaxDeclarations = 1'000;
+
+// Bytes of a document, and elements and attributes in it. Deflate makes a gigabyte of a megabyte,
+// and each short element costs many times its bytes. The largest real documents here, the
+// relationships of a sheet with as many hyperlinks as it can have, stay well below either.
+constexpr std::uint64_t kMaxBytes = 64 * 1024 * 1024;
+constexpr std::uint64_t kMaxNodes = 4'000'000;
 
 // How much a document may grow, by entities and by defaulted attributes: what the parser
 // expands and what we store of it, for each byte of the stream and beyond the first bytes.
-constexpr std::uint32_t kMaxGrowth = 100;
+// Without either it grows eightfold at most, when all is elements of one empty attribute.
+constexpr std::uint32_t kMaxGrowth = 16;
 constexpr std::uint32_t kGrowthThreshold = 1 << 20;
 
 // Parses one stream. Nothing outside it is read: Expat loads external entities only
@@ -43,9 +51,12 @@ private:
     static void XMLCALL OnEnd(void* self, const XML_Char* name);
     static void XMLCALL OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
                                  const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*);
+    static void XMLCALL OnAttribute(void* self, const XML_Char*, const XML_Char*, const XML_Char*,
+                                    const XML_Char*, int);
 
     HRESULT Feed(IStream& stream);
     int NextPiece() const;
+    void CountDeclaration() noexcept;
     void Stop(HRESULT reason) noexcept;
     HRESULT Failure() const noexcept;
 
@@ -53,7 +64,7 @@ private:
     DocumentBuilder builder_;
     std::uint64_t bytesFed_ = 0;
     std::uint32_t depth_ = 0;
-    std::uint32_t entities_ = 0;
+    std::uint32_t declarations_ = 0;
     HRESULT stopped_ = S_OK;  // why a handler ended the parse
 };
 

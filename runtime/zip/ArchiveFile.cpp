@@ -4,8 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <utility>
+
+#include "runtime/Uninterrupted.h"
 
 namespace vexpa_runtime::zip {
 
@@ -23,24 +24,20 @@ std::optional<FileIdentity> RegularFile(const struct stat& status) {
 
 std::optional<FileIdentity> IdentityOfOpen(int descriptor) {
     struct stat status;
-    if (fstat(descriptor, &status) != 0) return std::nullopt;
+    if (Uninterrupted([&] { return fstat(descriptor, &status); }) != 0) return std::nullopt;
     return RegularFile(status);
 }
 
 // O_NONBLOCK: between a look at the path and this call a FIFO can have taken its place.
 int OpenForReading(const char* path) {
-    int descriptor;
-    do {
-        descriptor = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    } while (descriptor < 0 && errno == EINTR);
-    return descriptor;
+    return Uninterrupted([&] { return open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); });
 }
 
 }  // namespace
 
 std::optional<FileIdentity> IdentityOf(const char* path) noexcept {
     struct stat status;
-    if (stat(path, &status) != 0) return std::nullopt;
+    if (Uninterrupted([&] { return stat(path, &status); }) != 0) return std::nullopt;
     return RegularFile(status);
 }
 
@@ -68,8 +65,8 @@ bool ArchiveFile::ReadAt(std::uint64_t position, void* destination, std::size_t 
     if (position > Size() || size > Size() - position) return false;
     auto* out = static_cast<std::uint8_t*>(destination);
     while (size > 0) {
-        const ssize_t got = pread(descriptor_, out, size, static_cast<off_t>(position));
-        if (got < 0 && errno == EINTR) continue;
+        const ssize_t got =
+            Uninterrupted([&] { return pread(descriptor_, out, size, static_cast<off_t>(position)); });
         if (got <= 0) return false;  // 0: the file was cut since it was opened
         out += got;
         position += static_cast<std::uint64_t>(got);

@@ -20,7 +20,8 @@ std::uint32_t Tag(std::uint64_t hash) {
 Directory::Directory(std::vector<Entry> entries, std::string names)
     : entries_(std::move(entries)),
       names_(std::move(names)),
-      slots_(std::bit_ceil(2 * entries_.size() + 1), Slot{0, kFree}) {
+      slots_(std::bit_ceil(2 * entries_.size() + 1), Slot{0, kFree}),
+      patterns_(PatternSearch::StepsFor(names_.size())) {
     entries_.shrink_to_fit();
     names_.shrink_to_fit();
     for (std::uint32_t i = 0; i < entries_.size(); ++i) {

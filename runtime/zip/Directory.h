@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/zip/PatternSearch.h"
+
 namespace vexpa_runtime::zip {
 
 // What the directory says about one entry. None of it is checked against the file yet: an
@@ -22,9 +24,10 @@ struct Entry {
     std::uint16_t method;
     bool encrypted;
     bool onOtherDisk;
+    bool overlaps = false;  // see OverlapCheck.h
 };
 
-// Never changes once made, so any number of threads may share it.
+// Its entries never change once it is made, so any number of threads may share it.
 class Directory {
 public:
     Directory(std::vector<Entry> entries, std::string names);
@@ -37,6 +40,8 @@ public:
 
     // The first entry of this name, or null. Costs the same however many entries there are.
     const Entry* Find(std::string_view name) const noexcept;
+
+    PatternSearch& Patterns() const noexcept { return patterns_; }
 
     std::size_t MemoryUse() const noexcept;
 
@@ -54,6 +59,7 @@ private:
     std::vector<Entry> entries_;
     std::string names_;
     std::vector<Slot> slots_;
+    mutable PatternSearch patterns_;
 };
 
 }  // namespace vexpa_runtime::zip

@@ -10,11 +10,15 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-// Documents open at once are few. The bytes are room for several hundred thousand entries.
+// Documents open at once are few. The bytes are room for some hundred thousand entries.
 constexpr std::size_t kMostFiles = 8;
 constexpr std::size_t kMostBytes = 32UL * 1024 * 1024;
 
-constexpr std::int64_t kLongestTickSeconds = 2;
+constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
+constexpr std::int64_t kLongestTick = 2 * kNanosecondsInASecond;  // of FAT
+// The clock that the kernel stamps files by moves a hundred times a second at least.
+constexpr std::int64_t kKernelTick = 10'000'000;
+constexpr std::int64_t kKernelTicksWaited = 5;
 
 std::timespec Now() {
     std::timespec now;
@@ -22,24 +26,32 @@ std::timespec Now() {
     return now;
 }
 
-bool IsMoreThanATickBefore(std::int64_t seconds, std::int64_t nanoseconds, const std::timespec& now) {
-    return std::pair(seconds, nanoseconds) <
-           std::pair<std::int64_t, std::int64_t>(now.tv_sec - kLongestTickSeconds, now.tv_nsec);
+// In seconds and nanoseconds. A file's stamp may be any number, so it is the clock that is moved.
+using Moment = std::pair<std::int64_t, std::int64_t>;
+
+Moment Moved(const std::timespec& now, std::int64_t nanoseconds) {
+    const std::int64_t sum = kNanosecondsInASecond + now.tv_nsec + nanoseconds % kNanosecondsInASecond;
+    return {now.tv_sec + nanoseconds / kNanosecondsInASecond + sum / kNanosecondsInASecond - 1,
+            sum % kNanosecondsInASecond};
 }
+
+// A file system of long ticks has no stamp in the middle of a short one.
+std::int64_t TickOf(const FileIdentity& file) {
+    return file.changedNanoseconds % kKernelTick == 0 ? kLongestTick : kKernelTicksWaited * kKernelTick;
+}
+
+}  // namespace
 
 // Both stamps count: file systems without a change time report another one in its place. But a
 // modification in the future was set by hand and says nothing about the last write: archivers
 // keep it, and a file must not be slow for it.
-bool HasSettled(const FileIdentity& file, const std::timespec& now) {
-    const bool isModifiedLater =
-        std::pair(file.modifiedSeconds, file.modifiedNanoseconds) >
-        std::pair<std::int64_t, std::int64_t>(now.tv_sec + kLongestTickSeconds, now.tv_nsec);
-    return (isModifiedLater ||
-            IsMoreThanATickBefore(file.modifiedSeconds, file.modifiedNanoseconds, now)) &&
-           IsMoreThanATickBefore(file.changedSeconds, file.changedNanoseconds, now);
+bool HadSettled(const FileIdentity& file, const std::timespec& now) {
+    const Moment modified{file.modifiedSeconds, file.modifiedNanoseconds};
+    const Moment changed{file.changedSeconds, file.changedNanoseconds};
+    const Moment aTickAgo = Moved(now, -TickOf(file));
+    const bool isModifiedLater = modified > Moved(now, kLongestTick);
+    return (isModifiedLater || modified < aTickAgo) && changed < aTickAgo;
 }
-
-}  // namespace
 
 DirectoryCache::DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Clock clock)
     : mostFiles_(mostFiles), mostBytes_(mostBytes), clock_(clock) {}
@@ -53,10 +65,14 @@ std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identi
     return kept_.back().directory;
 }
 
+bool DirectoryCache::HasSettled(const ArchiveFile& file) const {
+    return HadSettled(file.Identity(), clock_());
+}
+
 std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
     const std::timespec start = clock_();
     std::shared_ptr<const Directory> directory = ReadDirectory(file);
-    if (directory != nullptr && HasSettled(file.Identity(), start) && file.IsUnchanged()) {
+    if (directory != nullptr && HadSettled(file.Identity(), start) && file.IsUnchanged()) {
         Keep(file.Identity(), directory);
     }
     return directory;
@@ -65,7 +81,6 @@ std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
 void DirectoryCache::Keep(const FileIdentity& identity,
                           const std::shared_ptr<const Directory>& directory) {
     const std::size_t size = directory->MemoryUse();
-    if (size > mostBytes_) return;
     const std::lock_guard lock(mutex_);
     // Another state of the same file will not come back, and another thread may have read this one.
     std::erase_if(kept_, [&](const Kept& kept) {

@@ -13,26 +13,34 @@
 
 namespace vexpa_runtime::zip {
 
+// Whether every change from `now` on will give the file another identity.
+bool HadSettled(const FileIdentity& file, const std::timespec& now);
+
 // Every call of the zip service names a file anew, and most name the file that the last one
 // named. What is kept is what parsing found; no file stays open, so that its file system can
 // be unmounted between calls.
 //
 // A directory is found again only under the identity of the file that it was read from, so a
 // replaced or rewritten file is read afresh. Time stamps move in ticks - two seconds on some
-// file systems - and a file changed twice within one tick looks unchanged after the second
-// change. So a directory is kept only when the file's last change already lay more than two
-// seconds back before reading began: every later change then shows.
+// file systems, the kernel's few milliseconds on most - and a file changed twice within one tick
+// looks unchanged after the second change. So a directory is kept only when the file's last change
+// already lay more than a tick back before reading began: every later change then shows.
 //
 // Threads  All functions may be called from any thread.
 class DirectoryCache {
 public:
     using Clock = std::timespec (*)();
 
-    // Keeps at most `mostFiles` directories, together at most `mostBytes` large.
+    // Keeps at most `mostFiles` directories, together at most `mostBytes` large; one that is
+    // larger is kept alone. To read it again for each of its entries would never end.
     DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Clock clock);
 
     // The directory kept of the file when it had this identity, or null.
     std::shared_ptr<const Directory> Find(const FileIdentity& identity);
+
+    // Whether every change of `file` from now on shows in its identity, as its last one already
+    // lies more than a tick back.
+    bool HasSettled(const ArchiveFile& file) const;
 
     // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound one.
     std::shared_ptr<const Directory> Read(const ArchiveFile& file);

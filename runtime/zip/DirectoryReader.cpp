@@ -11,6 +11,7 @@
 #include "runtime/zip/EndRecord.h"
 #include "runtime/zip/EntryName.h"
 #include "runtime/zip/ForwardReader.h"
+#include "runtime/zip/OverlapCheck.h"
 
 namespace vexpa_runtime::zip {
 
@@ -70,6 +71,7 @@ public:
     }
 
     std::shared_ptr<const Directory> Result() {
+        MarkOverlaps(entries_, fileSize_);
         return std::make_shared<const Directory>(std::move(entries_), std::move(names_));
     }
 

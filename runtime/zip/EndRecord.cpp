@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "runtime/zip/DirectoryHeader.h"
 #include "runtime/zip/LittleEndian.h"
@@ -88,6 +89,7 @@ EndRecordSearch::EndRecordSearch(const ArchiveFile& file) : file_(file) {
 }
 
 std::optional<EndRecord> EndRecordSearch::Next() {
+    if (withoutCompanion_) return std::exchange(withoutCompanion_, std::nullopt);
     while (searchEnd_ > 0) {
         const std::size_t found = tail_.rfind(kEndSignature, searchEnd_ - 1);
         searchEnd_ = found == std::string::npos ? 0 : found;
@@ -97,18 +99,18 @@ std::optional<EndRecord> EndRecordSearch::Next() {
     return std::nullopt;
 }
 
-std::optional<EndRecord> EndRecordSearch::RecordAt(std::size_t tailIndex) const {
+std::optional<EndRecord> EndRecordSearch::RecordAt(std::size_t tailIndex) {
     if (tail_.size() - tailIndex < kEndSize) return std::nullopt;
     const std::uint64_t position = tailPosition_ + tailIndex;
-    const EndRecord plain =
+    std::optional<EndRecord> plain =
         Plain(reinterpret_cast<const std::uint8_t*>(tail_.data()) + tailIndex, position);
-    if (const std::optional<End64> end64 = FindEnd64(file_, position)) {
-        const EndRecord merged = Merged(plain, *end64);
-        if (ShowsDirectory(file_, merged)) return merged;
-    }
-    // What looked like a zip64 locator may have been the end of a comment in the directory.
-    if (ShowsDirectory(file_, plain)) return plain;
-    return std::nullopt;
+    const std::optional<End64> end64 = FindEnd64(file_, position);
+    std::optional<EndRecord> merged;
+    if (end64) merged = Merged(*plain, *end64);
+    if (!ShowsDirectory(file_, *plain)) plain.reset();
+    if (!merged || !ShowsDirectory(file_, *merged)) return plain;
+    withoutCompanion_ = plain;
+    return merged;
 }
 
 }  // namespace vexpa_runtime::zip

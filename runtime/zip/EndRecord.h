@@ -21,7 +21,8 @@ struct EndRecord {
     bool countIsWhole;  // false: only its low 16 bits, as writers without zip64 leave it
 };
 
-// Goes through the end records of a file, the last one first.
+// Goes through the end records of a file, the last one first, each with its zip64 companion and
+// then without: what looks like one may be the end of a comment in the directory.
 //
 // The signature alone proves nothing: it can stand in a comment or in data after the archive.
 // So only records are given out behind which the file shows the beginning of a directory; how
@@ -35,12 +36,13 @@ public:
     std::optional<EndRecord> Next();
 
 private:
-    std::optional<EndRecord> RecordAt(std::size_t tailIndex) const;
+    std::optional<EndRecord> RecordAt(std::size_t tailIndex);
 
     const ArchiveFile& file_;
     std::string tail_;
     std::uint64_t tailPosition_ = 0;
-    std::size_t searchEnd_ = 0;  // in tail_: everything from here on has been looked at
+    std::size_t searchEnd_ = 0;                  // in tail_: everything from here on has been looked at
+    std::optional<EndRecord> withoutCompanion_;  // the record given out last, when that had one
 };
 
 }  // namespace vexpa_runtime::zip

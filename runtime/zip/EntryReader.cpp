@@ -40,7 +40,7 @@ Block Allocate(std::uint64_t size) {
 
 // What can be said of an entry before anything is read or allocated for it.
 bool IsPlausible(const ArchiveFile& file, const Entry& entry) {
-    if (entry.encrypted || entry.onOtherDisk) return false;
+    if (entry.encrypted || entry.onOtherDisk || entry.overlaps) return false;
     if (entry.headerPosition > file.Size() || entry.compressedSize > file.Size()) return false;
     if (entry.method == kStored) return entry.size == entry.compressedSize;
     if (entry.method != kDeflated) return false;

@@ -21,10 +21,10 @@ struct EntryBytes {
     std::size_t size;
 };
 
-// The bytes of `entry`, or nothing: when it is encrypted, begins on another disk or uses a
-// method other than stored and deflate, when its data runs out of the file, and when the bytes are
-// not as many or not those (CRC) that the directory says. Nothing is allocated on the word of
-// a directory that cannot be true. Throws only when memory is exhausted.
+// The bytes of `entry`, or nothing: when it is encrypted, overlaps others (OverlapCheck.h), begins
+// on another disk or uses a method other than stored and deflate, when its data runs out of the
+// file, and when the bytes are not as many or not those (CRC) that the directory says. Nothing is
+// allocated on the word of a directory that cannot be true. Throws only when memory is exhausted.
 std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry);
 
 }  // namespace vexpa_runtime::zip

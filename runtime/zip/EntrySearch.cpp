@@ -11,21 +11,12 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-const Entry* FindFirstMatch(const Directory& directory, const NamePattern& pattern,
-                            std::size_t& tried) {
-    for (const Entry& entry : directory.Entries()) {
-        ++tried;
-        if (pattern.Matches(directory.NameOf(entry))) return &entry;
-    }
-    return nullptr;
-}
-
 const Entry* FindUtf8(const Directory& directory, std::string_view request, std::size_t& tried) {
     if (const Entry* entry = directory.Find(request)) return entry;
     if (!NamePattern::HasSpecialCharacters(request)) return nullptr;
     const NamePattern pattern(request);
     if (const std::optional<std::string> name = pattern.OnlyName()) return directory.Find(*name);
-    return FindFirstMatch(directory, pattern, tried);
+    return directory.Patterns().FindFirst(directory, pattern, request, tried);
 }
 
 }  // namespace

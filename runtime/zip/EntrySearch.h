@@ -12,9 +12,9 @@ namespace vexpa_runtime::zip {
 // The entry named `request` (local 8-bit text), else the first in directory order that it
 // matches as a pattern, else null.
 //
-// Only a request that truly is a pattern is tried on the names one by one; a plain name, or one
-// whose special characters are all escaped, is looked up. *namesTried, when asked for, is
-// the number of names that a pattern was tried on.
+// Only a request that truly is a pattern is tried on the names one by one (see PatternSearch); a
+// plain name, or one whose special characters are all escaped, is looked up. *namesTried, when
+// asked for, is the number of names that a pattern was tried on.
 const Entry* FindEntry(const Directory& directory, std::string_view request,
                        std::size_t* namesTried = nullptr);
 

@@ -1,10 +1,40 @@
 #include "runtime/zip/Extraction.h"
 
+#include <cstdint>
 #include <utility>
 
+#include "runtime/zip/DirectoryReader.h"
 #include "runtime/zip/EntrySearch.h"
+#include "runtime/zip/NameHash.h"
 
 namespace vexpa_runtime::zip {
+
+namespace {
+
+std::optional<EntryBytes> ReadAfresh(const ArchiveFile& file, std::string_view request) {
+    const auto directory = ReadDirectory(file);
+    if (directory == nullptr) return std::nullopt;
+    const Entry* entry = FindEntry(*directory, request);
+    if (entry == nullptr) return std::nullopt;
+    return ReadEntry(file, *entry);
+}
+
+std::uint64_t Digest(const EntryBytes& entry) {
+    return HashName({entry.bytes.get(), entry.size}, ProcessHashKey());
+}
+
+// A change in one of two readings leaves the other one whole, and they agree only if both are.
+std::optional<EntryBytes> ReadTwice(const ArchiveFile& file, std::string_view request) {
+    std::optional<EntryBytes> entry = ReadAfresh(file, request);
+    if (!entry) return std::nullopt;
+    const std::uint64_t digest = Digest(*entry);
+    entry.reset();  // large entries are not held twice
+    entry = ReadAfresh(file, request);
+    if (!entry || Digest(*entry) != digest) return std::nullopt;
+    return entry;
+}
+
+}  // namespace
 
 std::shared_ptr<const Directory> OpenDirectory(DirectoryCache& cache, const char* path) {
     const std::optional<FileIdentity> identity = IdentityOf(path);
@@ -28,13 +58,17 @@ std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::
                                   Prospect prospect) {
     const std::optional<ArchiveFile> file = ArchiveFile::Open(path);
     if (!file) return std::nullopt;
+    if (!cache.HasSettled(*file)) return ReadTwice(*file, request);
     if (prospect.directory == nullptr || file->Identity() != prospect.identity) {
         prospect.directory = cache.Read(*file);
         if (prospect.directory == nullptr) return std::nullopt;
         prospect.entry = FindEntry(*prospect.directory, request);
         if (prospect.entry == nullptr) return std::nullopt;
     }
-    return ReadEntry(*file, *prospect.entry);
+    std::optional<EntryBytes> bytes = ReadEntry(*file, *prospect.entry);
+    if (!bytes || file->IsUnchanged()) return bytes;
+    // It may only have been replaced: then all that was in it is still there.
+    return ReadTwice(*file, request);
 }
 
 }  // namespace vexpa_runtime::zip

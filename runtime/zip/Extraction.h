@@ -27,6 +27,11 @@ std::optional<Prospect> LookUp(DirectoryCache& cache, const char* path, std::str
 
 // The second reads the entry. The file that it opens may be another than the one that was
 // looked at; then its own directory is read.
+//
+// A program may write to the file meanwhile. The check sum catches nearly every mixture of old
+// and new bytes, but not one that an unlucky or prepared pair of contents allows, nor a
+// directory header that is half old: so where the file has changed, or may have changed
+// within one tick of its clock, only what reads the same twice is given out.
 std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::string_view request,
                                   Prospect prospect);
 

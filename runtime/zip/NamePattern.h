@@ -36,7 +36,8 @@ public:
     // How long a match may take, in characters compared.
     static constexpr std::size_t kStepsForEachByte = 64;
 
-    bool Matches(std::string_view name) const noexcept;
+    // *steps, when asked for, grows by the steps that it took.
+    bool Matches(std::string_view name, std::size_t* steps = nullptr) const noexcept;
 
     // The one name that a pattern of plain and escaped characters matches; nothing for others.
     std::optional<std::string> OnlyName() const;
@@ -51,15 +52,16 @@ private:
         Kind kind;
         char32_t character;      // kCharacter
         bool negated;            // kClass
-        std::size_t firstRange;  // kClass: into ranges_
+        std::size_t firstRange;  // kClass: into ranges_, where its own stand in order and apart
         std::size_t rangeCount;
     };
 
     bool Parse(std::u32string_view text);
     void AddClass(std::u32string_view body);
+    std::size_t MergeRanges(std::size_t first);
     void FindPlainEnds();
     bool Accepts(const Token& token, char32_t character) const noexcept;
-    bool MatchesTokens(std::string_view name) const noexcept;
+    bool MatchesTokens(std::string_view name, std::size_t& stepsLeft) const noexcept;
 
     std::vector<Token> tokens_;
     std::vector<Range> ranges_;

@@ -154,6 +154,18 @@ TEST(PartLoadData, LeavesTheStreamNullOnFailure) {
     EXPECT_EQ(Document(package)->LoadData()->dataStream, nullptr);
 }
 
+// That they are freed is for the leak checker to say.
+TEST(PartLoadData, FreesTheBytesThatACallerGivesToTheRecord) {
+    PackageFile file = WithPart("part", "content");
+    const Handle<opc::Package> package = file.Open();
+    opc::Part* part = package->GetPart(opc::PartUri(u"part"));
+    opc::PartData* data = part->LoadData();
+    data->bytes = new std::uint8_t[4]{1, 2, 3, 4};
+    data->ownsBytes = 1;
+    EXPECT_EQ(part->LoadData(), data);
+    EXPECT_EQ(data->bytes[3], 4);
+}
+
 TEST(PartGetStorage, OpensTheCompoundFileOfAPart) {
     const Handle<opc::Package> package = opc::Package::Open(Utf16(LedgerObject()).c_str());
     ASSERT_TRUE(package);

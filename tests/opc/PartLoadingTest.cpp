@@ -85,6 +85,21 @@ TEST(RelationshipStream, IsFoundForANameWithALeadingSlash) {
     EXPECT_EQ(styles->GetResolvedTarget().name, u"word/styles.xml");
 }
 
+// One slash is the name's own; the other one is the entry's, for the stream as for the part.
+TEST(RelationshipStream, IsFoundForANameWithTwoLeadingSlashes) {
+    PackageFile file = MinimalPackage();
+    file.Entry("/word/odd.xml", "odd");
+    file.Entry("/word/_rels/odd.xml.rels",
+               RelationshipsXml(RelationshipXml("rId1", kStyles, "styles.xml")));
+    const Handle<opc::Package> package = file.Open();
+    opc::Part* part = package->GetPart(opc::PartUri(u"//word/odd.xml"));
+    ASSERT_NE(part, nullptr);
+    EXPECT_TRUE(part->HasRelationship(u"rId1"));
+    ComPtr<IStream> stream;
+    ASSERT_EQ(part->GetStream(stream.Out()), S_OK);
+    EXPECT_EQ(ReadToEnd(*stream.Get()), "odd");
+}
+
 TEST(RelationshipStream, ThatIsAbsentLeavesThePartWithoutRelationships) {
     PackageFile file = MinimalPackage();
     const Handle<opc::Package> package = file.Open();

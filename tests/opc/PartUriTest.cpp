@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <QTextCodec>
 #include <cstddef>
@@ -208,6 +210,43 @@ TEST(PartUri, SplitsANameOfAMillionUnits) {
     const PartUri uri(name.c_str());
     EXPECT_EQ(uri.name, name);
     EXPECT_EQ(uri.path.size(), 750000u);
+}
+
+// A text of nothing but 'a' that takes address space but little memory: one piece, again and again.
+class EndlessText {
+public:
+    explicit EndlessText(std::size_t length) : bytes_((length + 1) * sizeof(char16_t) + kPiece) {
+        memory_ = mmap(nullptr, bytes_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        const int file = memfd_create("text", 0);
+        const std::u16string piece(kPiece / sizeof(char16_t), u'a');
+        EXPECT_EQ(write(file, piece.data(), kPiece), kPiece);
+        for (std::size_t at = 0; at < length * sizeof(char16_t); at += kPiece) {
+            EXPECT_NE(mmap(static_cast<char*>(memory_) + at, kPiece, PROT_READ, MAP_SHARED | MAP_FIXED,
+                           file, 0),
+                      MAP_FAILED);
+        }
+        close(file);
+    }
+    ~EndlessText() { munmap(memory_, bytes_); }
+    EndlessText(const EndlessText&) = delete;
+    EndlessText& operator=(const EndlessText&) = delete;
+
+    const char16_t* text() const { return static_cast<const char16_t*>(memory_); }
+
+private:
+    static constexpr std::size_t kPiece = 1 << 20;
+
+    std::size_t bytes_;
+    void* memory_;
+};
+
+// Its encoding might take more bytes than an int counts.
+TEST(PartUri, KeepsANameThatIsTooLongToSplit) {
+    constexpr std::size_t kLength = std::size_t{1} << 28;  // whole pieces
+    const EndlessText name(kLength);
+    const PartUri uri(name.text());
+    EXPECT_EQ(uri.name.size(), kLength);
+    EXPECT_TRUE(HasNoComponents(uri));
 }
 
 TEST(PartUri, KeepsUnpairedSurrogatesInItsName) {

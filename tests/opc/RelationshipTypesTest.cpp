@@ -5,7 +5,6 @@
 #include <fstream>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/support/ScratchFile.h"
@@ -143,19 +142,6 @@ TEST(RelationshipTypes, HaveAnEmptyUriOutsideTheTable) {
 
 TEST(RelationshipTypes, HandOutTheSameStorageEveryTime) {
     EXPECT_EQ(GetRelationshipTypeUri(RelTypeStyles), GetRelationshipTypeUri(RelTypeStyles));
-}
-
-TEST(RelationshipTypes, AreWholeForEveryThreadThatIsFirst) {
-    std::array<bool, 8> whole{};
-    std::vector<std::thread> threads;
-    for (bool& result : whole) {
-        threads.emplace_back([&result] {
-            result = GetRelationshipTypeId(kCustomProperties) == RelTypeCustomProperties &&
-                     UriOf(RelTypeAttachedToolbars) != u"";
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    for (const bool result : whole) EXPECT_TRUE(result);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/FaultRuntime.h"
 #include "vexpa/opc/TargetResolution.h"
 
 namespace {
@@ -145,6 +146,14 @@ TEST(ResolveTarget, UsesADirectoryThatJustFitsItsBuffer) {
     const std::u16string directory = u"/" + std::u16string(4093, u'a');
     const std::u16string source = directory + u"/x.xml";
     EXPECT_EQ(ResolveTarget(source, u"y.xml"), directory.substr(1) + u"/y.xml");
+}
+
+TEST(ResolveTarget, TakesADirectoryWithoutASeparatorAtItsEndAsWell) {
+    vexpa_test::FaultRuntime platform;
+    platform.AnswerSplitPath(u"/word");
+    EXPECT_EQ(ResolveTarget(kDocument, u"styles.xml"), u"word/styles.xml");
+    platform.AnswerSplitPath(u"");
+    EXPECT_EQ(ResolveTarget(kDocument, u"styles.xml"), u"styles.xml");
 }
 
 TEST(ResolveTarget, TakesADirectoryThatDoesNotFitForTheRoot) {

@@ -1,19 +1,19 @@
+// For ThreadSanitizer: what several threads may do at once.
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/opc/PackageFile.h"
 #include "tests/opc/PackageWalk.h"
+#include "tests/support/EightThreads.h"
 
 namespace {
 
 using namespace tarn;
 using namespace vexpa_test;
 
-// For ThreadSanitizer to look at as well.
 TEST(Threads, WalkDifferentPackagesAtOnce) {
     std::vector<std::u16string> paths;
     for (const char* name : {"report.docx", "talk.pptx", "tides.xlsx", "ledger.xlsx"}) {
@@ -23,32 +23,24 @@ TEST(Threads, WalkDifferentPackagesAtOnce) {
     for (const std::u16string& path : paths) expected.push_back(OpenAndWalk(path));
 
     std::atomic<int> wrong = 0;
-    std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < 8; ++i) {
-        threads.emplace_back([&, i] {
-            for (std::size_t round = 0; round < 5; ++round) {
-                const std::size_t which = (i + round) % paths.size();
-                if (OpenAndWalk(paths[which]) != expected[which]) ++wrong;
-            }
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
+    OnEightThreads([&](unsigned i) {
+        for (std::size_t round = 0; round < 5; ++round) {
+            const std::size_t which = (i + round) % paths.size();
+            if (OpenAndWalk(paths[which]) != expected[which]) ++wrong;
+        }
+    });
     EXPECT_EQ(wrong, 0);
 }
 
 TEST(Threads, UseTheTypeIndexesFirstAtOnce) {
     std::atomic<int> wrong = 0;
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 8; ++i) {
-        threads.emplace_back([&] {
-            for (std::uint32_t id = 0; id < 60; ++id) {
-                const auto type = static_cast<opc::RelationshipTypeId>(id);
-                const std::uint32_t expected = id == opc::RelTypeThumbnail ? 33 : id;
-                if (opc::GetRelationshipTypeId(opc::GetRelationshipTypeUri(type)) != expected) ++wrong;
-            }
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
+    OnEightThreads([&](unsigned) {
+        for (std::uint32_t id = 0; id < 60; ++id) {
+            const auto type = static_cast<opc::RelationshipTypeId>(id);
+            const std::uint32_t expected = id == opc::RelTypeThumbnail ? 33 : id;
+            if (opc::GetRelationshipTypeId(opc::GetRelationshipTypeUri(type)) != expected) ++wrong;
+        }
+    });
     EXPECT_EQ(wrong, 0);
 }
 

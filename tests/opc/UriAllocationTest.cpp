@@ -41,22 +41,41 @@ protected:
     ~TaskMemory() override { allocationsLeft = std::numeric_limits<int>::max(); }
 };
 
+struct Name {
+    const char* shows;
+    const char16_t* text;
+    int allocations;  // the record, and its components
+};
+constexpr Name kNames[] = {
+    {"a server", u"s://u@h:1/p?q#f", 1 + 6},
+    {"a registry name", u"s://a:b:c/p?q#f", 1 + 5},
+    {"an opaque text", u"s:o#f", 1 + 3},
+};
+
 TEST_F(TaskMemory, EveryFailureLeavesTheNameAloneAndNothingBehind) {
-    constexpr int kAllocations = 7;  // the record and six components
-    for (int left = 0; left < kAllocations; ++left) {
-        SCOPED_TRACE(left);
-        allocationsLeft = left;
-        const PartUri uri(u"s://u@h:1/p?q#f");
-        EXPECT_EQ(uri.name, u"s://u@h:1/p?q#f");
-        EXPECT_EQ(uri.scheme + uri.userInfo + uri.host + uri.path + uri.query + uri.fragment, u"");
-        EXPECT_EQ(uri.port, 0u);
+    for (const Name& name : kNames) {
+        for (int left = 0; left < name.allocations; ++left) {
+            SCOPED_TRACE(std::string(name.shows) + ", " + std::to_string(left));
+            allocationsLeft = left;
+            const PartUri uri(name.text);
+            EXPECT_EQ(uri.name, name.text);
+            EXPECT_EQ(uri.scheme + uri.opaque + uri.userInfo + uri.host + uri.registryName + uri.path +
+                          uri.query + uri.fragment,
+                      u"");
+            EXPECT_EQ(uri.port, 0u);
+            EXPECT_EQ(blocksHeld, 0);
+        }
+    }
+}
+
+TEST_F(TaskMemory, EachComponentTakesOneAllocation) {
+    for (const Name& name : kNames) {
+        SCOPED_TRACE(name.shows);
+        allocationsLeft = name.allocations;
+        EXPECT_EQ(PartUri(name.text).fragment, u"f");
+        EXPECT_EQ(allocationsLeft, 0);
         EXPECT_EQ(blocksHeld, 0);
     }
-    allocationsLeft = kAllocations;
-    const PartUri uri(u"s://u@h:1/p?q#f");
-    EXPECT_EQ(uri.fragment, u"f");
-    EXPECT_EQ(allocationsLeft, 0);
-    EXPECT_EQ(blocksHeld, 0);
 }
 
 TEST_F(TaskMemory, AFailureIsNoReasonToReadTheTextAnotherWay) {

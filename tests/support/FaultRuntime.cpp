@@ -64,6 +64,12 @@ void FaultRuntime::Note(const std::string& name) {
     calls_.push_back(name);
 }
 
+void FaultRuntime::OnCallbacks(const UzpCB& callbacks) {
+    unsigned char message[] = "a message";
+    callbacksLength_ = callbacks.structlen;
+    messageAnswer_ = callbacks.msgfn(nullptr, message, sizeof message - 1, 0);
+}
+
 void FaultRuntime::OnBuffer(void* bytes) {
     if (bytes != nullptr) buffers_[bytes] = true;
 }
@@ -167,7 +173,7 @@ VEXPA_WRAPPED(int, UzpUnzipToMemory, char* zip, char* entry, UzpOpts* options, U
               UzpBuffer* result) {
     FaultRuntime* faults = FaultRuntime::Active();
     if (faults == nullptr) return __real_UzpUnzipToMemory(zip, entry, options, callbacks, result);
-    faults->OnCallbacks(callbacks->structlen);
+    faults->OnCallbacks(*callbacks);
     const bool fails = faults->Fails("UzpUnzipToMemory", entry);
     const int success = __real_UzpUnzipToMemory(zip, entry, options, callbacks, result);
     faults->OnBuffer(result->strptr);
@@ -188,6 +194,19 @@ VEXPA_WRAPPED(int, u_strcat_s, char16_t* destination, std::size_t size, const ch
         return ERANGE;
     }
     return __real_u_strcat_s(destination, size, source);
+}
+
+VEXPA_WRAPPED(int, u_splitpath_s, const char16_t* path, char16_t* drive, std::size_t driveSize,
+              char16_t* directory, std::size_t directorySize, char16_t* name, std::size_t nameSize,
+              char16_t* extension, std::size_t extensionSize) {
+    FaultRuntime* faults = FaultRuntime::Active();
+    if (faults == nullptr || !faults->SplitDirectory()) {
+        return __real_u_splitpath_s(path, drive, driveSize, directory, directorySize, name, nameSize,
+                                    extension, extensionSize);
+    }
+    const std::u16string& answer = *faults->SplitDirectory();
+    directory[answer.copy(directory, directorySize - 1)] = 0;
+    return 0;
 }
 
 VEXPA_WRAPPED(void, free, void* memory) {

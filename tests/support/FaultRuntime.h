@@ -5,8 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
+
+struct UzpCB;
 
 namespace vexpa_test {
 
@@ -29,6 +32,9 @@ public:
     // As that, but the document comes all the same.
     void AnswerParseWithDocument(std::size_t n, std::int32_t result);
 
+    // From now on a path that is split has this directory and nothing else.
+    void AnswerSplitPath(const std::u16string& directory) { splitDirectory_ = directory; }
+
     // The calls made so far: the name, and in brackets the entry of an extraction.
     const std::vector<std::string>& Calls() const { return calls_; }
     std::size_t Count(const std::string& call) const;
@@ -41,6 +47,8 @@ public:
     std::size_t LostBuffers() const { return buffers_.size(); }
     // The length of the callback record that the last extraction was told.
     unsigned long CallbacksLength() const { return callbacksLength_; }
+    // What the last extraction was answered when it had a message to show.
+    int MessageAnswer() const { return messageAnswer_; }
 
     // For the wrapped calls.
     bool Fails(const std::string& name, const std::string& detail = {});
@@ -49,7 +57,8 @@ public:
     void OnFree(void* memory);
     const std::int32_t* ParseAnswer();  // null: parse
     bool ParseGivesDocument() const { return parseGivesDocument_; }
-    void OnCallbacks(unsigned long length) { callbacksLength_ = length; }
+    void OnCallbacks(const UzpCB& callbacks);
+    const std::optional<std::u16string>& SplitDirectory() const { return splitDirectory_; }
     static FaultRuntime* Active();
 
 private:
@@ -66,6 +75,8 @@ private:
     std::int32_t parseResult_ = 0;
     bool parseGivesDocument_ = false;
     unsigned long callbacksLength_ = 0;
+    int messageAnswer_ = -1;
+    std::optional<std::u16string> splitDirectory_;
 };
 
 }  // namespace vexpa_test

@@ -2,6 +2,8 @@
 
 #include <libdeflate.h>
 
+#include <memory>
+
 namespace vexpa_test {
 
 namespace {
@@ -22,12 +24,17 @@ std::uint64_t Clip(std::uint64_t value, bool to64) {
     return to64 ? 0xFFFFFFFF : value;
 }
 
+struct FreeCompressor {
+    void operator()(libdeflate_compressor* compressor) const { libdeflate_free_compressor(compressor); }
+};
+
 std::string Deflate(std::string_view content) {
-    libdeflate_compressor* compressor = libdeflate_alloc_compressor(6);
-    std::string out(libdeflate_deflate_compress_bound(compressor, content.size()), '\0');
-    out.resize(libdeflate_deflate_compress(compressor, content.data(), content.size(), out.data(),
+    // Making one costs more than compressing what tests and fuzz targets put in.
+    thread_local const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
+        libdeflate_alloc_compressor(6));
+    std::string out(libdeflate_deflate_compress_bound(compressor.get(), content.size()), '\0');
+    out.resize(libdeflate_deflate_compress(compressor.get(), content.data(), content.size(), out.data(),
                                            out.size()));
-    libdeflate_free_compressor(compressor);
     return out;
 }
 
@@ -53,17 +60,20 @@ std::string Zip64Extra(const Header& header, bool withOffset) {
 void PutLocal(std::string& out, const ZipEntry& entry, const Header& header) {
     const std::string name = entry.localName.value_or(entry.name);
     const bool later = entry.dataDescriptor;
+    const std::uint64_t compressedSize =
+        entry.localCompressedSize.value_or(later ? 0 : Clip(header.compressedSize, entry.zip64));
+    const std::uint64_t size = entry.localSize.value_or(later ? 0 : Clip(header.size, entry.zip64));
     const std::string extra =
         (entry.zip64 && !later ? Zip64Extra(header, false) : std::string()) + entry.localExtra;
     Put(out, kLocalHeader, 4);
     Put(out, entry.zip64 ? 45 : 20, 2);
     Put(out, header.flags, 2);
-    Put(out, header.method, 2);
+    Put(out, entry.localMethod.value_or(header.method), 2);
     Put(out, 0, 2);       // time
     Put(out, 0x0021, 2);  // date: 1980-01-01
-    Put(out, later ? 0 : header.crc, 4);
-    Put(out, later ? 0 : Clip(header.compressedSize, entry.zip64), 4);
-    Put(out, later ? 0 : Clip(header.size, entry.zip64), 4);
+    Put(out, entry.localCrc.value_or(later ? 0 : header.crc), 4);
+    Put(out, compressedSize, 4);
+    Put(out, size, 4);
     Put(out, name.size(), 2);
     Put(out, extra.size(), 2);
     out += name + extra;
@@ -93,7 +103,7 @@ void PutDirectoryHeader(std::string& out, const ZipEntry& entry, const Header& h
     Put(out, entry.comment.size(), 2);
     Put(out, entry.disk, 2);
     Put(out, 0, 2);  // internal attributes
-    Put(out, 0, 4);  // external attributes
+    Put(out, entry.attributes, 4);
     Put(out, Clip(header.offset, entry.zip64), 4);
     out += entry.name + extra + entry.comment;
 }
@@ -125,9 +135,11 @@ std::string ZipFile::Bytes() const {
         if (entry.dataDescriptor)
             header.flags = static_cast<std::uint16_t>(header.flags | kDescriptorFlag);
 
-        PutLocal(body, entry, header);
-        body += data;
-        if (entry.dataDescriptor) PutDescriptor(body, entry, header);
+        if (!entry.directoryOnly) {
+            PutLocal(body, entry, header);
+            body += data;
+            if (entry.dataDescriptor) PutDescriptor(body, entry, header);
+        }
         PutDirectoryHeader(directory, entry, header);
     }
 
@@ -148,19 +160,19 @@ std::string ZipFile::Bytes() const {
         Put(end, count, 8);
         Put(end, size, 8);
         Put(end, offset, 8);
+        end += gap64;
         Put(end, kEnd64Locator, 4);
         Put(end, disk, 4);
-        Put(end, end64At, 8);
+        Put(end, end64Position.value_or(end64At), 8);
         Put(end, 1, 4);
     }
     Put(end, kEnd, 4);
     Put(end, disk, 2);
     Put(end, disk, 2);
-    Put(end, only64 ? 0xFFFF : count, 2);
-    Put(end, only64 ? 0xFFFF : count, 2);
-    Put(end, Clip(size, only64), 4);
-    Put(end, Clip(offset, only64), 4);
-    Put(end, comment.size(), 2);
+    for (int i = 0; i < 2; ++i) Put(end, plainCount.value_or(only64 ? 0xFFFF : count), 2);
+    Put(end, plainSize.value_or(Clip(size, only64)), 4);
+    Put(end, plainOffset.value_or(Clip(offset, only64)), 4);
+    Put(end, commentSize.value_or(comment.size()), 2);
     return prefix + body + directory + end + comment + suffix;
 }
 

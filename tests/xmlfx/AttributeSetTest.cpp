@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/xmlfx/SetText.h"
+#include "tests/xmlfx/SetWithoutRtti.h"
 #include "vexpa/xmlfx/LeafXmlRoAttrImpl.h"
 #include "vexpa/xmlfx/NullXmlRoAttrImpl.h"
 #include "vexpa/xmlfx/XmlRoAttrDecorator.h"
@@ -277,6 +278,59 @@ TEST(Decorator, OverAResetDecoratorShowsItsOwn) {
     middle->Reset();
     EXPECT_EQ(PairsOf(*outer), (Pairs{{2, u"b"}}));
     EXPECT_EQ(outer->Find(1), nullptr);
+}
+
+TEST(Decorator, TakesASetThatWasCompiledWithoutRtti) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer asks every object for its type";
+#endif
+    const Handle<XmlRoAttr> inner(vexpa_test::NewSetWithoutRtti(5));
+    const Handle<XmlRoAttrDecorator> set = Over(*inner);
+    set->AddAttribute(6, NewLeaf(u"own"));
+    EXPECT_EQ(PairsOf(*set), (Pairs{{5, u"caller's"}, {6, u"own"}}));
+    EXPECT_EQ(set->Find(5), inner.Get());
+    EXPECT_EQ(ValueOf(*set), u"caller's");
+}
+
+// A caller's set with three attributes that answers by position and token.
+class CallersSet : public ShallowCloneableImpl<XmlRoAttr> {
+public:
+    std::uint32_t GetCount() const override { return 3; }
+    XmlRoAttr* GetAt(std::uint32_t index, std::uint32_t* token) const override {
+        if (token != nullptr) *token = index;
+        return index < 3 ? value_.Get() : nullptr;
+    }
+    XmlRoAttr* Find(std::uint32_t token) const override { return GetAt(token, nullptr); }
+
+private:
+    Handle<XmlRoAttr> value_{NewLeaf(u"caller's")};
+};
+
+TEST(Decorator, TakesASetOfTheCallersOwnMaking) {
+    const Handle<XmlRoAttr> inner(new CallersSet);
+    const Handle<XmlRoAttrDecorator> middle = Over(*inner);
+    middle->AddAttribute(7, NewLeaf(u"middle"));
+    const Handle<XmlRoAttrDecorator> set = Over(*middle);
+    set->AddAttribute(2, NewLeaf(u"own"));
+    EXPECT_EQ(
+        PairsOf(*set),
+        (Pairs{{0, u"caller's"}, {1, u"caller's"}, {2, u"caller's"}, {7, u"middle"}, {2, u"own"}}));
+    EXPECT_EQ(set->Find(2), inner->Find(2));
+    EXPECT_EQ(set->Find(7), middle->Find(7));
+}
+
+// A caller's set that is never shared.
+class UnsharedSet final : public CallersSet {
+public:
+    Handle<Object> ShallowClone() override { return {}; }
+};
+
+TEST(Decorator, OverASetThatCannotBeSharedShowsItsOwn) {
+    const Handle<XmlRoAttr> inner(new UnsharedSet);
+    const Handle<XmlRoAttrDecorator> set = Over(*inner);
+    set->AddAttribute(1, NewLeaf(u"own"));
+    EXPECT_EQ(PairsOf(*set), (Pairs{{1, u"own"}}));
+    EXPECT_EQ(set->Find(0), nullptr);
 }
 
 // The next four would overflow the stack if sets ended, or asked, each other in turn.

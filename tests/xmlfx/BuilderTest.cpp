@@ -8,6 +8,7 @@
 #include "tests/xmlfx/AttributeList.h"
 #include "tests/xmlfx/RegistryFixture.h"
 #include "tests/xmlfx/SetText.h"
+#include "vexpa/base/ShallowCloneableImpl.h"
 #include "vexpa/xmlfx/NullXmlRoAttrImpl.h"
 #include "vexpa/xmlfx/Transform.h"
 #include "vexpa/xmlfx/XmlAttrBuilder.h"
@@ -162,6 +163,23 @@ TEST_F(Builder, AddsAChildThatItSharesWithItsGiver) {
     collector_.elements.clear();
     builder_.Reset();
     EXPECT_EQ(child->GetCount(), 1U);
+}
+
+class UnsharedSet final : public tarn::ShallowCloneableImpl<XmlRoAttr> {
+public:
+    Handle<tarn::Object> ShallowClone() override { return {}; }
+    std::uint32_t GetCount() const override { return 0; }
+    XmlRoAttr* GetAt(std::uint32_t, std::uint32_t*) const override { return nullptr; }
+    XmlRoAttr* Find(std::uint32_t) const override { return nullptr; }
+};
+
+TEST_F(Builder, AddsNoChildThatCannotBeShared) {
+    const Handle<XmlRoAttr> child(new UnsharedSet);
+    Start(*builder_);
+    builder_->AddChild(7, child.Get());
+    builder_->Characters(Units(u"text"));
+    builder_->EndElement(6);
+    EXPECT_EQ(PairsOf(*collector_.elements[0].second), (Pairs{{kTextToken, u"text"}}));
 }
 
 TEST_F(Builder, ResetEmptiesTheSetButForItsValueString) {

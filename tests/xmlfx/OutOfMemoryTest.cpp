@@ -8,6 +8,7 @@
 #include "tests/xmlfx/RegistryFixture.h"
 #include "tests/xmlfx/SetText.h"
 #include "vexpa/base/Lifecycle.h"
+#include "vexpa/xmlfx/RegisterNamespaces.h"
 #include "vexpa/xmlfx/Transform.h"
 #include "vexpa/xmlfx/XmlAttrBuilder.h"
 #include "vexpa/xmlfx/XmlMapper.h"
@@ -64,6 +65,20 @@ TEST(OutOfMemory, WhileFillingKeepsWhatIsThere) {
                            XmlMapper::GetNSMapInverse().clear();
                        });
     EXPECT_GE(most, 40U);
+    _vexpa_Terminate();
+}
+
+TEST(OutOfMemory, WhileFillingDoesNotFillAMapThatHoldsSomethingElseSince) {
+    FailEachAllocation([] { _vexpa_Initialize(); },
+                       [] {
+                           XmlMapper::GetNSMap().clear();
+                           XmlMapper::GetNSMapInverse().clear();
+                           XmlMapper::GetNSMap()[u"urn:test"];
+                           tarn::xmlfx::RegisterNamespaces();
+                           ASSERT_EQ(XmlMapper::GetNSMap().size(), 1U);
+                           ASSERT_TRUE(XmlMapper::GetNSMapInverse().empty());
+                           XmlMapper::GetNSMap().clear();
+                       });
     _vexpa_Terminate();
 }
 

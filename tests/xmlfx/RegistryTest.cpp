@@ -178,6 +178,13 @@ TEST_F(Registry, AListGoesUnderTheNamespaceOfItsFirstToken) {
     EXPECT_EQ(XmlMapper::GetNSMapInverse().find(0x00990000)->second.count(0x00980002), 1U);
 }
 
+TEST_F(Registry, AnEmptyListMakesTheUriKnownAndNoMore) {
+    RegisterNamespace(u"urn:test", nullptr, 0);
+    EXPECT_TRUE(XmlMapper::GetNSMap().find(u"urn:test")->second.empty());
+    EXPECT_EQ(XmlMapper::GetNSMap().size(), 42U);
+    EXPECT_EQ(XmlMapper::GetNSMapInverse().size(), 43U);
+}
+
 TEST(RegistryBeforeInitialize, MapsAreEmptyAndOne) {
     EXPECT_TRUE(XmlMapper::GetNSMap().empty());
     EXPECT_TRUE(XmlMapper::GetNSMapInverse().empty());

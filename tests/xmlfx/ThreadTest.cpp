@@ -1,12 +1,10 @@
 // For ThreadSanitizer: what several threads may do at once.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <latch>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "tests/support/EightThreads.h"
 #include "tests/xmlfx/AttributeList.h"
 #include "tests/xmlfx/RegistryFixture.h"
 #include "tests/xmlfx/SetText.h"
@@ -24,25 +22,12 @@ using tarn::xmlfx::XmlAttrCallback;
 using tarn::xmlfx::XmlMapper;
 using tarn::xmlfx::XmlRoAttr;
 using vexpa_test::AttributeList;
+using vexpa_test::kThreads;
+using vexpa_test::OnEightThreads;
 using vexpa_test::TestAttribute;
 using vexpa_test::Units;
 
 constexpr char16_t kWordprocessing[] = u"http://schemas.openxmlformats.org/wordprocessingml/2006/main";
-constexpr unsigned kThreads = 8;
-
-// Runs `action` on eight threads that begin together.
-void OnEightThreads(const std::function<void(unsigned)>& action) {
-    std::latch start(kThreads);
-    std::vector<std::thread> threads;
-    for (unsigned i = 0; i < kThreads; ++i) {
-        threads.emplace_back([&, i] {
-            start.arrive_and_wait();
-            action(i);
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-}
-
 TEST(FirstUseOfTheMaps, GivesEightThreadsTheSameMaps) {
     const void* forward[kThreads];
     const void* inverse[kThreads];

@@ -120,6 +120,18 @@ TEST_F(ExtractEntry, TellsTheShortRecordLength) {
     EXPECT_EQ(platform.CallbacksLength(), 24u);
 }
 
+TEST_F(ExtractEntry, AnswersAMessageAndShowsNothing) {
+    zip_.Add("a", "a");
+    const ScratchFile file(zip_.Bytes());
+    FaultRuntime platform;
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    Extract(file, u"a", result_);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(platform.MessageAnswer(), 0);
+}
+
 TEST_F(ExtractEntry, IsDoneAfreshEachTime) {
     zip_.Add("a", "old");
     const ScratchFile file(zip_.Bytes());

@@ -115,7 +115,7 @@ private:
     static void XMLCALL OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
                                  const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*) {
         Parser& parser = Self(self);
-        if (++parser.entities_ > vexpa_runtime::kMaxEntities) parser.Refuse("too many entities");
+        if (++parser.entities_ > vexpa_runtime::kMaxDeclarations) parser.Refuse("too many entities");
     }
 
     static void XMLCALL OnNamespace(void* self, const XML_Char*, const XML_Char* uri) {

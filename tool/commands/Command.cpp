@@ -13,6 +13,11 @@ std::vector<Command>& Registered() {
     return commands;
 }
 
+std::vector<HelpTopic>& RegisteredTopics() {
+    static std::vector<HelpTopic> topics;
+    return topics;
+}
+
 }  // namespace
 
 CommandRegistration::CommandRegistration(const Command& command) {
@@ -25,6 +30,18 @@ std::vector<Command> AllCommands() {
         return std::string_view(a.name) < std::string_view(b.name);
     });
     return commands;
+}
+
+HelpRegistration::HelpRegistration(HelpTopic topic) {
+    RegisteredTopics().push_back(topic);
+}
+
+std::string HelpOn(const std::string& word) {
+    for (const HelpTopic topic : RegisteredTopics()) {
+        std::string text = topic(word);
+        if (!text.empty()) return text;
+    }
+    return {};
 }
 
 }  // namespace vexpa_tool

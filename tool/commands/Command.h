@@ -6,6 +6,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "tool/ExitStatus.h"
@@ -32,6 +33,18 @@ public:
 
 // Every command, by name.
 std::vector<Command> AllCommands();
+
+// What `vexpa help WORD` prints about a word that is no command; empty for one it does not
+// know. Registered like a command.
+using HelpTopic = std::string (*)(const std::string& word);
+
+class HelpRegistration {
+public:
+    explicit HelpRegistration(HelpTopic topic);
+};
+
+// What the registered topics say about the word; empty when none knows it.
+std::string HelpOn(const std::string& word);
 
 }  // namespace vexpa_tool
 

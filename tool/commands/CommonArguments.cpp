@@ -19,7 +19,7 @@ void AddWhen(CLI::App& app, const std::string& name, When& when, const std::stri
         }
         throw CLI::ValidationError(name, "is auto, always or never");
     };
-    app.add_option_function<std::string>(name, take, use)->type_name("WHEN");
+    app.add_option_function<std::string>(name, take, use)->type_name("auto|always|never");
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ void AddFileOptions(CLI::App& app, FileOptions& options) {
     app.add_flag("-r,--recursive", options.files.recursive, "take the documents below a folder");
     app.add_option("-j,--jobs", options.jobs, "files to read at the same time; 0 for all processors")
         ->type_name("N");
-    AddWhen(app, "--progress", options.progress, "show how far it is: auto, always or never");
+    AddWhen(app, "--progress", options.progress, "show how far it is");
     AddJson(app, options.json);
 }
 
@@ -53,7 +53,7 @@ CLI::Option* AddJson(CLI::App& app, bool& json) {
 }
 
 void AddAppearance(CLI::App& app, AppearanceOptions& options) {
-    AddWhen(app, "--color", options.colour, "use colours: auto, always or never");
+    AddWhen(app, "--color", options.colour, "use colours");
     app.add_flag("--ascii", options.asciiOnly, "escape whatever is beyond ASCII");
 }
 

@@ -130,13 +130,11 @@ std::string TargetsText(const RelationshipDifference& one) {
 void WriteXmlDifference(const std::string& difference, Output& out) {
     if (difference.empty()) return out.WriteLine("    only white space between tags");
     for (std::string_view rest = difference; !rest.empty();) {
-        const std::string_view line = rest.substr(0, rest.find('\n'));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-        const QString text = QString::fromUtf8(line.data(), static_cast<int>(line.size()));
+        const std::string_view line = TakeLine(rest);
         const Ink ink = line.starts_with('+')   ? Ink::Good
                         : line.starts_with('-') ? Ink::Bad
                                                 : Ink::Plain;
-        out.WriteLine("    " + Inked(ink, Printable(text.toStdU16String())));
+        out.WriteLine("    " + Inked(ink, PrintableLine(line)));
     }
 }
 

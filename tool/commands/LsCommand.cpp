@@ -179,8 +179,8 @@ CommandRun Declare(CLI::App& app) {
     AddFiles(app, arguments->options);
     CLI::Option* isLong =
         app.add_flag("-l,--long", arguments->isLong, "show all that the directory says of an entry");
-    app.add_option("--sort", arguments->sort, "order by name, size, ratio or offset")
-        ->type_name("KEY")
+    app.add_option("--sort", arguments->sort, "another order than the directory's")
+        ->type_name("name|size|ratio|offset")
         ->check([](const std::string& key) {
             const bool isKnown = key == "name" || key == "size" || key == "ratio" || key == "offset";
             return isKnown ? std::string() : "is name, size, ratio or offset";

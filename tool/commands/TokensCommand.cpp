@@ -1,19 +1,14 @@
 // vexpa tokens: the tokens of a part's names, and what the vocabulary knows.
 
-#include <algorithm>
 #include <memory>
 #include <set>
 #include <string>
 
 #include "tool/commands/Command.h"
 #include "tool/commands/CommonArguments.h"
+#include "tool/commands/TokensOfPart.h"
 #include "tool/model/NameLookup.h"
 #include "tool/model/NamespacePrefixes.h"
-#include "tool/model/OpenPackage.h"
-#include "tool/model/PartArgument.h"
-#include "tool/model/PartReader.h"
-#include "tool/model/PartTokens.h"
-#include "tool/model/XmlElements.h"
 #include "tool/text/JsonText.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
@@ -24,87 +19,14 @@ namespace vexpa_tool {
 
 namespace {
 
-constexpr std::uint64_t kIndentedLevels = 16;
-constexpr std::size_t kNameColumn = 40;
-constexpr std::size_t kTokenColumn = 10;
-
 struct Arguments {
     std::string fileOrName;
     std::string part;
     bool hasPart = false;
     bool namespaces = false;
     bool json = false;
+    bool annotate = false;
 };
-
-// One line, written as it comes: a part may have millions.
-void WriteName(const std::string& lead, std::u16string_view uri, const std::u16string& name,
-               std::uint32_t token) {
-    std::u16string qualified(uri.empty() ? std::u16string_view() : PrefixOf(uri, token));
-    if (!qualified.empty()) qualified += u':';
-    const bool hasToken = token != tarn::xmlfx::kNullToken;
-    StandardOutput().WriteLine(Padded(hasToken ? TokenText(token) : "-", kTokenColumn) + "  " +
-                               Padded(lead + Printable(qualified + name), kNameColumn) + "  " +
-                               PrintableOrQuotes(uri));
-}
-
-void WriteElement(const XmlElement& element, const ElementTokens& tokens) {
-    const std::string indent(2 * std::min(element.depth, kIndentedLevels), ' ');
-    WriteName(indent, element.uri, element.name, tokens.element);
-    for (std::size_t i = 0; i < element.attributes.size(); ++i) {
-        const XmlAttribute& attribute = element.attributes[i];
-        WriteName(indent + "  @", attribute.uri, attribute.name, tokens.attributes[i]);
-    }
-}
-
-void WriteElementJson(const XmlElement& element, const ElementTokens& tokens) {
-    Json attributes = Json::array();
-    for (std::size_t i = 0; i < element.attributes.size(); ++i) {
-        const XmlAttribute& attribute = element.attributes[i];
-        attributes.push_back({{"uri", ToUtf8(attribute.uri)},
-                              {"name", ToUtf8(attribute.name)},
-                              {"token", tokens.attributes[i]},
-                              {"value", ToUtf8(attribute.value)}});
-    }
-    StandardOutput().WriteLine(JsonLine({{"depth", element.depth},
-                                         {"uri", ToUtf8(element.uri)},
-                                         {"name", ToUtf8(element.name)},
-                                         {"token", tokens.element},
-                                         {"attributes", std::move(attributes)}}));
-}
-
-// Throws an XmlError; false when the part cannot be extracted.
-bool ReadElements(const InputFile& file, tarn::opc::Part& part, const ElementSink& sink) {
-    XmlElements elements(sink);
-    const auto feed = [&](const char* bytes, std::size_t size) { elements.Feed({bytes, size}); };
-    if (!PartReader(file).Read(part, feed)) return false;
-    elements.Finish();
-    return true;
-}
-
-void ShowPart(const Arguments& arguments) {
-    const InputFile file = TheFile(arguments.fileOrName);
-    const auto package = OpenPackage(file);
-    tarn::opc::Part& part = FindPart(*package, file, arguments.part);
-    const Vocabulary vocabulary;
-    TokenTotals totals(vocabulary);
-    const auto show = [&](const XmlElement& element) {
-        const ElementTokens tokens = TokensOf(vocabulary, element);
-        totals.Count(element, tokens);
-        (arguments.json ? WriteElementJson : WriteElement)(element, tokens);
-    };
-    const auto partError = [&](const std::string& what) {
-        return PartError(kReadOrWriteError, file, arguments.part, what);
-    };
-    try {
-        if (!ReadElements(file, part, show))
-            throw partError("cannot be extracted: damaged or encrypted");
-    } catch (const XmlError& error) {
-        FlushOutput();
-        throw partError(error.what());
-    }
-    FlushOutput();
-    WriteNote(totals.Text());
-}
 
 void ShowNames(const Arguments& arguments) {
     const std::u16string text = FromLocal(arguments.fileOrName);
@@ -178,14 +100,22 @@ CommandRun Declare(CLI::App& app) {
         app.add_flag("--namespaces", arguments->namespaces, "list the namespaces");
     app.add_flag("--json", arguments->json, "a JSON object a line; for a part, one an element");
     namespaces->excludes(first);
+    app.add_flag("--annotate", arguments->annotate,
+                 "write the part as XML, each name followed by its {namespace:index}")
+        ->needs(part);
     return [arguments, first, part] {
         arguments->hasPart = part->count() != 0;
         const bool isAsked = arguments->namespaces || first->count() != 0;
         if (!isAsked) throw CLI::RequiredError("FILE and PART, a name or --namespaces");
-        const auto show = arguments->namespaces ? ShowNamespaces
-                          : arguments->hasPart  ? ShowPart
-                                                : ShowNames;
-        show(*arguments);
+        if (arguments->namespaces) {
+            ShowNamespaces(*arguments);
+        } else if (arguments->hasPart) {
+            const InputFile file = TheFile(arguments->fileOrName);
+            arguments->annotate ? AnnotatePart(file, arguments->part)
+                                : ShowTokensOfPart(file, arguments->part, arguments->json);
+        } else {
+            ShowNames(*arguments);
+        }
         return kDone;
     };
 }

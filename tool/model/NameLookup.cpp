@@ -31,7 +31,11 @@ Names LookUpToken(const Vocabulary& vocabulary, std::u16string_view text) {
         token = token * 16 + static_cast<std::uint32_t>(HexDigit(unit));
     const tarn::xmlfx::NameInfo* name = vocabulary.FindName(token);
     if (name == nullptr) return {};
-    return {{token, name->uri, name->name}};
+    Names names = {{token, name->uri, name->name}};
+    for (const auto& [uri, other] : vocabulary.NamesOf(token)) {
+        if (uri != name->uri || other != name->name) names.push_back({token, uri, other});
+    }
+    return names;
 }
 
 Names LookUpEverywhere(const Vocabulary& vocabulary, std::u16string_view name) {

@@ -18,7 +18,8 @@ struct VocabularyName {
 };
 
 // What `name` stands for: "w:val" with the usual prefix, "{uri}val", "val" in every
-// namespace that has it, in the order of the namespaces; "0x00010001" is a token. Empty when
+// namespace that has it, in the order of the namespaces; "0x00010001" is a token: the name that
+// it leads back to, and then those that share it on the way there. Empty when
 // the library does not know it. The answer refers to `name`.
 std::vector<VocabularyName> LookUp(const Vocabulary& vocabulary, std::u16string_view name);
 

@@ -1,5 +1,6 @@
 #include "tool/model/PartTokens.h"
 
+#include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/Transform.h"
 
@@ -9,6 +10,8 @@ using namespace tarn::xmlfx;
 using tarn::ToUnits;
 
 namespace {
+
+constexpr std::size_t kMostLines = 20;  // of each kind
 
 // Hands the attributes to the library.
 class AttributeList final : public Attributes {
@@ -82,6 +85,20 @@ std::string TokenTotals::Text() const {
            ", with a token: " + std::to_string(withToken_) +
            ", unknown namespaces: " + std::to_string(unknownNamespaces_.size()) +
            ", unknown names: " + std::to_string(unknownNames_.size());
+}
+
+std::vector<std::string> TokenTotals::UnknownLines() const {
+    std::vector<std::string> lines;
+    for (const std::u16string& uri : unknownNamespaces_) {
+        if (lines.size() == kMostLines) break;
+        lines.push_back("unknown namespace: " + PrintableOrQuotes(uri));
+    }
+    const std::size_t most = lines.size() + kMostLines;
+    for (const auto& [uri, name] : unknownNames_) {
+        if (lines.size() == most) break;
+        lines.push_back("unknown name: {" + Printable(uri) + "}" + Printable(name));
+    }
+    return lines;
 }
 
 }  // namespace vexpa_tool

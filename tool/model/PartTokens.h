@@ -36,6 +36,9 @@ public:
     // the last two count what differs, and the names only within known namespaces.
     std::string Text() const;
 
+    // The first of the unknown, a line each.
+    std::vector<std::string> UnknownLines() const;
+
 private:
     void CountName(const std::u16string& uri, const std::u16string& name, std::uint32_t token);
 

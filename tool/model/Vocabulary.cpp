@@ -1,5 +1,7 @@
 #include "tool/model/Vocabulary.h"
 
+#include <algorithm>
+
 #include "vexpa/base/Lifecycle.h"
 
 namespace vexpa_tool {
@@ -29,6 +31,18 @@ std::optional<std::uint32_t> Vocabulary::FindToken(std::u16string_view uri,
     const auto token = names->second.find(name);
     if (token == names->second.end()) return std::nullopt;
     return token->second;
+}
+
+std::vector<std::pair<std::u16string_view, std::u16string_view>> Vocabulary::NamesOf(
+    std::uint32_t token) const {
+    std::vector<std::pair<std::u16string_view, std::u16string_view>> found;
+    for (const auto& [uri, names] : XmlMapper::GetNSMap()) {
+        for (const auto& [name, one] : names) {
+            if (one == token) found.emplace_back(uri, name);
+        }
+    }
+    std::sort(found.begin(), found.end());
+    return found;
 }
 
 const NameInfo* Vocabulary::FindName(std::uint32_t token) const {

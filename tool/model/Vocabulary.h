@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "vexpa/xmlfx/XmlMapper.h"
 
@@ -22,6 +24,9 @@ public:
     std::size_t CountNames(std::u16string_view uri) const;
 
     std::optional<std::uint32_t> FindToken(std::u16string_view uri, std::u16string_view name) const;
+
+    // Every namespace and name that this token is given to.
+    std::vector<std::pair<std::u16string_view, std::u16string_view>> NamesOf(std::uint32_t token) const;
 
     // [borrowed] What a token stands for, or null.
     const tarn::xmlfx::NameInfo* FindName(std::uint32_t token) const;

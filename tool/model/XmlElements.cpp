@@ -102,6 +102,9 @@ private:
     void Report(std::string_view name, const XML_Char** attributes) {
         XmlElement element;
         element.depth = depth_++;
+        element.begin = static_cast<std::uint64_t>(XML_GetCurrentByteIndex(parser_.get()));
+        element.end =
+            element.begin + static_cast<std::uint64_t>(XML_GetCurrentByteCount(parser_.get()));
         SplitName(name, element.uri, element.name);
         for (; *attributes != nullptr; attributes += 2) {
             XmlAttribute& attribute = element.attributes.emplace_back();

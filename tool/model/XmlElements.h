@@ -20,6 +20,8 @@ struct XmlAttribute {
 
 struct XmlElement {
     std::uint64_t depth = 0;  // 0 for the root
+    std::uint64_t begin = 0;  // of its start tag, in the bytes of the document
+    std::uint64_t end = 0;
     std::u16string uri;
     std::u16string name;
     std::vector<XmlAttribute> attributes;  // in document order; declarations of prefixes are none

@@ -1,5 +1,6 @@
 #include "tool/text/Unicode.h"
 
+#include <QString>
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -126,6 +127,25 @@ bool IsUnsafeToPrint(char32_t character) {
     if (character == 0x061C || character == 0x200E || character == 0x200F) return true;
     if (IsBetween(0x2028, character, 0x202E) || IsBetween(0x2066, character, 0x2069)) return true;
     return IsBetween(0xFDD0, character, 0xFDEF) || (character & 0xFFFE) == 0xFFFE;
+}
+
+std::string_view TakeLine(std::string_view& text) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
+std::string PrintableLine(std::string_view bytes) {
+    const std::u16string text =
+        QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())).toStdU16String();
+    std::string printable;
+    for (std::u16string_view rest = text;;) {
+        const std::size_t tab = rest.find(u'\t');
+        printable += Printable(rest.substr(0, tab));
+        if (tab == std::u16string_view::npos) return printable;
+        printable += '\t';
+        rest.remove_prefix(tab + 1);
+    }
 }
 
 void EscapeBeyondAscii(bool escape) {

@@ -31,6 +31,12 @@ bool IsUnsafeToPrint(char32_t character);
 // UTF-8 for people: what is unsafe to print stands as \x1b, \u202e or \U0001fffe.
 std::string Printable(std::u16string_view text);
 
+// Takes the first line off `text`, which is not empty, and its line feed with it.
+std::string_view TakeLine(std::string_view& text);
+
+// A line of document text in UTF-8 or not: tabs stay, bytes that are no text become U+FFFD.
+std::string PrintableLine(std::string_view bytes);
+
 // From now on, or no longer, what is beyond ASCII is escaped as well. Before there are threads.
 void EscapeBeyondAscii(bool escape);
 

@@ -37,16 +37,16 @@ void ContentTypes::Read(IDomDocument& document) {
                 });
 }
 
-std::u16string ContentTypes::Find(std::u16string_view key) const {
+const char16_t* ContentTypes::Find(std::u16string_view key) const {
     const auto override = overrideContentTypes.find(key);
-    if (override != overrideContentTypes.end()) return override->second;
+    if (override != overrideContentTypes.end()) return override->second.c_str();
 
     // Kept: a name without a dot is its own extension. (ContentTypes.ANameWithoutADotIsItsOwnExtension)
     std::u16string_view extension = key;
     const std::size_t dot = extension.rfind(u'.');
     if (dot != std::u16string_view::npos) extension.remove_prefix(dot + 1);
     const auto byExtension = defaultContentTypes.find(extension);
-    return byExtension == defaultContentTypes.end() ? std::u16string() : byExtension->second;
+    return byExtension == defaultContentTypes.end() ? u"" : byExtension->second.c_str();
 }
 
 }  // namespace tarn::opc

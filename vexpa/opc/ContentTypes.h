@@ -33,8 +33,9 @@ struct ContentTypes {
     // lacks an attribute is skipped.
     void Read(IDomDocument& document);
 
-    // The content type of a part by its key; empty when the package states none.
-    std::u16string Find(std::u16string_view key) const;
+    // [borrowed] The content type of a part by its key; empty when the package states none. It is
+    // as long as the package likes, so parts do not have copies of it.
+    const char16_t* Find(std::u16string_view key) const;
 };
 
 }  // namespace tarn::opc

@@ -5,7 +5,7 @@
 
 namespace tarn::opc {
 
-PackageImpl::PackageImpl() = default;
+PackageImpl::PackageImpl(RelationshipAllowance allowance) : allowance_(allowance) {}
 
 PackageImpl::~PackageImpl() {
     PackageImpl::Close();

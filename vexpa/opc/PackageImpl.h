@@ -13,6 +13,7 @@
 #include "vexpa/opc/ContentTypes.h"
 #include "vexpa/opc/Package.h"
 #include "vexpa/opc/PartImpl.h"
+#include "vexpa/opc/RelationshipAllowance.h"
 #include "vexpa/opc/RelationshipIndex.h"
 #include "vexpa/zip/UnZipArchive.h"
 
@@ -20,7 +21,7 @@ namespace tarn::opc {
 
 class PackageImpl : public Package, Noncopyable {
 public:
-    PackageImpl();
+    explicit PackageImpl(RelationshipAllowance allowance = RelationshipAllowance());
     ~PackageImpl() override;
 
     // The steps of opening, in this order and once; each result is negative on failure.
@@ -50,6 +51,7 @@ private:
 
     lumo::Compression::Zip::UnZipArchive archive_;
     OwnedObjects ownedObjects_;  // relationships that their Id map refused
+    RelationshipAllowance allowance_;
     // By key, where the part stands in parts_. Close empties only the list, so that an index
     // beyond its end is one of a closed package.
     std::map<std::u16string, std::size_t, std::less<>> partsByName_;

@@ -61,10 +61,13 @@ HRESULT PackageImpl::ReadPackageRelationships() {
 
     // Kept: each relationship overwrites the result, so the last one alone decides whether
     // the package opens. (PackageOpen.TheLastRelationshipDecides)
-    ReadRelationships(*document.Get(), {}, [&](std::unique_ptr<Relationship> relationship) {
+    ReadRelationships(*document.Get(), {}, [&](std::unique_ptr<RelationshipImpl> relationship) {
+        result = E_FAIL;
+        if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         const Relationship& filed = *relationship;
         relationships_.File(std::move(relationship), ownedObjects_);
-        result = GetPart(filed.GetTarget()) != nullptr ? S_OK : E_FAIL;
+        if (GetPart(filed.GetTarget()) != nullptr) result = S_OK;
+        return true;
     });
     return result;
 }

@@ -11,12 +11,9 @@ namespace tarn::opc {
 
 namespace zip = lumo::Compression::Zip;
 
-PartImpl::PartImpl(const PartUri& name, std::u16string entryName, std::u16string contentType,
+PartImpl::PartImpl(const PartUri& name, std::u16string entryName, const char16_t* contentType,
                    zip::UnZipArchive* archive)
-    : name_(name),
-      entryName_(std::move(entryName)),
-      contentType_(std::move(contentType)),
-      archive_(archive) {}
+    : name_(name), entryName_(std::move(entryName)), contentType_(contentType), archive_(archive) {}
 
 PartImpl::~PartImpl() {
     PartImpl::Close();
@@ -34,7 +31,7 @@ void PartImpl::Close() {
 }
 
 const unsigned short* PartImpl::GetContentType() const {
-    return ToUnits(contentType_.c_str());
+    return ToUnits(contentType_);
 }
 
 Relationship* PartImpl::GetRelationshipById(const unsigned short* id) {

@@ -17,8 +17,9 @@ namespace tarn::opc {
 
 class PartImpl : public Part, Noncopyable {
 public:
-    // `archive` is the package's and may be null: a part without one has no data.
-    PartImpl(const PartUri& name, std::u16string entryName, std::u16string contentType,
+    // `contentType` and `archive` are the package's. The archive may be null: a part without
+    // one has no data.
+    PartImpl(const PartUri& name, std::u16string entryName, const char16_t* contentType,
              lumo::Compression::Zip::UnZipArchive* archive);
     ~PartImpl() override;
 
@@ -45,7 +46,7 @@ private:
 
     PartUri name_;
     std::u16string entryName_;
-    std::u16string contentType_;
+    const char16_t* contentType_;
     RelationshipIndex relationships_;
     lumo::Compression::Zip::UnZipArchive* archive_;
     PartData data_{};

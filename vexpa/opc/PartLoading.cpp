@@ -41,22 +41,26 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) 
 // cost the caller the part itself.
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
-    const std::u16string entryName = EntryName(RelationshipEntryName(source));
-    if (entryName.empty()) return;
+    const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
+    if (entryName.empty() || allowance_.IsUsedUp()) return;
 
     HGBL block = nullptr;
+    std::size_t size = 0;
     if (Failed(ExtractEntryToBlock(*archive_.GetImpl(), entryName.c_str(),
-                                   zip::OnBlockFailure::LoseBytes, &block))) {
+                                   zip::OnBlockFailure::LoseBytes, &block, &size))) {
         return;
     }
     ComPtr<IStream> stream;
     if (Failed(_XCreateStreamOnHGBL(block, zip::kFreeBlockOnRelease, stream.Out()))) return;
+    if (!allowance_.TakeText(size)) return;
 
     ComPtr<IDomDocument> document;
     ParseDocument(stream.Get(), document.Out());
     if (!document) return;
-    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<Relationship> relationship) {
+    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<RelationshipImpl> relationship) {
+        if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         part.Relationships().File(std::move(relationship), ownedObjects_);
+        return true;
     });
 }
 

@@ -15,9 +15,10 @@ inline std::u16string_view PartNameKey(std::u16string_view name) {
     return name;
 }
 
-// The key as the archive's entries are spelled, with slashes.
-inline std::u16string EntryName(std::u16string_view name) {
-    std::u16string entry(PartNameKey(name));
+// A key as the archive's entries are spelled, with slashes. A separator that the key begins
+// with is the entry's own.
+inline std::u16string EntryName(std::u16string_view key) {
+    std::u16string entry(key);
     std::replace(entry.begin(), entry.end(), u'\\', u'/');
     return entry;
 }

@@ -8,19 +8,45 @@
 
 namespace tarn::opc {
 
+namespace {
+
+// The name of the part that `target` leads to from `source`, or null when it is `target` itself.
+std::unique_ptr<const PartUri> Resolved(const RelationshipSource& source, const PartUri& target) {
+    if (source.uri.name.empty()) return nullptr;
+    const std::u16string name = ResolveTargetFrom(source.directory, target.name);
+    return name == target.name ? nullptr : std::make_unique<const PartUri>(name.c_str());
+}
+
+// The components together have at most the units of the name that they are cut from.
+std::size_t UnitsOf(const PartUri& uri) {
+    return 2 * uri.name.size();
+}
+
+}  // namespace
+
 RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
                                    const char16_t* target, const char16_t* targetMode)
-    : RelationshipImpl(id, type, std::make_shared<const PartUri>(source), target, targetMode) {}
+    : RelationshipImpl(id, type, std::make_shared<const RelationshipSource>(source), target,
+                       targetMode) {}
 
 RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type,
-                                   std::shared_ptr<const PartUri> source, const char16_t* target,
-                                   const char16_t* targetMode)
+                                   std::shared_ptr<const RelationshipSource> source,
+                                   const char16_t* target, const char16_t* targetMode)
     : targetMode_(ParseTargetMode(targetMode)),
       id_(CopyText(id)),
       type_(CopyText(type)),
       source_(std::move(source)),
       target_(target),
-      resolvedTarget_(ResolveTarget(source_->name, target_.name).c_str()) {}
+      resolvedTarget_(Resolved(*source_, target_)) {}
+
+std::size_t RelationshipImpl::MemoryUse() const noexcept {
+    constexpr std::size_t kPlaces = 256;  // nodes of two maps, and what the allocator adds
+    const bool isResolved = resolvedTarget_ != nullptr;
+    // Id and type are keys besides.
+    const std::size_t units = 2 * id_.size() + 2 * type_.size() + UnitsOf(target_) +
+                              (isResolved ? UnitsOf(*resolvedTarget_) : 0);
+    return sizeof *this + kPlaces + (isResolved ? sizeof(PartUri) : 0) + units * sizeof(char16_t);
+}
 
 void RelationshipImpl::Release() {
     DeleteIfExists(this);

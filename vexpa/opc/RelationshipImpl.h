@@ -2,10 +2,12 @@
 #ifndef VEXPA_OPC_RELATIONSHIPIMPL_H_
 #define VEXPA_OPC_RELATIONSHIPIMPL_H_
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
 #include "vexpa/opc/Relationship.h"
+#include "vexpa/opc/RelationshipSource.h"
 
 namespace tarn::opc {
 
@@ -15,17 +17,21 @@ public:
     RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
                      const char16_t* target, const char16_t* targetMode);
 
-    // The relationships of one stream share their source: its name may be thousands of units
-    // long, and a short element each is enough for a million relationships.
-    RelationshipImpl(const char16_t* id, const char16_t* type, std::shared_ptr<const PartUri> source,
-                     const char16_t* target, const char16_t* targetMode);
+    RelationshipImpl(const char16_t* id, const char16_t* type,
+                     std::shared_ptr<const RelationshipSource> source, const char16_t* target,
+                     const char16_t* targetMode);
+
+    // About how many bytes it takes, with its places in the indexes.
+    std::size_t MemoryUse() const noexcept;
 
     void Release() override;
     const unsigned short* GetId() const override;
     RelationshipTypeId GetTypeId() const override;
     const unsigned short* GetType() const override;
-    const PartUri& GetResolvedTarget() const override { return resolvedTarget_; }
-    const PartUri& GetSource() const override { return *source_; }
+    const PartUri& GetResolvedTarget() const override {
+        return resolvedTarget_ == nullptr ? target_ : *resolvedTarget_;
+    }
+    const PartUri& GetSource() const override { return source_->uri; }
     TargetMode GetTargetMode() const override { return targetMode_; }
     const PartUri& GetTarget() const override { return target_; }
 
@@ -33,9 +39,10 @@ private:
     TargetMode targetMode_;
     std::u16string id_;
     std::u16string type_;
-    std::shared_ptr<const PartUri> source_;
+    std::shared_ptr<const RelationshipSource> source_;
     PartUri target_;
-    PartUri resolvedTarget_;
+    // Null where it is the target as written: that of the package, and every absolute URI.
+    std::unique_ptr<const PartUri> resolvedTarget_;
 };
 
 }  // namespace tarn::opc

@@ -1,7 +1,5 @@
 #include "vexpa/opc/RelationshipReader.h"
 
-#include "vexpa/opc/RelationshipImpl.h"
-
 namespace tarn::opc {
 
 namespace {
@@ -11,8 +9,8 @@ const char16_t* AttributeValue(IDomAttributes& attributes, const char16_t* name)
     return attribute == nullptr ? nullptr : attribute->GetValue();
 }
 
-std::unique_ptr<Relationship> MakeRelationship(IDomAttributes& attributes,
-                                               const std::shared_ptr<const PartUri>& source) {
+std::unique_ptr<RelationshipImpl> MakeRelationship(
+    IDomAttributes& attributes, const std::shared_ptr<const RelationshipSource>& source) {
     const char16_t* id = AttributeValue(attributes, u"Id");
     const char16_t* type = AttributeValue(attributes, u"Type");
     const char16_t* target = AttributeValue(attributes, u"Target");
@@ -24,13 +22,13 @@ std::unique_ptr<Relationship> MakeRelationship(IDomAttributes& attributes,
 
 void ReadRelationships(IDomDocument& document, const std::u16string& source,
                        const RelationshipSink& sink) {
-    const auto sharedSource = std::make_shared<const PartUri>(source.c_str());
+    const auto sharedSource = std::make_shared<const RelationshipSource>(source.c_str());
     // The list may be live, so its length is asked for again before every item.
     IDomNodeList* elements = document.GetElementsByTagName(u"Relationship");
     for (std::uint32_t i = 0; i < elements->GetLength(); ++i) {
         // An element without attributes is no relationship; those after it still count.
         IDomAttributes* attributes = elements->GetItem(i)->GetAttributes();
-        if (attributes != nullptr) sink(MakeRelationship(*attributes, sharedSource));
+        if (attributes != nullptr && !sink(MakeRelationship(*attributes, sharedSource))) return;
     }
 }
 

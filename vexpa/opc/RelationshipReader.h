@@ -7,14 +7,14 @@
 #include <string>
 
 #include "runtime/Runtime.h"
-#include "vexpa/opc/Relationship.h"
+#include "vexpa/opc/RelationshipImpl.h"
 
 namespace tarn::opc {
 
-using RelationshipSink = std::function<void(std::unique_ptr<Relationship>)>;
+using RelationshipSink = std::function<bool(std::unique_ptr<RelationshipImpl>)>;
 
-// Gives `sink` a relationship for each Relationship element, in document order; the
-// element's namespace and parents do not matter. A missing attribute is an empty text.
+// Gives `sink` a relationship for each Relationship element, in document order, until it answers
+// false; the element's namespace and parents do not matter. A missing attribute is an empty text.
 void ReadRelationships(IDomDocument& document, const std::u16string& source,
                        const RelationshipSink& sink);
 

@@ -26,22 +26,6 @@ bool IsAbsoluteUri(std::u16string_view target) {
     return colon < separator;  // npos, no separator, is after every colon
 }
 
-// The directory of a part name, without the separator at its end.
-class SourceDirectory {
-public:
-    explicit SourceDirectory(const std::u16string& source) {
-        // A directory that does not fit is left empty, so its targets resolve from the root.
-        u_splitpath_s(source.c_str(), nullptr, 0, units_, kDirectorySize, nullptr, 0, nullptr, 0);
-        length_ = u_strnlen_s(units_, kDirectorySize);
-        if (length_ != 0 && IsSeparator(units_[length_ - 1])) --length_;
-    }
-    std::u16string_view text() const { return {units_, length_}; }
-
-private:
-    char16_t units_[kDirectorySize] = {};
-    std::size_t length_;
-};
-
 struct StepsUp {
     std::size_t count = 0;
     std::size_t end = 0;  // right after the last of them
@@ -78,15 +62,14 @@ std::u16string_view Climb(std::u16string_view directory, std::size_t steps) {
     return directory;
 }
 
-std::u16string ResolveRelative(const std::u16string& source, std::u16string_view target) {
-    const SourceDirectory directory(source);
+std::u16string ResolveRelative(std::u16string_view directory, std::u16string_view target) {
     const StepsUp steps = CountStepsUp(target);
 
     std::u16string result;
     if (steps.count == 0) {
-        result.append(directory.text()).append(u"/").append(target);
+        result.append(directory).append(u"/").append(target);
     } else {
-        result.append(Climb(directory.text(), steps.count)).append(target.substr(steps.end));
+        result.append(Climb(directory, steps.count)).append(target.substr(steps.end));
     }
     if (!result.empty() && IsSeparator(result.front())) result.erase(0, 1);
     return result;
@@ -99,11 +82,23 @@ TargetMode ParseTargetMode(const char16_t* text) {
     return _Xu2_stricmp(text, u"external") == 0 ? TargetModeExternal : TargetModeInternal;
 }
 
+std::u16string SourceDirectory(const std::u16string& source) {
+    char16_t directory[kDirectorySize] = {};
+    // One that does not fit is left empty, so its targets resolve from the root.
+    u_splitpath_s(source.c_str(), nullptr, 0, directory, kDirectorySize, nullptr, 0, nullptr, 0);
+    std::size_t length = u_strnlen_s(directory, kDirectorySize);
+    if (length != 0 && IsSeparator(directory[length - 1])) --length;
+    return {directory, length};
+}
+
 std::u16string ResolveTarget(const std::u16string& source, const std::u16string& target) {
-    if (source.empty()) return target;
+    return source.empty() ? target : ResolveTargetFrom(SourceDirectory(source), target);
+}
+
+std::u16string ResolveTargetFrom(const std::u16string& directory, const std::u16string& target) {
     if (!target.empty() && target.front() == u'/') return target.substr(1);
     if (IsAbsoluteUri(target)) return target;
-    return ResolveRelative(source, target);
+    return ResolveRelative(directory, target);
 }
 
 }  // namespace tarn::opc

@@ -39,7 +39,7 @@ constexpr bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-constexpr std::array<CharacterSet, 256> MakeGroups() {
+consteval std::array<CharacterSet, 256> MakeGroups() {
     std::array<CharacterSet, 256> groups{};
     const auto add = [&groups](std::string_view characters, CharacterSet group) {
         for (const char c : characters) groups[static_cast<unsigned char>(c)] |= group;

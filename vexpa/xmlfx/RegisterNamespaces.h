@@ -13,7 +13,8 @@ namespace tarn::xmlfx {
 void RegisterNamespaces();
 
 // Adds one list under `uri`. The first registration wins: a name that the URI has already
-// and a token that its namespace has already are passed over.
+// and a token that its namespace has already are passed over. An empty list makes the URI
+// known and no more.
 void RegisterNamespace(const char16_t* uri, const NameEntry* names, unsigned count);
 
 }  // namespace tarn::xmlfx

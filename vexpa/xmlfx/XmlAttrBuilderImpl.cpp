@@ -44,7 +44,9 @@ void XmlAttrBuilderImpl::Reset() {
 }
 
 void XmlAttrBuilderImpl::AddChild(std::uint32_t token, XmlRoAttr* set) {
-    current_->AddAttribute(token, set->Share().Detach());
+    Handle<XmlRoAttr> shared = set->Share();
+    // What cannot be shared cannot be kept.
+    if (shared) current_->AddAttribute(token, shared.Detach());
 }
 
 void XmlAttrBuilderImpl::OnElement(std::uint32_t token, XmlRoAttr* set) {

@@ -42,7 +42,8 @@ public:
     virtual XmlAttrHandler* GetChildHandler() = 0;
     // Empties the set, but for its value string.
     virtual void Reset() = 0;
-    // Adds a finished set, never null, sharing it. A set added to itself ends only after Reset.
+    // Adds a finished set, never null, sharing it; one that cannot be shared is not added. A
+    // set added to itself ends only after Reset.
     virtual void AddChild(std::uint32_t token, XmlRoAttr* set) = 0;
 
 protected:

@@ -1,15 +1,27 @@
 #include "vexpa/xmlfx/XmlRoAttrDecorator.h"
 
-#include <typeinfo>
+#include <cstring>
 
 #include "vexpa/base/Utf16.h"
 
 namespace tarn::xmlfx {
 
+namespace {
+
+// The virtual table, at the start of an object, tells its class. typeid would look behind
+// the table, where a caller's set compiled without RTTI has nothing.
+// (Decorator.TakesASetThatWasCompiledWithoutRtti)
+bool AreOfOneClass(const XmlRoAttr& a, const XmlRoAttr& b) {
+    const void* const start = &a;
+    return std::memcmp(start, static_cast<const void*>(&b), sizeof(void*)) == 0;
+}
+
+}  // namespace
+
 XmlRoAttrDecorator::XmlRoAttrDecorator(XmlRoAttr& inner)
     : XmlRoAttrImpl(std::u16string(FromUnits(inner.GetValue()), inner.GetValueLength())),
       inner_(inner.Share()),
-      innerIsDecorator_(typeid(inner) == typeid(XmlRoAttrDecorator)) {}
+      innerIsDecorator_(AreOfOneClass(inner, *this)) {}
 
 XmlRoAttrDecorator::~XmlRoAttrDecorator() {
     inner_.Reset();

@@ -1,7 +1,6 @@
 #include "vexpa/zip/EntryNameSet.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "vexpa/zip/EntryNameSetBlock.h"
@@ -10,9 +9,9 @@ namespace lumo::Compression::Zip {
 
 namespace {
 
-// Powers of four from 4^2 to 4^12, so that growing stays rare.
-constexpr std::array<std::size_t, 11> kBucketCounts = {16,    64,     256,     1024,    4096,    16384,
-                                                       65536, 262144, 1048576, 4194304, 16777216};
+// Powers of four, so that growing stays rare.
+constexpr std::size_t kFewestBuckets = 16;
+constexpr std::size_t kMostBuckets = 16777216;
 
 constexpr char16_t FoldAscii(char16_t unit) noexcept {
     return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
@@ -39,7 +38,7 @@ struct EntryNameSet::BlockList {
     }
 };
 
-EntryNameSet::EntryNameSet() : buckets_(kBucketCounts[0], nullptr) {}
+EntryNameSet::EntryNameSet() : buckets_(kFewestBuckets, nullptr) {}
 
 EntryNameSet::~EntryNameSet() {
     FreeBlocks();
@@ -109,28 +108,25 @@ void EntryNameSet::InsertAt(Block*& slot, std::uint32_t place, const Pair& pair)
 
 // Keeps the number of names at most the number of buckets, up to the last step.
 void EntryNameSet::GrowFor(std::size_t count) {
-    if (sizeLevel_ + 1 >= kBucketCounts.size()) return;
-    const auto* enough = std::lower_bound(kBucketCounts.begin(), kBucketCounts.end() - 1, count);
-    const auto level = static_cast<std::size_t>(enough - kBucketCounts.begin());
-    if (level <= sizeLevel_) return;
+    std::size_t enough = buckets_.size();
+    while (enough < std::min(count, kMostBuckets)) enough *= 4;
+    if (enough == buckets_.size()) return;
 
-    BlockList grown{std::vector<Block*>(*enough, nullptr)};
+    BlockList grown{std::vector<Block*>(enough, nullptr)};
     for (const Block* block : buckets_) {
         if (block == nullptr) continue;
         for (std::uint32_t i = 0; i < block->GetCount(); ++i) {
             const Pair& pair = block->GetPairs()[i];
-            Block*& slot = grown.blocks[pair.hash & (*enough - 1)];
+            Block*& slot = grown.blocks[pair.hash & (enough - 1)];
             InsertAt(slot, FindPlace(slot, pair.hash, pair.name).index, pair);
         }
     }
     std::swap(buckets_, grown.blocks);
-    sizeLevel_ = level;
 }
 
 void EntryNameSet::Clear() noexcept {
     FreeBlocks();
-    buckets_.resize(kBucketCounts[0]);
-    sizeLevel_ = 0;
+    buckets_.resize(kFewestBuckets);
     count_ = 0;
 }
 

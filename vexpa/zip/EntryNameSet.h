@@ -58,7 +58,6 @@ private:
 
     Block* pendingBucket_ = nullptr;  // [owned] a block being built by an insertion
     std::vector<Block*> buckets_;
-    std::size_t sizeLevel_ = 0;
     std::size_t count_ = 0;
 };
 

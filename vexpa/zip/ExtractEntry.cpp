@@ -78,8 +78,9 @@ HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryNam
 }
 
 HRESULT ExtractEntryToBlock(UnZipArchiveImpl& archive, const char16_t* entryName,
-                            OnBlockFailure onBlockFailure, HGBL* block) {
+                            OnBlockFailure onBlockFailure, HGBL* block, std::size_t* size) {
     *block = nullptr;
+    if (size != nullptr) *size = 0;
     ExtractedBytes extracted;
     const HRESULT result = ExtractEntryToMemory(archive, entryName, extracted.Out());
     if (tarn::Failed(result)) return result;
@@ -95,6 +96,7 @@ HRESULT ExtractEntryToBlock(UnZipArchiveImpl& archive, const char16_t* entryName
         return E_FAIL;
     }
     *block = copy;
+    if (size != nullptr) *size = extracted.Size();
     return S_OK;
 }
 

@@ -2,6 +2,8 @@
 #ifndef VEXPA_ZIP_EXTRACTENTRY_H_
 #define VEXPA_ZIP_EXTRACTENTRY_H_
 
+#include <cstddef>
+
 #include "runtime/Runtime.h"
 
 namespace lumo::Compression::Zip {
@@ -21,13 +23,14 @@ HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryNam
 // platforms count on the order of their calls.
 enum class OnBlockFailure { FreeBytes, LoseBytes };
 
-// Extracts an entry into a new global block, null for an empty entry.
+// Extracts an entry into a new global block, null for an empty entry; *size, when asked for, is the
+// number of its bytes.
 //
 //   S_OK           *block is the block [owned], or null
 //   E_FAIL         as above; *block is null
 //   E_OUTOFMEMORY  no memory for the block; *block is null
 HRESULT ExtractEntryToBlock(UnZipArchiveImpl& archive, const char16_t* entryName,
-                            OnBlockFailure onBlockFailure, HGBL* block);
+                            OnBlockFailure onBlockFailure, HGBL* block, std::size_t* size = nullptr);
 
 // Tells a stream or storage to free the block it is made over.
 constexpr int kFreeBlockOnRelease = 1;

@@ -43,8 +43,9 @@ std::string WithSiblingTree(std::uint32_t count) {
     return RawCompoundBytes(directory);
 }
 
-std::string WithNestedStorages(std::size_t count) {
+std::string WithNestedStorages(std::size_t count, std::uint8_t rootType = 5) {
     std::vector<RawEntry> directory{Root(1)};
+    directory[0].type = rootType;
     for (std::uint32_t i = 1; i <= count; ++i) {
         RawEntry entry{u"D", 1};
         if (i < count) entry.child = i + 1;
@@ -92,6 +93,51 @@ TEST(CompoundCheck, RefusesARootWithSiblings) {
     EXPECT_FALSE(OpensWith(RawCompoundBytes({root, {u"S"}, {u"T"}})));
 }
 
+// libgsf takes the first entry for the root all the same.
+TEST(CompoundCheck, LooksIntoARootThatSaysItIsNone) {
+    for (const std::uint8_t type : {std::uint8_t{1}, std::uint8_t{2}}) {
+        SCOPED_TRACE(int{type});
+        EXPECT_TRUE(OpensWith(WithNestedStorages(kMaxDirectoryDepth - 1, type)));
+        EXPECT_FALSE(OpensWith(WithNestedStorages(kMaxDirectoryDepth, type)));
+    }
+}
+
+// One stream, and a sector that may be its mini FAT.
+std::string WithMiniFat(std::uint32_t count, std::uint32_t first, std::uint32_t second) {
+    std::string bytes = RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, kNoEntry, 0, 10}}, 1);
+    Put32(bytes, 512 + 4 * 2, kEndOfChain);
+    Put32(bytes, 60, 2);
+    Put32(bytes, 64, count);
+    for (std::size_t i = 0; i < 128; ++i) Put32(bytes, 3 * 512 + 4 * i, kNoEntry);
+    Put32(bytes, 3 * 512, first);
+    Put32(bytes, 3 * 512 + 4, second);
+    return bytes;
+}
+
+TEST(CompoundCheck, FollowsTheMiniFatAlsoWithoutACount) {
+    for (const std::uint32_t count : {0u, 1u}) {
+        SCOPED_TRACE(count);
+        EXPECT_TRUE(OpensWith(WithMiniFat(count, 1, kEndOfChain)));
+        EXPECT_FALSE(OpensWith(WithMiniFat(count, 1, 0)));
+    }
+}
+
+// libgsf reads no further, and goes on with zeros.
+TEST(CompoundCheck, RefusesTablesWithNumbersThatMeanNothing) {
+    EXPECT_TRUE(OpensWith(WithMiniFat(1, kEndOfChain, 127)));
+    EXPECT_FALSE(OpensWith(WithMiniFat(1, kEndOfChain, 128)));
+    EXPECT_FALSE(OpensWith(WithMiniFat(1, kEndOfChain, 0xFFFFFFFB)));
+    EXPECT_TRUE(OpensWith(WithMiniFat(1, kEndOfChain, 0xFFFFFFFC)));
+}
+
+// libgsf would list neither it nor the elements that hang on it.
+TEST(CompoundCheck, RefusesAStreamThatIsLargerThanTheFile) {
+    RawEntry stream{u"S", 2, 2, kNoEntry, kNoEntry, kEndOfChain, 1'536};
+    EXPECT_EQ(WalkBytes(RawCompoundBytes({Root(1), stream, {u"T"}})).damaged, 1u);
+    stream.size = 1'537;
+    EXPECT_FALSE(OpensWith(RawCompoundBytes({Root(1), stream, {u"T"}})));
+}
+
 TEST(CompoundCheck, FollowsNoLinksThatMeanNothing) {
     EXPECT_TRUE(OpensWith(RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, 77}})));
     EXPECT_TRUE(OpensWith(RawCompoundBytes({Root(1), {u"X", 0xC0, 77, 78, 79}})));
@@ -99,7 +145,7 @@ TEST(CompoundCheck, FollowsNoLinksThatMeanNothing) {
 
 TEST(CompoundCheck, RefusesAStreamWhoseChainRunsInACircle) {
     std::string bytes =
-        RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, kNoEntry, 2, 5000}}, 2);
+        RawCompoundBytes({Root(1), {u"S", 2, kNoEntry, kNoEntry, kNoEntry, 2, 5000}}, 8);
     ASSERT_TRUE(OpensWith(bytes));
     Put32(bytes, 512 + 4 * 2, 3);
     Put32(bytes, 512 + 4 * 3, 2);

@@ -11,8 +11,8 @@ namespace vexpa_test {
 namespace {
 
 using Texts = std::vector<std::u16string>;
+using vexpa_runtime::kMaxDeclarations;
 using vexpa_runtime::kMaxDepth;
-using vexpa_runtime::kMaxEntities;
 
 std::string Repeat(std::string_view text, std::size_t count) {
     std::string repeated;
@@ -44,6 +44,21 @@ TEST(HostileXml, TakesTheDeepestDocumentAndNoDeeper) {
 
 TEST(HostileXml, CountsDepthAndNotElements) {
     EXPECT_EQ(ParseResult("<r>" + Repeat("<a><b/></a>", 2 * kMaxDepth) + "</r>"), S_OK);
+}
+
+TEST(HostileXml, TakesTheLargestDocumentAndNoLarger) {
+    const std::string start = "<r>", end = "</r>";
+    const std::string blanks(vexpa_runtime::kMaxBytes - start.size() - end.size(), ' ');
+    EXPECT_EQ(ParseResult(start + blanks + end), S_OK);
+    EXPECT_EQ(ParseResult(start + blanks + ' ' + end), E_FAIL);
+}
+
+TEST(HostileXml, CountsElementsAndAttributes) {
+    constexpr std::size_t kPairs = vexpa_runtime::kMaxNodes / 2;
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a/><b/>", kPairs - 1) + "<a/></r>"), S_OK);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a/><b/>", kPairs) + "</r>"), E_FAIL);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a b=''/>", kPairs - 1) + "<a/></r>"), S_OK);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a b=''/>", kPairs) + "</r>"), E_FAIL);
 }
 
 TEST(HostileXml, RefusesEntitiesThatGrowWithoutBoundInText) {
@@ -82,10 +97,27 @@ TEST(HostileXml, RefusesOneLargeDefaultInManyElements) {
     EXPECT_EQ(ParseResult(list + "<r>" + Repeat("<a/>", 5) + "</r>"), S_OK);
 }
 
-TEST(HostileXml, RefusesManyDefaultsInManyElements) {
+// `count` attributes of <a>, all with the same rest of the declaration.
+std::string DeclaredAttributes(std::size_t count, const std::string& rest) {
     std::string list = "<!DOCTYPE r [<!ATTLIST a";
-    for (int i = 0; i < 5'000; ++i) list += " x" + std::to_string(i) + " CDATA ''";
-    EXPECT_EQ(ParseResult(list + ">]><r>" + Repeat("<a/>", 20'000) + "</r>"), E_FAIL);
+    for (std::size_t i = 0; i < count; ++i) list += " x" + std::to_string(i) + " " + rest;
+    return list + ">]>";
+}
+
+TEST(HostileXml, RefusesManyDefaultsInManyElements) {
+    const std::string list = DeclaredAttributes(kMaxDeclarations, "CDATA ''");
+    EXPECT_EQ(ParseResult(list + "<r>" + Repeat("<a/>", 20) + "</r>"), S_OK);
+    EXPECT_EQ(ParseResult(list + "<r>" + Repeat("<a/>", 20'000) + "</r>"), E_FAIL);
+}
+
+// For each element the parser runs over all that are declared for it, also when they bring
+// nothing: a megabyte of both kept it busy for a quarter of a minute.
+TEST(HostileXml, RefusesManyDeclaredAttributes) {
+    for (const char* rest : {"CDATA #IMPLIED", "NMTOKEN #IMPLIED", "CDATA #REQUIRED", "(a|b) 'a'"}) {
+        SCOPED_TRACE(rest);
+        EXPECT_EQ(ParseResult(DeclaredAttributes(kMaxDeclarations, rest) + "<r/>"), S_OK);
+        EXPECT_EQ(ParseResult(DeclaredAttributes(kMaxDeclarations + 1, rest) + "<r/>"), E_FAIL);
+    }
 }
 
 // A chain of entities costs the parser a stack frame for each link.
@@ -103,10 +135,10 @@ TEST(HostileXml, RefusesAChainOfManyEntities) {
 
 TEST(HostileXml, TakesAsManyEntitiesAsRealDocumentsDeclare) {
     std::string xml = "<!DOCTYPE r [<!ENTITY e0 'end'>";
-    for (std::uint32_t i = 1; i < kMaxEntities; ++i) {
+    for (std::uint32_t i = 1; i < kMaxDeclarations; ++i) {
         xml += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
     }
-    const std::string last = "&e" + std::to_string(kMaxEntities - 1) + ";";
+    const std::string last = "&e" + std::to_string(kMaxDeclarations - 1) + ";";
     ComPtr<IDomDocument> document = Parsed(xml + "]><r x='" + last + "'>" + last + "</r>");
     EXPECT_EQ(Values(*document.Get(), u"r", u"x"), Texts{u"end"});
 }

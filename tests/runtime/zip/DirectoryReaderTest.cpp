@@ -206,6 +206,18 @@ TEST(ZipDirectory, IsFoundThroughAZip64RecordWithMoreData) {
     ExpectWhole(bytes);
 }
 
+// The end record itself is sound, but what stands before it looks like its zip64 companion.
+TEST(ZipDirectory, IsFoundBehindACommentThatLooksLikeAZip64Record) {
+    ZipFile companion;
+    companion.zip64 = true;
+    ZipFile zip = SmallZip();
+    const std::string records = companion.Bytes();
+    zip.entries.back().comment = records.substr(0, records.size() - 22);
+    const auto names = ListBytes(zip.Bytes());
+    ASSERT_TRUE(names);
+    EXPECT_EQ(names->size(), zip.entries.size());
+}
+
 TEST(ZipDirectory, OfAnEmptyArchiveIsSoundAndEmpty) {
     EXPECT_EQ(ListBytes(ZipFile().Bytes()), Names{});
     EXPECT_EQ(UnzipBytes(ZipFile().Bytes(), "a"), std::nullopt);

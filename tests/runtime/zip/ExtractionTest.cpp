@@ -3,7 +3,6 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 #include "runtime/zip/Extraction.h"
 #include "tests/runtime/zip/ZipClient.h"
@@ -87,28 +86,6 @@ TEST_F(ZipExtraction, FailsWhenTheEntryIsGoneWhenTheFileIsOpened) {
     auto prospect = Look(file);
     file.Write(ZipFile().Bytes());
     EXPECT_EQ(Finish(file, std::move(prospect)), std::nullopt);
-}
-
-TEST_F(ZipExtraction, GivesOneVersionOrTheOtherOfAFileThatIsReplacedAllTheTime) {
-    const ScratchFile file(Version("one", ""));
-    std::atomic<bool> stop = false;
-    std::thread replacer([&] {
-        const std::string next = file.Path() + ".next";
-        for (int i = 0; !stop; ++i) {
-            std::ofstream(next, std::ios::binary)
-                << (i % 2 == 0 ? Version("two", "moved") : Version("one", ""));
-            std::filesystem::rename(next, file.Path());
-        }
-    });
-    int ones = 0, twos = 0;
-    for (int i = 0; i < 1000; ++i) {
-        const auto content = Finish(file, Look(file));
-        if (content == "one") ++ones;
-        if (content == "two") ++twos;
-    }
-    stop = true;
-    replacer.join();
-    EXPECT_EQ(ones + twos, 1000);
 }
 
 }  // namespace

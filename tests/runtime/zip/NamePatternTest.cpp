@@ -48,6 +48,15 @@ const Row kRows[] = {
     {"a range holds its last", "[b-d]", "d", true},
     {"a range ends", "[b-d]", "e", false},
     {"a reversed range is empty", "[d-b]", "c", false},
+    {"and costs no other", "[d-ba]", "a", true},
+    {"ranges that overlap", "[a-cb-e]", "d", true},
+    {"ranges within each other", "[a-eb-cg]", "e", true},
+    {"ranges within each other have an end", "[a-eb-cg]", "f", false},
+    {"ranges in no order", "[x-zm-na-c]", "n", true},
+    {"between ranges in no order", "[x-zm-na-c]", "o", false},
+    {"before all ranges", "[x-zm-na-c]", "A", false},
+    {"a class of reversed ranges only", "[d-b]", "d", false},
+    {"a negated class of reversed ranges only", "[!d-b]", "d", true},
     {"a range of long characters", "[\xCE\xB1-\xCF\x89]", "\xCE\xB2", true},
     {"negated by !", "[!a]", "b", true},
     {"negated by ! and there", "[!a]", "a", false},
@@ -103,6 +112,17 @@ TEST(NamePattern, GivesUpOnANameMadeToTakeForever) {
     std::string name(60'000, 'a');
     name += 'b';
     EXPECT_FALSE(pattern.Matches(name)) << "it would fit, after 300 million steps";
+}
+
+TEST(NamePattern, CountsItsStepsAlsoForNamesWithOtherEnds) {
+    const NamePattern pattern(std::string(1'600, 'a') + "*" + std::string(1'600, 'b'));
+    std::size_t steps = 0;
+    EXPECT_FALSE(pattern.Matches("c", &steps));
+    EXPECT_GE(steps, 200u);
+    const std::size_t ofOtherEnds = steps;
+    const std::string name = std::string(1'600, 'a') + std::string(1'600, 'b');
+    EXPECT_TRUE(pattern.Matches(name, &steps));
+    EXPECT_GE(steps, 2 * ofOtherEnds + name.size());
 }
 
 TEST(NamePattern, OfEscapedCharactersHasOnlyOneName) {

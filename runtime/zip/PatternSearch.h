@@ -1,0 +1,60 @@
+// runtime/zip/PatternSearch.h - finds what patterns match in one directory, without end to the
+// patterns.
+#ifndef VEXPA_RUNTIME_ZIP_PATTERNSEARCH_H_
+#define VEXPA_RUNTIME_ZIP_PATTERNSEARCH_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace vexpa_runtime::zip {
+
+class Directory;
+class NamePattern;
+struct Entry;
+
+// Every request for an entry is a pattern, that for the relationships of a part too, and a part
+// may be named a*b. So an archive of many such names asks for many patterns, each of which has
+// to be tried on every name: a product that takes hours. Therefore
+//
+// - what a pattern matched is remembered, for the first patterns that a directory is asked for:
+//   opening the same document again costs nothing;
+// - the work for new ones is bounded for each directory. When it is used up, patterns match
+//   nothing; names are found as ever. No archive comes near that was not made for it.
+//
+// Threads  Any.
+class PatternSearch {
+public:
+    // May take `steps`, as NamePattern counts them.
+    explicit PatternSearch(std::size_t steps) : stepsLeft_(steps) {}
+
+    // As many as a directory is allowed whose names have `nameBytes` in all.
+    static constexpr std::size_t StepsFor(std::size_t nameBytes) {
+        constexpr std::size_t kFree = 16'000'000, kForEachByte = 64;
+        return kFree + kForEachByte * nameBytes;
+    }
+
+    // The first entry in the order of `directory`, always the same one, that `pattern`, spelled
+    // `text`, matches; or null. *namesTried grows by the number of names that it was tried on.
+    const Entry* FindFirst(const Directory& directory, const NamePattern& pattern,
+                           std::string_view text, std::size_t& namesTried);
+
+private:
+    struct Hash {
+        std::size_t operator()(const std::string& pattern) const noexcept;
+    };
+
+    void Remember(std::string pattern, const Entry* answer);
+
+    std::mutex mutex_;  // guards what follows
+    std::size_t stepsLeft_;
+    std::size_t roomLeft_ = 64UL * 1024;  // for patterns that are remembered, in bytes
+    std::unordered_map<std::string, const Entry*, Hash> answers_;
+};
+
+}  // namespace vexpa_runtime::zip
+
+#endif  // VEXPA_RUNTIME_ZIP_PATTERNSEARCH_H_

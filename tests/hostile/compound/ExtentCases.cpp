@@ -1,0 +1,139 @@
+// Directories that are very deep or very wide, and files that stop anywhere.
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "runtime/com/CompoundCheck.h"
+#include "tests/hostile/PackageText.h"
+#include "tests/hostile/compound/CraftedStorage.h"
+
+namespace {
+
+using namespace vexpa_test;
+using vexpa_runtime::kMaxDirectoryDepth;
+using vexpa_runtime::kMaxStorageElements;
+using vexpa_runtime::kMaxTableEntries;
+
+// `levels` storages, one in another.
+CompoundImage Nested(std::size_t levels, std::size_t twins = 1) {
+    CompoundImage image(Elements(levels * twins, Storage(u"D")));
+    const auto number = [=](std::size_t level) {
+        return static_cast<std::uint32_t>(1 + level * twins);
+    };
+    for (std::uint32_t entry = 0; entry <= levels * twins; ++entry) {
+        for (const std::size_t link : {kLeft, kRight, kChild})
+            image.Put32(image.EntryAt(entry) + link, kNone);
+    }
+    image.Put32(image.EntryAt(0) + kChild, 1);
+    for (std::size_t level = 0; level < levels; ++level) {
+        if (twins == 2) image.Put32(image.EntryAt(number(level)) + kRight, number(level) + 1);
+        if (level + 1 == levels) break;
+        const std::size_t last = image.EntryAt(static_cast<std::uint32_t>(number(level) + twins - 1));
+        image.Put32(last + kChild, number(level + 1));
+    }
+    return image;
+}
+
+// `count` streams in the root, each to the right of the one before.
+CompoundImage InARow(std::size_t count) {
+    CompoundImage image(Elements(count, {u"S"}));
+    for (std::uint32_t entry = 1; entry <= count; ++entry) {
+        image.Put32(image.EntryAt(entry) + kLeft, kNone);
+        image.Put32(image.EntryAt(entry) + kRight, entry == count ? kNone : entry + 1);
+    }
+    image.Put32(image.EntryAt(0) + kChild, 1);
+    return image;
+}
+
+Elements Streams(std::size_t count) {
+    Elements streams;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string digits = std::to_string(100'000 + i);
+        streams.push_back({{digits.begin(), digits.end()}});
+    }
+    return streams;
+}
+
+std::string StreamsText(std::size_t count) {
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) {
+        text += (i == 0 ? "" : ", ") + std::to_string(100'000 + i) + " \"\"";
+    }
+    return "{" + text + "}";
+}
+
+std::string NestedText(std::size_t levels, const std::string& innermost) {
+    std::string text = innermost;
+    for (std::size_t i = 0; i < levels; ++i) text = "{D" + text + "}";
+    return text;
+}
+
+CraftedStorages ExtentCases() {
+    return {
+        {"OfStoragesAsDeepAsTheyMayBe", "each level is a call of the library", NestedText(65, "{...}"),
+         [] { return Nested(kMaxDirectoryDepth - 1).bytes; }},
+        {"OfStoragesOneDeeper", "so there is an end", kNoStorage,
+         [] { return Nested(kMaxDirectoryDepth).bytes; }},
+        {"OfStoragesThatOverflowAStack", "a hundred thousand calls", kNoStorage,
+         [] { return Nested(100'000).bytes; }},
+        {"OfStoragesUnderARootThatIsAStream", "the root is looked into whatever it says", kNoStorage,
+         [] {
+             CompoundImage image = Nested(100'000);
+             image.Put8(image.EntryAt(0) + kType, kStreamType);
+             return image.bytes;
+         }},
+        {"OfTwinsAtThirtyLevels", "seen twice each would be a thousand million", NestedText(31, "{}"),
+         [] { return Nested(31, 2).bytes; }},
+        {"OfSiblingsAsFarAsTheyMayBe", "each sibling is a call as well", "{S \"\"}",
+         [] { return InARow(kMaxDirectoryDepth - 1).bytes; }},
+        {"OfSiblingsOneFarther", "so there is an end", kNoStorage,
+         [] { return InARow(kMaxDirectoryDepth).bytes; }},
+        {"OfAsManyElementsAsAStorageMayHave", "a list that is searched for each of them",
+         StreamsText(kMaxStorageElements - 1),
+         [] { return CompoundImage(Streams(kMaxStorageElements - 1)).bytes; }},
+        {"OfOneElementMore", "so there is an end", kNoStorage,
+         [] { return CompoundImage(Streams(kMaxStorageElements)).bytes; }},
+        {"OfManyStreamsUnderALargeFat", "a bit for each entry of the table is cleared for each of them",
+         kNoStorage,
+         [] {
+             CompoundImage image(Elements(5, Storage(u"S", Streams(8'000))),
+                                 {.fatSectors = kMaxTableEntries / 128});
+             for (std::uint32_t i = 6; i < 40'006; ++i) image.Put32(image.EntryAt(i) + kSize, 4'096);
+             return image.bytes;
+         }},
+    };
+}
+
+// What can be left of the small file: no storage, or one in which streams do not read.
+std::vector<std::string> Remains() {
+    std::vector<std::string> remains{kNoStorage};
+    for (const std::string& inner : {BytesText(kInnerText), std::string(kUnreadable)}) {
+        for (const std::string& small : {BytesText(kSmallText), std::string(kUnreadable)}) {
+            for (const std::string& large : {BytesText(LargeContent()), std::string(kUnreadable)}) {
+                remains.push_back(SmallCompoundText(inner, small, large));
+            }
+        }
+    }
+    return remains;
+}
+
+// A stream of a cut file is either whole or not read; nothing is made up.
+TEST(HostileCompound, IsNeverReadBeyondWhereItIsCut) {
+    const std::string bytes = SmallCompound().bytes;
+    const std::vector<std::string> remains = Remains();
+    const auto step = [](std::size_t size) { return size % 512 < 2 || size % 512 > 509 ? 1 : 36; };
+    for (std::size_t size = 0; size < bytes.size(); size += step(size)) {
+        SCOPED_TRACE(size);
+        const std::string cut = bytes.substr(0, size);
+        const std::string text = ReadAsPicture(cut);
+        EXPECT_TRUE(std::any_of(remains.begin(), remains.end(), [&](const std::string& left) {
+            return text == PictureText(cut, left);
+        })) << text;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(CompoundDirectory, HostileStorage, testing::ValuesIn(ExtentCases()),
+                         NameOfStorage);
+
+}  // namespace
