@@ -28,6 +28,11 @@ public:
         return std::uint64_t{elements_.size()} + data_->attributes.size();
     }
 
+    // Different names of elements, and of attributes.
+    std::size_t Names() const noexcept {
+        return data_->localNames.Size() + data_->attributeNames.Size();
+    }
+
     // The document; nothing may be added after this.
     std::unique_ptr<Document> Finish();
 

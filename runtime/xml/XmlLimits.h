@@ -2,15 +2,21 @@
 #ifndef VEXPA_RUNTIME_XML_XMLLIMITS_H_
 #define VEXPA_RUNTIME_XML_XMLLIMITS_H_
 
+#include <cstddef>
 #include <cstdint>
 
 namespace vexpa_runtime {
 
 // Bytes of a document, and elements and attributes in it. Deflate makes a gigabyte of a megabyte,
-// and each short element costs many times its bytes. The largest real documents here, the
-// relationships of a sheet with as many hyperlinks as it can have, stay below either.
-constexpr std::uint64_t kMaxBytes = 32 * 1024 * 1024;
+// and each short element costs many times its bytes. The largest real documents here are the
+// relationships of a sheet with as many hyperlinks as it can have, 65,530: some 330,000 nodes, and
+// 1,900 bytes may go to each link.
+constexpr std::uint64_t kMaxBytes = 128 * 1024 * 1024;
 constexpr std::uint64_t kMaxNodes = 2'000'000;
+
+// Different names of elements, and of attributes. Each is kept once, by us and by the parser, at
+// many times its length; the documents read here have a dozen.
+constexpr std::size_t kMaxNames = 65'536;
 
 }  // namespace vexpa_runtime
 

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "runtime/xml/XmlLimits.h"
 #include "runtime/zip/DirectoryReader.h"
 #include "runtime/zip/EntrySearch.h"
 #include "runtime/zip/NameHash.h"
@@ -12,25 +11,12 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-// Whether the entry is one that packages are parsed by, and that the parser would refuse for its
-// size: there is no need to unpack it first.
-bool IsUselesslyLarge(const Directory& directory, const Entry& entry) {
-    if (entry.size <= kMaxBytes) return false;
-    const std::string_view name = directory.NameOf(entry);
-    return name == "[Content_Types].xml" || name.ends_with(".rels");
-}
-
-std::optional<EntryBytes> Read(const ArchiveFile& file, const Directory& directory,
-                               const Entry& entry) {
-    return IsUselesslyLarge(directory, entry) ? std::nullopt : ReadEntry(file, entry);
-}
-
 std::optional<EntryBytes> ReadAfresh(const ArchiveFile& file, std::string_view request) {
     const auto directory = ReadDirectory(file);
     if (directory == nullptr) return std::nullopt;
     const Entry* entry = FindEntry(*directory, request);
     if (entry == nullptr) return std::nullopt;
-    return Read(file, *directory, *entry);
+    return ReadEntry(file, *entry);
 }
 
 std::uint64_t Digest(const EntryBytes& entry) {
@@ -64,7 +50,7 @@ std::optional<Prospect> LookUp(DirectoryCache& cache, const char* path, std::str
     auto directory = cache.Find(*identity);
     if (directory == nullptr) return Prospect{*identity, nullptr, nullptr};
     const Entry* entry = FindEntry(*directory, request);
-    if (entry == nullptr) return std::nullopt;
+    if (entry == nullptr || directory->IsDamaged(*entry)) return std::nullopt;
     return Prospect{*identity, std::move(directory), entry};
 }
 
@@ -79,7 +65,9 @@ std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::
         prospect.entry = FindEntry(*prospect.directory, request);
         if (prospect.entry == nullptr) return std::nullopt;
     }
-    std::optional<EntryBytes> bytes = Read(*file, *prospect.directory, *prospect.entry);
+    bool isDamaged = false;
+    std::optional<EntryBytes> bytes = ReadEntry(*file, *prospect.entry, &isDamaged);
+    if (isDamaged && file->IsUnchanged()) prospect.directory->NoteDamage(*prospect.entry);
     if (!bytes || file->IsUnchanged()) return bytes;
     // It may only have been replaced: then all that was in it is still there.
     return ReadTwice(*file, request);
