@@ -2,7 +2,6 @@
 #ifndef VEXPA_RUNTIME_XML_XMLLIMITS_H_
 #define VEXPA_RUNTIME_XML_XMLLIMITS_H_
 
-#include <cstddef>
 #include <cstdint>
 
 namespace vexpa_runtime {
@@ -13,10 +12,6 @@ namespace vexpa_runtime {
 // 1,900 bytes may go to each link.
 constexpr std::uint64_t kMaxBytes = 128 * 1024 * 1024;
 constexpr std::uint64_t kMaxNodes = 2'000'000;
-
-// Different names of elements, and of attributes. Each is kept once, by us and by the parser, at
-// many times its length; the documents read here have a dozen.
-constexpr std::size_t kMaxNames = 65'536;
 
 }  // namespace vexpa_runtime
 

@@ -92,7 +92,7 @@ void XmlParser::CountDeclarationsLookedAt() noexcept {
 bool XmlParser::IsWithinLimits() const noexcept {
     const std::uint64_t allowed = kGrowthThreshold + kMaxGrowth * bytesFed_;
     return builder_.Cost() <= allowed && declarationsLookedAt_ <= allowed &&
-           builder_.Nodes() <= kMaxNodes && builder_.Names() <= kMaxNames;
+           builder_.Nodes() <= kMaxNodes;
 }
 
 void XMLCALL XmlParser::OnStart(void* self, const XML_Char* name, const XML_Char** attributes) {

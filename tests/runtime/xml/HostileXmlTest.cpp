@@ -62,16 +62,6 @@ TEST(HostileXml, CountsElementsAndAttributes) {
     EXPECT_EQ(ParseResult("<r>" + Repeat("<a b=''/>", kPairs) + "</r>"), E_FAIL);
 }
 
-TEST(HostileXml, CountsDifferentNames) {
-    const auto elements = [](std::size_t names) {
-        std::string text = "<r>";
-        for (std::size_t i = 1; i < names; ++i) text += "<e" + std::to_string(i) + "/>";
-        return text + "</r>";
-    };
-    EXPECT_EQ(ParseResult(elements(vexpa_runtime::kMaxNames)), S_OK);
-    EXPECT_EQ(ParseResult(elements(vexpa_runtime::kMaxNames + 1)), E_FAIL);
-}
-
 TEST(HostileXml, RefusesEntitiesThatGrowWithoutBoundInText) {
     EXPECT_EQ(ParseResult("<!DOCTYPE r [" + LaughingEntities(9) + "]><r>&e8;</r>"), E_FAIL);
 }
