@@ -24,7 +24,7 @@ TEST(RelationshipAllowance, EndsWithTheFirstThatIsTooMuch) {
 
 TEST(RelationshipAllowance, EndsWithTooMuchTextThatIsNoRelationship) {
     RelationshipAllowance allowance(kPlenty, 100);
-    allowance.CountText(2 * 1024 + 60, 2);
+    allowance.CountText(2 * 2560 + 60, 2);
     allowance.CountText(10'000, 500);
     EXPECT_FALSE(allowance.IsUsedUp());
     allowance.CountText(50, 0);

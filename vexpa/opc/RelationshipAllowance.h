@@ -31,7 +31,7 @@ public:
 
     // Counts the text of a stream of which this many relationships were made.
     void CountText(std::size_t bytes, std::size_t relationships) noexcept {
-        constexpr std::size_t kTextOfOne = 1024;
+        constexpr std::size_t kTextOfOne = 2560;  // applications take links of 2,083 characters
         const std::size_t padding = bytes - std::min(bytes, relationships * kTextOfOne);
         paddingLeft_ -= std::min(padding, paddingLeft_);
     }
