@@ -152,7 +152,7 @@ TEST(Growth, OfDistinctTypes) {
 
 // What relationships share, and what each has for itself, at once: the product would show.
 TEST(Growth, OfRelationshipsAndTheLengthOfTheirSource) {
-    ExpectWalkGrowsWithSize(250, [](std::size_t n) {
+    ExpectWalkGrowsWithSize(100, [](std::size_t n) {
         const std::string folder(10 * n, 'f');
         ZipFile zip = PackageOf(Related("0", folder + "/a"));
         AddEmpty(zip, folder + "/a");
