@@ -342,7 +342,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "Relationships whose target lies outside of the package, counted by type. Hyperlinks wait for a "
      "click; "
      "what is loaded without one is named apart (VX607).",
-     "list them with 'vexpa rels --external'"},
+     "list them with 'vexpa rels --all --external'"},
     {FindingId::ActiveContent, Severity::Info, "macros, controls or embedded documents",
      "The package holds code or other documents: a macro project, ActiveX controls, OLE objects, "
      "embedded "
