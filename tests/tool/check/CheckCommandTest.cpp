@@ -42,7 +42,7 @@ TEST(CheckCommand, AnswersFirstAndGivesTheReasonSecond) {
                   ": does not open\n"
                   "\n"
                   "  opening stopped at the package relationships (the last one decides)\n"
-                  "  error   VX301  _rels/.rels:1:237: the last relationship rId2 (theme) has no part: "
+                  "  error   VX301  _rels/.rels:1:228: the last relationship rId2 (theme) has no part: "
                   "Word/Document.xml\n"
                   "          hint   add the part, remove the relationship, or move it before another "
                   "one\n"
@@ -112,7 +112,7 @@ TEST(CheckCommand, OfSeveralFilesWritesALineForEachFindingAndASummary) {
         dangling.Path() +
             ": warning VX401 word/document.xml: rId2 (theme) has no part: word/gone.xml\n" +
             refused.Path() +
-            ": error VX301 does not open: _rels/.rels:1:237: the last relationship rId2 (theme) has "
+            ": error VX301 does not open: _rels/.rels:1:228: the last relationship rId2 (theme) has "
             "no part: Word/Document.xml\n" +
             refused.Path() +
             ": error VX305 _rels/.rels: an entry differs from the target only in letter case: "
@@ -150,7 +150,8 @@ TEST(CheckCommand, ShowsTheFirstFindingsOfAKindAndCountsTheRest) {
 
 std::vector<std::string> Keys(const std::string& text) {
     std::vector<std::string> keys;
-    for (const auto& [key, value] : nlohmann::ordered_json::parse(text).items()) keys.push_back(key);
+    const auto parsed = nlohmann::ordered_json::parse(text);
+    for (const auto& [key, value] : parsed.items()) keys.push_back(key);
     return keys;
 }
 
@@ -181,7 +182,7 @@ TEST(CheckCommand, JsonTellsAllOfAFinding) {
         {"target", "Word/Document.xml"},
         {"offset", nullptr},
         {"line", 1},
-        {"column", 237},
+        {"column", 228},
         {"cause", "the last relationship rId2 (theme) has no part: Word/Document.xml"},
         {"hint", "add the part, remove the relationship, or move it before another one"}};
     EXPECT_EQ(report["findings"][0], expected);

@@ -37,7 +37,7 @@ TEST(InfoCommand, OfARefusedPackageSaysWhyAndWhatItWouldHold) {
     EXPECT_THAT(run.out,
                 HasSubstr("\n  relationships  2 package, 2 in 1 part, 1 external, 1 dangling\n"));
     EXPECT_THAT(run.out,
-                HasSubstr("\n  opens          no: VX301 _rels/.rels:1:237: the last relationship "
+                HasSubstr("\n  opens          no: VX301 _rels/.rels:1:228: the last relationship "
                           "rId2 (theme) has no part: gone.xml\n"));
 }
 

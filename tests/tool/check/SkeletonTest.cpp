@@ -51,10 +51,10 @@ TEST(Skeleton, AnswersContentTypes) {
 }
 
 TEST(Skeleton, StandsInForAPackageWithoutSoundContentTypes) {
-    for (const std::optional<std::string> types :
-         {std::optional<std::string>("<"), std::optional<std::string>()}) {
+    const std::optional<std::string> malformed = "<", none;
+    for (const std::optional<std::string>* types : {&malformed, &none}) {
         SoundPackage package;
-        package.instead["[Content_Types].xml"] = types;
+        package.instead["[Content_Types].xml"] = *types;
         const Refused refused(package.Bytes());
         ASSERT_NE(refused.subject.model, nullptr);
         EXPECT_NE(DocumentOf(refused), nullptr);
