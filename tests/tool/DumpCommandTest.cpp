@@ -101,7 +101,7 @@ TEST(DumpCommand, APackageThatDoesNotOpenIsStillADocument) {
     EXPECT_EQ(run.out, "{\n  \"package\": \"" + file.Path() +
                            "\",\n  \"opened\": false,\n  \"status\": 3,\n  \"error\": \"" +
                            file.Path() +
-                           ": does not open: not a zip archive, or a damaged one\",\n"
+                           ": does not open: VX010 not a zip: looks like plain text\",\n"
                            "  \"relationships\": [],\n  \"parts\": []\n}\n");
     EXPECT_THAT(Lines(run.err), testing::SizeIs(1));
 }

@@ -39,7 +39,7 @@ TEST(OpenFailure, EveryCommandSaysWhyAndEndsWithStatus3) {
     for (const std::string command : {"tree", "rels", "parts", "dump"}) {
         const ToolRun run = RunTool({command, file.Path()});
         EXPECT_EQ(run.status, 3);
-        EXPECT_EQ(run.err, "vexpa: " + file.Path() + ": does not open: empty file\n");
+        EXPECT_EQ(run.err, "vexpa: " + file.Path() + ": does not open: VX013 empty file\n");
     }
     EXPECT_EQ(RunTool({"cat", file.Path(), "part"}).status, 3);
 }
@@ -47,27 +47,32 @@ TEST(OpenFailure, EveryCommandSaysWhyAndEndsWithStatus3) {
 TEST(OpenFailure, TellsWhatCanBeSeenOfTheReason) {
     const std::string types = "[Content_Types].xml", rels = "_rels/.rels";
     const Refused rows[] = {
-        {"text", "plain text", "not a zip archive, or a damaged one"},
+        {"text", "plain text", "VX010 not a zip: looks like plain text"},
         {"an archive cut short", Archive({{types, "<Types/>"}}).substr(0, 60),
-         "not a zip archive, or a damaged one"},
-        {"a compound file", kCompoundFile,
-         "not a zip archive: a compound file, as a password-protected or a legacy document is"},
-        {"an archive without entries", Archive({}), "no package: no entry [Content_Types].xml"},
-        {"another archive", Archive({{"a", "b"}}), "no package: no entry [Content_Types].xml"},
-        {"no relationships", Archive({{types, "<Types/>"}}), "no package: no entry _rels/.rels"},
-        {"damaged types", DamagedEntry(types), "no package: [Content_Types].xml cannot be extracted"},
-        {"damaged relationships", DamagedEntry(rels), "no package: _rels/.rels cannot be extracted"},
+         "VX101 no end record: the file ends before the entry [Content_Types].xml does, the last of 1 "
+         "entry found"},
+        {"a compound file", kCompoundFile, "VX014 not a zip: compound file that is damaged"},
+        {"an archive without entries", Archive({}),
+         "VX201 no [Content_Types].xml: the archive has no entries"},
+        {"another archive", Archive({{"a", "b"}}),
+         "VX201 a zip archive, but no package: neither [Content_Types].xml nor _rels/.rels is in it"},
+        {"no relationships", Archive({{types, "<Types/>"}}), "VX300 no entry _rels/.rels"},
+        {"damaged types", DamagedEntry(types),
+         "VX207 [Content_Types].xml: cannot be extracted: its data has another CRC than the directory "
+         "says"},
+        {"damaged relationships", DamagedEntry(rels),
+         "VX300 _rels/.rels: cannot be extracted: its data has another CRC than the directory says"},
         {"malformed types", Archive({{types, "<Types>"}, {rels, "<R/>"}}),
-         "no package: [Content_Types].xml is not well-formed XML"},
+         "VX202 [Content_Types].xml:1:8: is not well-formed: no element found"},
         {"empty relationships", Archive({{types, "<Types/>"}, {rels, ""}}),
-         "no package: _rels/.rels is not well-formed XML"},
+         "VX300 _rels/.rels: is empty"},
         {"the last relationship leads nowhere",
          Archive({{types, "<Types/>"},
                   {"a.xml", ""},
                   {rels,
                    "<R><Relationship Target='a.xml'/><Relationship Target='b&#10;.xml'/>"
                    "<Relationship/></R>"}}),
-         "no package: the last relationship has no part: b\\x0a.xml"},
+         "VX301 _rels/.rels:1:34: the last relationship \"\" (\"\") has no part: b\\x0a.xml"},
     };
     for (const Refused& row : rows) {
         SCOPED_TRACE(row.shows);
@@ -83,24 +88,24 @@ TEST(OpenFailure, AFolderOrPipeIsNoFile) {
     const ScratchFile place("");
     const std::string folder = place.Path().substr(0, place.Path().rfind('/'));
     EXPECT_EQ(RunTool({"tree", folder}).err,
-              "vexpa: " + folder + ": does not open: not a regular file\n");
+              "vexpa: " + folder + ": does not open: VX001 not a regular file\n");
     const std::string pipe = folder + "/pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(RunTool({"tree", pipe}).err, "vexpa: " + pipe + ": does not open: not a regular file\n");
+    EXPECT_EQ(RunTool({"tree", pipe}).err, "vexpa: " + pipe + ": does not open: VX001 not a regular file\n");
 }
 
 TEST(OpenFailure, ANameOutsideTheLocaleIsNamedAsTheReason) {
     const ScratchFile file(ReadFile(MinimalPackage().Write().Path()), "\xFF.docx");
     const ToolRun run = RunTool({"tree", file.Path()});
     EXPECT_EQ(run.status, 3);
-    EXPECT_THAT(run.err, testing::EndsWith("/\uFFFD.docx: does not open: the file name is not text in "
+    EXPECT_THAT(run.err, testing::EndsWith("/\uFFFD.docx: does not open: VX002 the file name is not text in "
                                            "the encoding of the locale\n"));
 }
 
 TEST(OpenFailure, NamesOnStderrAreEscaped) {
     const ToolRun run = RunTool({"tree", "\x1b[2J\n\u202e.docx"});
     EXPECT_EQ(run.err,
-              "vexpa: \\x1b[2J\\x0a\\u202e.docx: does not open: cannot be read: No such file or "
+              "vexpa: \\x1b[2J\\x0a\\u202e.docx: does not open: VX001 cannot be read: No such file or "
               "directory\n");
 }
 

@@ -227,7 +227,9 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "officeDocument relationship, or for any other by its type id, finds nothing.",
      "go through the relationships and compare types, or save as Transitional"},
     {FindingId::EmptyRelationships, Severity::Warning, "_rels/.rels has no relationships",
-     "The package opens, since nothing can fail, but no part can be reached from it.",
+     "The package opens, since nothing can fail, but nothing leads from it to a part: a search by type "
+     "or "
+     "by Id finds nothing.",
      "add the relationship to the main part"},
     {FindingId::UnexpectedRelationshipsRoot, Severity::Info, "unexpected root of relationships",
      "The root element should be Relationships in the namespace of package relationships. The library "
@@ -340,7 +342,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "Relationships whose target lies outside of the package, counted by type. Hyperlinks wait for a "
      "click; "
      "what is loaded without one is named apart (VX607).",
-     "list them with 'vexpa rels'"},
+     "list them with 'vexpa rels --all --external'"},
     {FindingId::ActiveContent, Severity::Info, "macros, controls or embedded documents",
      "The package holds code or other documents: a macro project, ActiveX controls, OLE objects, "
      "embedded "

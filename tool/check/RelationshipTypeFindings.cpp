@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,6 +24,27 @@ namespace opc = tarn::opc;
 namespace {
 
 constexpr std::size_t kMostWords = 6;
+
+// The ends of the types in the table, in lower case.
+std::set<std::string> KnownTails() {
+    constexpr std::uint32_t kTypes = 60;
+    std::set<std::string> tails;
+    for (std::uint32_t i = 0; i < kTypes; ++i) {
+        const auto id = static_cast<opc::RelationshipTypeId>(i);
+        tails.insert(TypeTail(tarn::CopyText(opc::GetRelationshipTypeUri(id))));
+    }
+    return tails;
+}
+
+// The end of a type outside the table; all of it where it ends like one inside, save with the types
+// of Strict documents, which are told of as such.
+std::string UnknownTypeWord(const opc::Relationship& relationship) {
+    static const std::set<std::string> known = KnownTails();
+    const std::string tail = TypeTail(relationship);
+    const std::u16string type = tarn::CopyText(relationship.GetType());
+    const bool isStrict = FoldedCase(ToUtf8(type)).starts_with("http://purl.oclc.org/ooxml/");
+    return known.count(FoldedCase(tail)) == 0 || isStrict ? tail : Shown(type);
+}
 
 // Types of which several stand with one source.
 class RepeatedTypes {
@@ -197,7 +219,8 @@ void CheckRelationshipTypes(const Subject& subject, Findings& findings) {
         for (const opc::Relationship* relationship : source.relationships) {
             active.Look(*relationship);
             const std::string type = TypeTail(*relationship);
-            if (relationship->GetTypeId() == opc::RelTypeUnknown) unknown.Add(type);
+            if (relationship->GetTypeId() == opc::RelTypeUnknown)
+                unknown.Add(UnknownTypeWord(*relationship));
             if (relationship->GetTargetMode() == opc::TargetModeInternal) continue;
             external.Add(type);
             CheckLoaded(source, *relationship, findings);

@@ -11,7 +11,7 @@ Subject::Subject(const InputFile& checkedFile, const CheckOptions& checkOptions)
     : file(checkedFile),
       options(checkOptions),
       package(FindPackage(file)),
-      container(Container::Read(file.path)) {}
+      container(Container::Read(file.path, options.mostEntries)) {}
 
 bool Subject::HasDirectory() const {
     return container && container->Source() == ContainerSource::Directory;

@@ -27,6 +27,7 @@ struct CheckOptions {
     bool isDeep = false;                       // read every part
     bool isOpeningOnly = false;                // leave what does not bear on opening
     std::uint64_t largestPart = 512ULL << 20;  // what is larger is not read
+    std::size_t mostEntries = Container::kMostEntries;  // the first of the archive
     const Vocabulary* vocabulary = nullptr;    // for isDeep; without it names are not counted
 };
 

@@ -55,11 +55,13 @@ void VocabularyCounts::CountName(std::string_view uri, std::string_view name) {
 VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::string_view name) const {
     const std::u16string wideUri = FromUtf8(uri);
     if (vocabulary_.CountNames(wideUri) == 0) {
-        return {Standing::UnknownNamespace, uri.empty() ? "none" : std::string(uri)};
+        return {Standing::UnknownNamespace, std::string(uri)};
     }
     const auto token = vocabulary_.FindToken(wideUri, FromUtf8(name));
     if (token.value_or(0) != 0) return {Standing::Known, {}};
-    return {Standing::UnknownName, ToUtf8(PrefixOf(wideUri, 0)) + ":" + std::string(name)};
+    // Several prefixes stand for no namespace.
+    const std::string prefix = uri.empty() ? "" : ToUtf8(PrefixOf(wideUri, 0));
+    return {Standing::UnknownName, (prefix.empty() ? "" : prefix + ":") + std::string(name)};
 }
 
 void VocabularyCounts::Report(Findings& findings) const {

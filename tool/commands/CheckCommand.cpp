@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tool/check/CheckSummary.h"
+#include "tool/check/FindingHelp.h"
 #include "tool/check/ReportJson.h"
 #include "tool/check/ReportText.h"
 #include "tool/check/Selection.h"
@@ -89,7 +90,7 @@ void AddPatterns(CLI::App& app, const std::string& name, std::vector<FindingPatt
     app.add_option_function<std::vector<std::string>>(name, take, use)
         ->type_name("VX...")
         ->delimiter(',')
-        ->expected(1);
+        ->allow_extra_args(false);
 }
 
 void AddFailOn(CLI::App& app, Severity& failOn) {
@@ -119,6 +120,8 @@ CommandRun Declare(CLI::App& app) {
         ->transform(CLI::AsSizeValue(false));
     return [arguments] { return CheckRun(*arguments).Run(); };
 }
+
+const HelpRegistration helpRegistration(FindingHelp);
 
 const CommandRegistration registration({"check", "Tell why a package does not open, and what is wrong",
                                         Declare});

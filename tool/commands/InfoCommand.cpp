@@ -27,7 +27,8 @@ std::string KindText(const PackageInfo& info) {
     if (!document.conformance.empty()) text += " (" + document.conformance + ")";
     if (document.mainPart.empty()) return text + ", no main part";
     text += ", main part " + Shown(document.mainPart);
-    return document.kind.empty() ? text + " of type " + Shown(document.contentType) : text;
+    if (!document.kind.empty() || document.contentType.empty()) return text;
+    return text + " of type " + Shown(document.contentType);
 }
 
 std::string ContainerText(const PackageInfo& info) {

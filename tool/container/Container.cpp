@@ -71,10 +71,10 @@ void AddHeader(const LocalHeader& header, ContainerEntry& entry) {
 
 }  // namespace
 
-std::optional<Container> Container::Read(const std::string& path) {
+std::optional<Container> Container::Read(const std::string& path, std::size_t mostEntries) {
     std::optional<zip::ArchiveFile> file = zip::ArchiveFile::Open(path.c_str());
     if (!file) return std::nullopt;
-    Container container(*std::move(file));
+    Container container(*std::move(file), mostEntries);
     if (!container.ReadDirectory()) container.ReadLocalHeaders();
     return container;
 }
@@ -92,10 +92,10 @@ bool Container::ReadDirectory() {
     }
 
     zip::ForwardReader in(file_, place.start, place.end);
-    entries_.reserve(std::min(directory_->Count(), kMostEntries));
+    entries_.reserve(std::min(directory_->Count(), mostEntries_));
     for (const zip::Entry& entry : directory_->Entries()) {
         const std::uint8_t* bytes = in.Peek(zip::kDirectoryHeaderSize);
-        if (bytes == nullptr || entries_.size() == kMostEntries) break;
+        if (bytes == nullptr || entries_.size() == mostEntries_) break;
         const zip::DirectoryHeader header{bytes};
         ContainerEntry& made = entries_.emplace_back(FromDirectory(*directory_, entry));
         made.directoryPosition = place.end - in.Left();
@@ -112,7 +112,7 @@ void Container::ReadLocalHeaders() {
     std::vector<zip::Entry> entries;
     std::string names;
     ScanLocalHeaders(*this, [&](const LocalHeader& header, const std::string& name) {
-        if (entries.size() == kMostEntries) return;
+        if (entries.size() == mostEntries_) return;
         const std::size_t nameAt = names.size();
         zip::AppendEntryName(names, name, kUnix);
         headers.push_back(header);

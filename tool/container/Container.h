@@ -72,11 +72,12 @@ enum class ContainerSource {
 // follows the number of entries.
 class Container {
 public:
-    // More entries than this are counted, but not told of.
     static constexpr std::size_t kMostEntries = 1 << 20;
 
-    // Nothing when the path leads to no readable regular file.
-    static std::optional<Container> Read(const std::string& path);
+    // Nothing when the path leads to no readable regular file. Entries beyond the most are counted,
+    // but not told of.
+    static std::optional<Container> Read(const std::string& path,
+                                         std::size_t mostEntries = kMostEntries);
 
     const vexpa_runtime::zip::ArchiveFile& File() const noexcept { return file_; }
     std::uint64_t FileSize() const noexcept { return file_.Size(); }
@@ -100,12 +101,14 @@ public:
     std::string Bytes(std::uint64_t position, std::uint64_t size) const;
 
 private:
-    explicit Container(vexpa_runtime::zip::ArchiveFile file) : file_(std::move(file)) {}
+    Container(vexpa_runtime::zip::ArchiveFile file, std::size_t mostEntries)
+        : file_(std::move(file)), mostEntries_(mostEntries) {}
     bool ReadDirectory();
     void ReadLocalHeaders();
     std::uint64_t NamePosition(const ContainerEntry& entry) const;
 
     vexpa_runtime::zip::ArchiveFile file_;
+    std::size_t mostEntries_;
     ContainerSource source_ = ContainerSource::None;
     std::shared_ptr<const vexpa_runtime::zip::Directory> directory_;
     std::vector<ContainerEntry> entries_;

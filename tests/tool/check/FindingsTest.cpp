@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <sstream>
+
+#include "tests/tool/check/FindingRows.h"
+#include "tool/check/Groups.h"
+#include "tool/model/OpenPackage.h"
+
+namespace vexpa_test {
+
+std::string Spoiled(const std::function<void(SoundPackage&)>& spoil) {
+    SoundPackage package;
+    spoil(package);
+    return package.Bytes();
+}
+
+namespace {
+
+using namespace vexpa_tool;
+
+// What a deep check finds, no more and no less.
+void ExpectFindings(const FindingRows& rows) {
+    for (const FindingRow& row : rows) {
+        SCOPED_TRACE(row.shows);
+        const ScratchFile file(row.bytes);
+        const bool opens = static_cast<bool>(FindPackage(file.Path()));
+        const CheckReport report = CheckDeeply(row.bytes);
+        EXPECT_EQ(Ids(report), row.ids);
+        EXPECT_EQ(report.opens, opens);
+        EXPECT_EQ(report.Stop() == nullptr, opens);
+    }
+}
+
+TEST(Findings, OfTheFile) {
+    ExpectFindings(FileRows());
+}
+
+TEST(Findings, OfTheArchive) {
+    ExpectFindings(ArchiveRows());
+}
+
+TEST(Findings, OfEntryNames) {
+    ExpectFindings(EntryNameRows());
+}
+
+TEST(Findings, OfContentTypes) {
+    ExpectFindings(ContentTypeRows());
+}
+
+TEST(Findings, OfPackageRelationships) {
+    ExpectFindings(PackageRows());
+}
+
+TEST(Findings, OfPartRelationships) {
+    ExpectFindings(RelationshipRows());
+}
+
+TEST(Findings, OfPartData) {
+    ExpectFindings(PartDataRows());
+}
+
+TEST(Findings, OfHostileShapes) {
+    ExpectFindings(ShapeRows());
+}
+
+// Of a file that is not there, or is a folder, tests of their own tell.
+TEST(Findings, AreEachShownByARow) {
+    std::set<std::string> shown = {"VX001", "VX002", "VX099", "VX608"};
+    for (const FindingRows& rows : {FileRows(), ArchiveRows(), EntryNameRows(), ContentTypeRows(),
+                                    PackageRows(), RelationshipRows(), PartDataRows(), ShapeRows()}) {
+        for (const FindingRow& row : rows) {
+            std::istringstream ids(row.ids);
+            for (std::string id; ids >> id;) shown.insert(id);
+        }
+    }
+    for (const FindingKind& kind : kFindingTable)
+        EXPECT_TRUE(shown.count(IdText(kind.id))) << IdText(kind.id);
+}
+
+TEST(Findings, OfAFileThatCannotBeRead) {
+    for (const std::string path : {"/nowhere/at all", "/tmp"}) {
+        const CheckReport report = CheckPackage(path, {});
+        EXPECT_FALSE(report.opens);
+        EXPECT_EQ(Ids(report), "VX001");
+    }
+}
+
+TEST(Findings, OfANameOutsideTheLocale) {
+    const ScratchFile file(SoundPackage().Bytes(), "\xFF.docx");
+    EXPECT_EQ(Ids(CheckPackage(file.Path(), {})), "VX002");
+}
+
+TEST(Findings, OfARefusalThatNothingExplains) {
+    const ScratchFile file(SoundPackage().Bytes());
+    Subject subject(file.Path(), {});
+    subject.package.Reset();
+    vexpa_tool::Findings findings(false);
+    ReplayOpening(subject, findings);
+    ASSERT_NE(findings.Stop(), nullptr);
+    EXPECT_EQ(findings.Stop()->id, FindingId::UnknownReason);
+}
+
+TEST(Findings, OfMoreEntriesThanAreLookedAt) {
+    CheckOptions options;
+    options.mostEntries = 5;
+    EXPECT_EQ(Ids(CheckBytes(SoundPackage().Bytes(), options)), "");
+    options.mostEntries = 4;
+    EXPECT_EQ(
+        FindingOf(CheckBytes(SoundPackage().Bytes(), options), FindingId::TooManyEntries).severity,
+        Severity::Warning);
+}
+
+TEST(Findings, OfAPartLargerThanTheLimit) {
+    const Vocabulary* none = nullptr;
+    CheckOptions options;
+    options.isDeep = true;
+    options.vocabulary = none;
+    options.largestPart = 100;
+    const CheckReport report = CheckBytes(SoundPackage().Bytes(), options);
+    EXPECT_EQ(FindingOf(report, FindingId::PartNotLookedAt).entry, "[Content_Types].xml");
+}
+
+}  // namespace
+
+}  // namespace vexpa_test
