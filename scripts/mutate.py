@@ -185,6 +185,8 @@ def is_declaration(words):
 def statement_mutants(tokens):
     """Each expression statement left out, and each step out of a loop."""
     for words in statements(tokens):
+        if words[-1].text in ("default", "delete"):
+            continue
         if words[0].text in ("break", "continue"):
             yield words[0].start, words[0].end, ""
         elif len(words) > 1 and words[0].text not in NO_STATEMENT and not is_declaration(words):

@@ -32,9 +32,10 @@ fresh huge pages, whichever is faster for the row. It parses nothing.
 """
 
 
-READING = """libgsf checks no CRC and does not read the content types. POI parses the core properties and hands
-out no bytes of them: a part less. The limit inflates also what no relationship leads to. Other
-than ours:
+READING = """libgsf checks no CRC and does not read the content types; it is given a file that it reads, for over
+a mapped one it hands out stored entries unread. KArchive refuses zip64 archives: it fails where
+there are more than 65,535 entries. POI parses the core properties and hands out no bytes of them: a
+part less. The limit inflates also what no relationship leads to. Other counts than ours:
 """
 
 

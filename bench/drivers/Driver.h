@@ -8,9 +8,9 @@
 //     work parts=12 bytes=34567 largest=9876 relationships=17 checksum=123456789
 //
 // Then passes go untimed until WARM_MS milliseconds are over, and each of the REPETITIONS
-// prints its time and the processor time that it took: `ns 1234567 1200000`. With 0 repetitions there is one pass without a checksum, for
-// timing a whole process from outside; after it comes the process's peak of memory, as
-// `peak 12345678`, from drivers that know it.
+// prints its time and the processor time that it took: `ns 1234567 1200000`. With 0
+// repetitions there is one pass without a checksum, for timing a whole process from outside;
+// after it comes the process's peak of memory, as `peak 12345678`, from drivers that know it.
 #ifndef VEXPA_BENCH_DRIVERS_DRIVER_H_
 #define VEXPA_BENCH_DRIVERS_DRIVER_H_
 

@@ -1,5 +1,8 @@
 // The task with libgsf: its zip reader and its reader of relationships. It checks no CRC and
 // does not read the content types.
+//
+// Over a mapped file it would hand out stored entries without reading them, which is not to hold
+// their bytes; so it reads.
 
 #include <gsf/gsf-infile-zip.h>
 #include <gsf/gsf-open-pkg-utils.h>

@@ -46,7 +46,7 @@ constexpr std::size_t kMaxFileSize = 0xFFFFFFFF;
 // Streams may share sectors in a damaged file, but not so that opening each of them walks
 // the file again and again. For each stream libgsf also clears a bit for each entry of the
 // table, which is a step for so many.
-constexpr std::uint64_t kFreeSteps = 1 << 24;
+constexpr std::uint64_t kFreeSteps = 1 << 20;
 constexpr std::uint64_t kStepsPerSector = 4;
 constexpr std::size_t kEntriesPerStep = 4'096;
 
@@ -54,9 +54,7 @@ class Checker {
 public:
     explicit Checker(std::span<const std::byte> bytes) : bytes_(bytes) {}
 
-    bool Sound() {
-        return ReadHeader() && ReadFat() && ReadDirectory() && ReadMiniFat() && WalkDirectory();
-    }
+    bool Sound() { return ReadHeader() && ReadFat() && ReadDirectory() && WalkDirectory(); }
 
 private:
     using Sectors = std::vector<std::uint32_t>;
@@ -100,6 +98,7 @@ private:
     bool WalkDirectory();
     std::uint8_t TypeOf(std::uint32_t entry, std::size_t at) const;
     bool CheckEntry(std::uint8_t type, std::size_t at);
+    bool CheckStream(std::uint32_t start, std::uint32_t size);
     bool HasSiblings(std::size_t at) const;
 
     std::uint32_t Next(const Table& table, std::uint32_t sector) const;
@@ -110,6 +109,7 @@ private:
     unsigned int sectorShift_ = 9;
     Table fat_;
     Table miniFat_;
+    bool miniFatIsRead_ = false;
     Sectors directory_;
     std::uint64_t steps_ = 0;
 };
@@ -119,6 +119,7 @@ bool Checker::ReadHeader() {
     if (std::memcmp(bytes_.data(), kSignature, sizeof kSignature) != 0) return false;
     sectorShift_ = U16(kSectorShiftAt);
     if (sectorShift_ != 9 && sectorShift_ != 12) return false;
+    if (U32(kMiniFatCountAt) > bytes_.size() >> sectorShift_) return false;
     return U16(kMiniSectorShiftAt) == 6 && U32(kMiniCutoffAt) == kMiniCutoff;
 }
 
@@ -149,9 +150,11 @@ bool Checker::ReadDirectory() {
     return CollectWhole(U32(kDirectoryStartAt), directory_) && !directory_.empty();
 }
 
-// The count in the header means nothing to libgsf, which follows the chain.
+// As libgsf does, when the first stream needs it: writers that have no small streams leave any
+// number for the start. The count in the header means nothing to libgsf, which follows the chain.
 bool Checker::ReadMiniFat() {
-    if (U32(kMiniFatCountAt) > bytes_.size() >> sectorShift_) return false;
+    if (miniFatIsRead_) return true;
+    miniFatIsRead_ = true;
     return CollectWhole(U32(kMiniFatStartAt), miniFat_.sectors) && MakeTable(miniFat_);
 }
 
@@ -236,9 +239,13 @@ std::uint8_t Checker::TypeOf(std::uint32_t entry, std::size_t at) const {
 bool Checker::CheckEntry(std::uint8_t type, std::size_t at) {
     const std::uint32_t start = U32(at + kStartAt);
     if (type == kRootType) return ChainEnds(fat_, start);
-    if (type == kStorageType) return true;
-    const std::uint32_t size = U32(at + kSizeAt);
-    return size <= bytes_.size() && ChainEnds(size < kMiniCutoff ? miniFat_ : fat_, start);
+    return type == kStorageType || CheckStream(start, U32(at + kSizeAt));
+}
+
+bool Checker::CheckStream(std::uint32_t start, std::uint32_t size) {
+    if (size > bytes_.size()) return false;
+    if (size >= kMiniCutoff) return ChainEnds(fat_, start);
+    return ReadMiniFat() && ChainEnds(miniFat_, start);
 }
 
 // A sibling of the root is in no storage, and libgsf would lose the memory it takes for it.

@@ -19,7 +19,7 @@ bool IsSoundCompoundFile(std::span<const std::byte> bytes);
 // so many sectors are two gigabytes. The deepest directory takes libgsf about half a megabyte
 // of stack, and so does a bit for each entry of the largest table.
 constexpr std::size_t kMaxDirectoryDepth = 2'048;
-constexpr std::size_t kMaxStorageElements = 8'192;
+constexpr std::size_t kMaxStorageElements = 2'048;
 constexpr std::size_t kMaxTableEntries = 1 << 22;
 
 }  // namespace vexpa_runtime

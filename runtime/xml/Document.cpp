@@ -6,9 +6,18 @@ namespace vexpa_runtime {
 
 IDomAttribute* Element::GetNamedItem(const char16_t* name) {
     if (name == nullptr) return nullptr;
-    const std::uint32_t wanted = document_->attributeNames.Find(name);
-    if (wanted == NameTable::kUnknown) return nullptr;
+    const std::u16string_view text = name;
     auto attribute = document_->attributes.begin() + first_;
+    // Looking the name up would take longer than looking at the few attributes that most have.
+    constexpr std::uint32_t kFew = 8;
+    if (count_ <= kFew) {
+        for (std::uint32_t i = 0; i < count_; ++i, ++attribute) {
+            if (document_->attributeNames.NameOf(attribute->Name()) == text) return &*attribute;
+        }
+        return nullptr;
+    }
+    const std::uint32_t wanted = document_->attributeNames.Find(text);
+    if (wanted == NameTable::kUnknown) return nullptr;
     for (std::uint32_t i = 0; i < count_; ++i, ++attribute) {
         if (attribute->Name() == wanted) return &*attribute;
     }

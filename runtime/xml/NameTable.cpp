@@ -45,7 +45,8 @@ std::uint32_t NameTable::Intern(std::u16string_view name) {
     char16_t* copy = text_->Allocate(name.size());
     std::copy(name.begin(), name.end(), copy);
     const auto number = static_cast<std::uint32_t>(numbers_.size());
-    numbers_.emplace(std::u16string_view(copy, name.size()), number);
+    names_.emplace_back(copy, name.size());
+    numbers_.emplace(names_.back(), number);
     return number;
 }
 

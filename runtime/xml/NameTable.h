@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "runtime/xml/TextStore.h"
 
@@ -32,11 +33,13 @@ public:
 
     std::uint32_t Intern(std::u16string_view name);
     std::uint32_t Find(std::u16string_view name) const;
+    std::u16string_view NameOf(std::uint32_t number) const { return names_[number]; }
     std::size_t Size() const { return numbers_.size(); }
 
 private:
     TextStore* text_;
     std::unordered_map<std::u16string_view, std::uint32_t, NameHash> numbers_;
+    std::vector<std::u16string_view> names_;  // by number
 };
 
 }  // namespace vexpa_runtime

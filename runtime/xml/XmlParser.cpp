@@ -7,6 +7,7 @@
 
 #include "runtime/com/Guarded.h"
 #include "runtime/xml/Encoding.h"
+#include "runtime/xml/XmlLimits.h"
 
 namespace vexpa_runtime {
 
@@ -81,14 +82,26 @@ void XmlParser::CountDeclaration() noexcept {
     if (++declarations_ > kMaxDeclarations) Stop(E_FAIL);
 }
 
+// Expat runs over all that is declared for an element each time it meets one, and once more for
+// an attribute that is written there: a product that takes seconds in a file of ten kilobytes.
+void XmlParser::CountDeclarationsLookedAt() noexcept {
+    const int written = XML_GetSpecifiedAttributeCount(parser_.get()) / 2;  // names and values
+    declarationsLookedAt_ += (std::uint64_t{1} + static_cast<unsigned>(written)) * declaredAttributes_;
+}
+
+bool XmlParser::IsWithinLimits() const noexcept {
+    const std::uint64_t allowed = kGrowthThreshold + kMaxGrowth * bytesFed_;
+    return builder_.Cost() <= allowed && declarationsLookedAt_ <= allowed &&
+           builder_.Nodes() <= kMaxNodes;
+}
+
 void XMLCALL XmlParser::OnStart(void* self, const XML_Char* name, const XML_Char** attributes) {
     auto& parser = *static_cast<XmlParser*>(self);
     const HRESULT added = Guarded([&] {
         if (++parser.depth_ > kMaxDepth) return E_FAIL;
         parser.builder_.AddElement(name, attributes);
-        const std::uint64_t allowed = kGrowthThreshold + kMaxGrowth * parser.bytesFed_;
-        if (parser.builder_.Cost() > allowed || parser.builder_.Nodes() > kMaxNodes) return E_FAIL;
-        return S_OK;
+        parser.CountDeclarationsLookedAt();
+        return parser.IsWithinLimits() ? S_OK : E_FAIL;
     });
     if (added < 0) parser.Stop(added);
 }
@@ -104,7 +117,9 @@ void XMLCALL XmlParser::OnEntity(void* self, const XML_Char*, int, const XML_Cha
 
 void XMLCALL XmlParser::OnAttribute(void* self, const XML_Char*, const XML_Char*, const XML_Char*,
                                     const XML_Char*, int) {
-    static_cast<XmlParser*>(self)->CountDeclaration();
+    auto& parser = *static_cast<XmlParser*>(self);
+    ++parser.declaredAttributes_;
+    parser.CountDeclaration();
 }
 
 }  // namespace vexpa_runtime

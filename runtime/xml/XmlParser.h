@@ -15,19 +15,13 @@ namespace vexpa_runtime {
 constexpr std::uint32_t kMaxDepth = 10'000;
 
 // Entities and attributes declared by one document. Expat recurses through entities that refer
-// to one another, and runs over all attributes declared for an element each time it meets the
-// element; so their number bounds its stack and its time. A real DTD declares some hundreds.
+// to one another, so their number bounds its stack. A real DTD declares some hundreds.
 constexpr std::uint32_t kMaxDeclarations = 1'000;
 
-// Bytes of a document, and elements and attributes in it. Deflate makes a gigabyte of a megabyte,
-// and each short element costs many times its bytes. The largest real documents here, the
-// relationships of a sheet with as many hyperlinks as it can have, stay well below either.
-constexpr std::uint64_t kMaxBytes = 64 * 1024 * 1024;
-constexpr std::uint64_t kMaxNodes = 4'000'000;
-
-// How much a document may grow, by entities and by defaulted attributes: what the parser
-// expands and what we store of it, for each byte of the stream and beyond the first bytes.
-// Without either it grows eightfold at most, when all is elements of one empty attribute.
+// How much a document may grow, by entities and by declared attributes: what the parser expands,
+// what we store of it and how many declarations are looked at, for each byte of the stream and
+// beyond the first bytes. Without either it grows eightfold at most, when all is elements of one
+// empty attribute.
 constexpr std::uint32_t kMaxGrowth = 16;
 constexpr std::uint32_t kGrowthThreshold = 1 << 20;
 
@@ -57,6 +51,8 @@ private:
     HRESULT Feed(IStream& stream);
     int NextPiece() const;
     void CountDeclaration() noexcept;
+    void CountDeclarationsLookedAt() noexcept;
+    bool IsWithinLimits() const noexcept;
     void Stop(HRESULT reason) noexcept;
     HRESULT Failure() const noexcept;
 
@@ -65,6 +61,8 @@ private:
     std::uint64_t bytesFed_ = 0;
     std::uint32_t depth_ = 0;
     std::uint32_t declarations_ = 0;
+    std::uint32_t declaredAttributes_ = 0;  // of all elements
+    std::uint64_t declarationsLookedAt_ = 0;
     HRESULT stopped_ = S_OK;  // why a handler ended the parse
 };
 

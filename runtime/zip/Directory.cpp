@@ -21,6 +21,7 @@ Directory::Directory(std::vector<Entry> entries, std::string names)
     : entries_(std::move(entries)),
       names_(std::move(names)),
       slots_(std::bit_ceil(2 * entries_.size() + 1), Slot{0, kFree}),
+      damage_(entries_.size()),
       patterns_(PatternSearch::StepsFor(names_.size())) {
     entries_.shrink_to_fit();
     names_.shrink_to_fit();
@@ -48,7 +49,7 @@ const Entry* Directory::Find(std::string_view name) const noexcept {
 
 std::size_t Directory::MemoryUse() const noexcept {
     return sizeof *this + entries_.capacity() * sizeof(Entry) + names_.capacity() +
-           slots_.capacity() * sizeof(Slot);
+           slots_.capacity() * sizeof(Slot) + damage_.capacity();
 }
 
 }  // namespace vexpa_runtime::zip

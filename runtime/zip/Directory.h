@@ -2,6 +2,7 @@
 #ifndef VEXPA_RUNTIME_ZIP_DIRECTORY_H_
 #define VEXPA_RUNTIME_ZIP_DIRECTORY_H_
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -43,6 +44,11 @@ public:
 
     PatternSearch& Patterns() const noexcept { return patterns_; }
 
+    // What reading has found of an entry. A damaged one can unpack to a thousand times its size
+    // before that shows, and may be asked for under thousands of names: once is enough.
+    bool IsDamaged(const Entry& entry) const noexcept { return Damage(entry); }
+    void NoteDamage(const Entry& entry) const noexcept { Damage(entry) = true; }
+
     std::size_t MemoryUse() const noexcept;
 
 private:
@@ -53,12 +59,17 @@ private:
         std::uint32_t entry;
     };
 
+    std::atomic<bool>& Damage(const Entry& entry) const noexcept {
+        return damage_[static_cast<std::size_t>(&entry - entries_.data())];
+    }
+
     // The slot that holds `name`, or the free one where it belongs.
     std::size_t SlotOf(std::string_view name, std::uint64_t hash) const noexcept;
 
     std::vector<Entry> entries_;
     std::string names_;
     std::vector<Slot> slots_;
+    mutable std::vector<std::atomic<bool>> damage_;  // by entry
     mutable PatternSearch patterns_;
 };
 

@@ -60,14 +60,15 @@ bool LiesInFile(const ArchiveFile& file, std::uint64_t position, std::uint64_t s
     return position <= file.Size() && size <= file.Size() - position;
 }
 
-std::optional<EntryBytes> Checked(Block block, const Entry& entry) {
+std::optional<EntryBytes> Checked(Block block, const Entry& entry, bool& isDamaged) {
     const auto size = static_cast<std::size_t>(entry.size);
-    if (libdeflate_crc32(0, block.get(), size) != entry.crc) return std::nullopt;
+    isDamaged = libdeflate_crc32(0, block.get(), size) != entry.crc;
+    if (isDamaged) return std::nullopt;
     if (size == 0) block.reset();
     return EntryBytes{std::move(block), size};
 }
 
-std::optional<EntryBytes> ReadStored(const ArchiveFile& file, const Entry& entry) {
+std::optional<EntryBytes> ReadStored(const ArchiveFile& file, const Entry& entry, bool& isDamaged) {
     std::uint8_t header[kLocalHeaderSize];
     if (!file.ReadAt(entry.headerPosition, header, sizeof header)) return std::nullopt;
     const std::size_t headerSize = LocalHeaderSize(header);
@@ -78,21 +79,22 @@ std::optional<EntryBytes> ReadStored(const ArchiveFile& file, const Entry& entry
     Block block = Allocate(entry.size);
     if (!file.ReadAt(dataPosition, block.get(), static_cast<std::size_t>(entry.size)))
         return std::nullopt;
-    return Checked(std::move(block), entry);
+    return Checked(std::move(block), entry, isDamaged);
 }
 
-std::optional<EntryBytes> InflateEntry(std::span<const std::uint8_t> compressed, const Entry& entry) {
+std::optional<EntryBytes> InflateEntry(std::span<const std::uint8_t> compressed, const Entry& entry,
+                                       bool& isDamaged) {
     Block block = Allocate(entry.size);
     // Some writers give an empty entry the method but no data at all.
     const bool nothing = compressed.empty() && entry.size == 0;
-    if (!nothing && !Inflate(compressed, block.get(), static_cast<std::size_t>(entry.size))) {
-        return std::nullopt;
-    }
-    return Checked(std::move(block), entry);
+    isDamaged = !nothing && !Inflate(compressed, block.get(), static_cast<std::size_t>(entry.size));
+    if (isDamaged) return std::nullopt;
+    return Checked(std::move(block), entry, isDamaged);
 }
 
 // Header and data come with one read where the header is no longer than most.
-std::optional<EntryBytes> ReadDeflated(const ArchiveFile& file, const Entry& entry) {
+std::optional<EntryBytes> ReadDeflated(const ArchiveFile& file, const Entry& entry,
+                                       bool& isDamaged) {
     const auto compressedSize = static_cast<std::size_t>(entry.compressedSize);
     const ScratchBuffer buffer(static_cast<std::size_t>(
         std::min(kLikelyHeaderSize + entry.compressedSize, file.Size() - entry.headerPosition)));
@@ -105,17 +107,21 @@ std::optional<EntryBytes> ReadDeflated(const ArchiveFile& file, const Entry& ent
     if (!LiesInFile(file, dataPosition, compressedSize)) return std::nullopt;
 
     if (headerSize + compressedSize <= bytes.size()) {
-        return InflateEntry(bytes.subspan(headerSize, compressedSize), entry);
+        return InflateEntry(bytes.subspan(headerSize, compressedSize), entry, isDamaged);
     }
     if (!file.ReadAt(dataPosition, bytes.data(), compressedSize)) return std::nullopt;
-    return InflateEntry(bytes.first(compressedSize), entry);
+    return InflateEntry(bytes.first(compressedSize), entry, isDamaged);
 }
 
 }  // namespace
 
-std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry) {
+std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry, bool* isDamaged) {
+    bool ignored = false;
+    bool& damaged = isDamaged == nullptr ? ignored : *isDamaged;
+    damaged = false;
     if (!IsPlausible(file, entry)) return std::nullopt;
-    return entry.method == kStored ? ReadStored(file, entry) : ReadDeflated(file, entry);
+    return entry.method == kStored ? ReadStored(file, entry, damaged)
+                                   : ReadDeflated(file, entry, damaged);
 }
 
 }  // namespace vexpa_runtime::zip

@@ -25,7 +25,11 @@ struct EntryBytes {
 // on another disk or uses a method other than stored and deflate, when its data runs out of the
 // file, and when the bytes are not as many or not those (CRC) that the directory says. Nothing is
 // allocated on the word of a directory that cannot be true. Throws only when memory is exhausted.
-std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry);
+//
+// *isDamaged, when asked for, tells whether the data could be read but is not what the directory
+// says, so that to read it again from the same file is of no use.
+std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry,
+                                    bool* isDamaged = nullptr);
 
 }  // namespace vexpa_runtime::zip
 

@@ -50,7 +50,7 @@ std::optional<Prospect> LookUp(DirectoryCache& cache, const char* path, std::str
     auto directory = cache.Find(*identity);
     if (directory == nullptr) return Prospect{*identity, nullptr, nullptr};
     const Entry* entry = FindEntry(*directory, request);
-    if (entry == nullptr) return std::nullopt;
+    if (entry == nullptr || directory->IsDamaged(*entry)) return std::nullopt;
     return Prospect{*identity, std::move(directory), entry};
 }
 
@@ -65,7 +65,9 @@ std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::
         prospect.entry = FindEntry(*prospect.directory, request);
         if (prospect.entry == nullptr) return std::nullopt;
     }
-    std::optional<EntryBytes> bytes = ReadEntry(*file, *prospect.entry);
+    bool isDamaged = false;
+    std::optional<EntryBytes> bytes = ReadEntry(*file, *prospect.entry, &isDamaged);
+    if (isDamaged && file->IsUnchanged()) prospect.directory->NoteDamage(*prospect.entry);
     if (!bytes || file->IsUnchanged()) return bytes;
     // It may only have been replaced: then all that was in it is still there.
     return ReadTwice(*file, request);

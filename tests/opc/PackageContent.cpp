@@ -127,17 +127,18 @@ std::string DescribeStorage(IStorage& storage) {
         for (const Element& element : ElementsOf(current)) {
             const std::string name = path + '/' + Narrow(element.name);
             if (!names.insert(name).second) continue;
-            lines += name + ' ' + std::to_string(element.size) + ' ';
+            const std::string line = name + ' ' + std::to_string(element.size) + ' ';
             ComPtr<IStorage> inner;
             ComPtr<IStream> stream;
             if (element.isStorage) {
-                if (current.OpenStorage(element.name.c_str(), nullptr, 0, nullptr, 0, inner.Out()) ==
+                if (current.OpenStorage(element.name.c_str(), nullptr, 0, nullptr, 0, inner.Out()) !=
                     S_OK)
-                    open.emplace_back(name, std::move(inner));
+                    continue;
+                lines += line + "storage\n";
+                open.emplace_back(name, std::move(inner));
             } else if (current.OpenStream(element.name.c_str(), nullptr, 0, 0, stream.Out()) == S_OK) {
-                lines += ReadBytes(*stream.Get()).value_or("cannot be read");
+                if (const auto bytes = ReadBytes(*stream.Get())) lines += line + *bytes + '\n';
             }
-            lines += '\n';
         }
     };
     describe("", storage);

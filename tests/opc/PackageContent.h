@@ -32,8 +32,8 @@ struct PackageContent {
 std::optional<PackageContent> ReadPackage(const std::u16string& path);
 PackageContent ReadContent(tarn::opc::Package& package);
 
-// All elements below a storage with their content. A name met twice ends it: where two
-// storages have one name, the first would be read in place of the other without end.
+// All elements below a storage that can be read, with their content. A name met twice ends it: where
+// two storages have one name, the first would be read in place of the other without end.
 std::string DescribeStorage(IStorage& storage);
 
 // What `seen` shows that none of `versions` of the package has; empty when there is no such

@@ -83,19 +83,23 @@ std::string OverlapOfAMegabyte() {
 }
 
 std::string BlanksForContentTypes() {
-    return PackageOf("", Repeated(" ", kNearlyAGigabyte)).Bytes();
+    return PackageOf("", Repeated(" ", 31 * kMegabyte)).Bytes();
 }
 
 std::string BlanksForRelationships() {
+    return PackageOf(Repeated(" ", 31 * kMegabyte)).Bytes();
+}
+
+std::string TooManyBlanks() {
     return PackageOf(Repeated(" ", kNearlyAGigabyte)).Bytes();
 }
 
 std::string ElementsForContentTypes() {
-    return PackageOf("", Repeated("<a/>", 3'900'000)).Bytes();
+    return PackageOf("", Repeated("<a/>", 1'999'000)).Bytes();
 }
 
 std::string EmptyRelationships() {
-    return PackageOf(Repeated("<Relationship Id=''/>", 1'900'000)).Bytes();
+    return PackageOf(Repeated("<Relationship Id=''/>", 999'000)).Bytes();
 }
 
 std::string EmptyRelationshipsOfManyParts() {
@@ -104,32 +108,32 @@ std::string EmptyRelationshipsOfManyParts() {
     ZipFile zip = PackageOf(Each(kParts, [&](std::size_t i) { return Related(name(i), name(i)); }));
     for (std::size_t i = 0; i < kParts; ++i) {
         zip.Add(name(i), "").stored = true;
-        zip.Add("_rels/" + name(i) + ".rels", Root(Repeated("<Relationship Id=''/>", 1'900'000)));
+        zip.Add("_rels/" + name(i) + ".rels", Root(Repeated("<Relationship Id=''/>", 999'000)));
     }
     return zip.Bytes();
 }
 
 std::string ElementsInStreamsOfManyParts() {
-    constexpr std::size_t kParts = 60;
+    constexpr std::size_t kParts = 120;
     const auto name = [](std::size_t i) { return std::to_string(i); };
     ZipFile zip = PackageOf(Each(kParts, [&](std::size_t i) { return Related(name(i), name(i)); }));
     for (std::size_t i = 0; i < kParts; ++i) {
         zip.Add(name(i), "").stored = true;
-        zip.Add("_rels/" + name(i) + ".rels", Root(Repeated("<a/>", 3'900'000)));
+        zip.Add("_rels/" + name(i) + ".rels", Root(Repeated("<a/>", 1'999'000)));
     }
     return zip.Bytes();
 }
 
 std::string ALongTarget() {
-    return PartOf(Related("1", Repeated("t", 60 * kMegabyte))).Bytes();
+    return PartOf(Related("1", Repeated("t", 31 * kMegabyte))).Bytes();
 }
 
 std::string ATargetOfSteps() {
-    return PartOf(Related("1", Repeated("../", 20 * kMegabyte))).Bytes();
+    return PartOf(Related("1", Repeated("../", 10 * kMegabyte))).Bytes();
 }
 
 std::string ATargetOfEscapes() {
-    return PartOf(Related("1", Repeated("%41", 20 * kMegabyte))).Bytes();
+    return PartOf(Related("1", Repeated("%41", 10 * kMegabyte))).Bytes();
 }
 
 std::string ContentTypeOfManyParts() {
@@ -152,7 +156,7 @@ std::uint32_t Link(std::vector<RawEntry>& entries, std::uint32_t first, std::uin
 }
 
 std::string WideCompoundFile() {
-    constexpr std::uint32_t kElements = 4'090;
+    constexpr std::uint32_t kElements = 2'040;
     std::vector<RawEntry> entries(kElements + 1);
     entries[0].type = 5;
     for (std::uint32_t i = 1; i <= kElements; ++i) {
@@ -164,7 +168,7 @@ std::string WideCompoundFile() {
 }
 
 std::string CompoundFiles() {
-    constexpr std::size_t kParts = 20;
+    constexpr std::size_t kParts = 72;
     const auto name = [](std::size_t i) { return std::to_string(i) + ".bin"; };
     const std::string compound = WideCompoundFile();
     ZipFile zip = PackageOf(Each(kParts, [&](std::size_t i) { return Related(name(i), name(i)); }));
@@ -183,6 +187,7 @@ std::vector<Shape> BombShapes() {
         {"overlap of 1 MB", OverlapOfAMegabyte},
         {"blanks for content types", BlanksForContentTypes},
         {"blanks for relationships", BlanksForRelationships},
+        {"too many blanks", TooManyBlanks},
         {"elements for content types", ElementsForContentTypes},
         {"empty relationships", EmptyRelationships},
         {"empty relationships of many parts", EmptyRelationshipsOfManyParts},

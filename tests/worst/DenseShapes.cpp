@@ -61,7 +61,7 @@ std::string RelationshipsOfAPart() {
 }
 
 std::string RelationshipsThatClimb() {
-    return PartOf(Each(120'000, [](std::size_t i) { return Related(Number(i), "../../" + Number(i)); }))
+    return PartOf(Each(280'000, [](std::size_t i) { return Related(Number(i), "../../" + Number(i)); }))
         .Bytes();
 }
 
@@ -71,12 +71,12 @@ std::string RelationshipsInALongFolder() {
     ZipFile zip = PackageOf(Related("0", folder + "/a"));
     zip.Add(folder + "/a", "").stored = true;
     zip.Add(folder + "/_rels/a.rels",
-            Root(Each(150'000, [](std::size_t i) { return Related(Number(i), Number(i)); })));
+            Root(Each(280'000, [](std::size_t i) { return Related(Number(i), Number(i)); })));
     return zip.Bytes();
 }
 
 std::string Overrides() {
-    return PackageOf("", Each(170'000,
+    return PackageOf("", Each(560'000,
                               [](std::size_t i) {
                                   return "<Override PartName='" + Number(i) + "' ContentType=''/>";
                               }))
@@ -84,7 +84,7 @@ std::string Overrides() {
 }
 
 std::string Defaults() {
-    return PackageOf("", Each(170'000,
+    return PackageOf("", Each(560'000,
                               [](std::size_t i) {
                                   return "<Default Extension='" + Number(i) + "' ContentType=''/>";
                               }))
@@ -93,7 +93,7 @@ std::string Defaults() {
 
 std::string AttributesOfOneElement() {
     return PackageOf(
-               "", "<a " + Each(220'000, [](std::size_t i) { return "b" + Number(i) + "='' "; }) + "/>")
+               "", "<a " + Each(760'000, [](std::size_t i) { return "b" + Number(i) + "='' "; }) + "/>")
         .Bytes();
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -97,6 +99,35 @@ TEST(EntryNameSet, KeepsNamesApartThatShareAHash) {
     EXPECT_EQ(set.GetCount(), 8u);
 }
 
+// In the order of their names these come in the reverse order of their hashes, all of which
+// belong into the first of sixteen buckets.
+TEST(EntryNameSet, FindsEveryNameOfABucketWhateverOrderTheyCameIn) {
+    std::vector<std::u16string> names;
+    for (char16_t i = 0; i < 5; ++i) {
+        names.push_back(static_cast<char16_t>(u'g' - i) + std::u16string(i + 1U, u'@'));
+        ASSERT_EQ(HashEntryName(names.back()) % 16, 0u);
+    }
+    ASSERT_TRUE(std::is_sorted(names.begin(), names.end(), [](const auto& a, const auto& b) {
+        return HashEntryName(a) < HashEntryName(b);
+    }));
+    ASSERT_TRUE(std::is_sorted(names.rbegin(), names.rend()));
+    std::vector<int> order(names.size());
+    std::iota(order.begin(), order.end(), 0);
+    do {
+        EntryNameSet set;
+        for (const int i : order) ASSERT_TRUE(Insert(set, names[static_cast<std::size_t>(i)]));
+        for (const std::u16string& name : names) ASSERT_TRUE(set.Contains(name.c_str()));
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST(EntryNameSet, TakesNamesForTwoThatDifferInTheCaseOfLettersOutsideAscii) {
+    ASSERT_EQ(_Xu2_stricmp(u"\u00c4", u"\u00e4"), 0);
+    EntryNameSet set;
+    EXPECT_TRUE(Insert(set, u"\u00c4"));
+    EXPECT_TRUE(Insert(set, u"\u00e4"));
+    EXPECT_EQ(set.GetCount(), 2u);
+}
+
 TEST(EntryNameSet, TakesABucketOfMoreThanASmallBlockHolds) {
     EntryNameSet set;
     constexpr unsigned kNames = 33'000;  // a block of 32768 is large already, and gets full
@@ -112,8 +143,8 @@ TEST(EntryNameSet, IsEmptyAgainAfterClear) {
     set.Clear();
     EXPECT_EQ(set.GetCount(), 0u);
     EXPECT_EQ(set.GetBucketCount(), 16u);
-    EXPECT_FALSE(set.Contains(u"part1"));
-    EXPECT_TRUE(Insert(set, u"part1"));
+    for (int i = 0; i < 100; ++i) ASSERT_FALSE(set.Contains(Numbered(i).c_str()));
+    for (int i = 0; i < 100; ++i) ASSERT_TRUE(Insert(set, Numbered(i)));
 }
 
 }  // namespace

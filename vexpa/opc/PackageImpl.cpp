@@ -18,8 +18,7 @@ void PackageImpl::Release() {
 void PackageImpl::Close() {
     ownedObjects_.clear();
     relationships_.Clear();
-    for (const std::unique_ptr<PartImpl>& part : parts_) part->Close();
-    parts_.clear();
+    parts_.clear();  // a part that ends closes itself
     archive_.Close();
 }
 

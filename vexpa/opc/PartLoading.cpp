@@ -52,16 +52,18 @@ void PackageImpl::ReadPartRelationships(PartImpl& part) {
     }
     ComPtr<IStream> stream;
     if (Failed(_XCreateStreamOnHGBL(block, zip::kFreeBlockOnRelease, stream.Out()))) return;
-    if (!allowance_.TakeText(size)) return;
 
     ComPtr<IDomDocument> document;
     ParseDocument(stream.Get(), document.Out());
-    if (!document) return;
-    ReadRelationships(*document.Get(), source, [&](std::unique_ptr<RelationshipImpl> relationship) {
+    std::size_t count = 0;
+    const auto file = [&](std::unique_ptr<RelationshipImpl> relationship) {
         if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         part.Relationships().File(std::move(relationship), ownedObjects_);
+        ++count;
         return true;
-    });
+    };
+    if (document) ReadRelationships(*document.Get(), source, file);
+    allowance_.CountText(size, count);
 }
 
 }  // namespace tarn::opc

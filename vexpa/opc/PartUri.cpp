@@ -23,8 +23,22 @@ bool IsInvariant(Unit unit) {
     return unit >= 0x20 && unit < 0x7E && unit != '\\';
 }
 
-// Nearly every name is of invariant characters only, and Qt's codecs cost more than the
-// parsing; the result is the same.
+// True for the characters that stand for themselves in a path, whatever is around them. One that
+// may begin something else, like ':' or '?', is not among them, nor is '~', see above.
+bool IsPlain(char16_t unit) {
+    if (unit >= u'a' && unit <= u'z') return true;
+    if (unit >= u'-' && unit <= u'9') return true;  // - . / 0 to 9
+    return (unit >= u'A' && unit <= u'Z') || unit == u'_';
+}
+
+// Nearly every name is a path and nothing else, without need of the parser.
+bool IsPlainPath(const std::u16string& name) {
+    const bool hasAuthority = name.size() > 1 && name[0] == u'/' && name[1] == u'/';
+    return !hasAuthority && std::all_of(name.begin(), name.end(), IsPlain);
+}
+
+// Most others are of invariant characters only, and Qt's codecs cost more than the parsing; the
+// result is the same.
 QByteArray ToLocal(const std::u16string& text) {
     if (!std::all_of(text.begin(), text.end(), IsInvariant<char16_t>)) {
         return QString::fromUtf16(text.c_str()).toLocal8Bit();
@@ -47,12 +61,15 @@ std::u16string FromLocal(const char* text) {
 }  // namespace
 
 PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
-    if (name.size() > kLongestName) return;
-    const QByteArray local = ToLocal(name);
-    if (local.isEmpty()) return;
-
+    if (name.empty() || name.size() > kLongestName) return;
     const ScratchUriComponents parsed;
     if (!parsed) return;
+    if (IsPlainPath(name)) {
+        path = name;
+        return;
+    }
+    const QByteArray local = ToLocal(name);
+    if (local.isEmpty()) return;
     const std::string_view text(local.constData(), static_cast<std::size_t>(local.size()));
     if (ParseUri(text, *parsed) != UriStatus::Parsed) return;
 

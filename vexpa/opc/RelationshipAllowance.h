@@ -2,41 +2,46 @@
 #ifndef VEXPA_OPC_RELATIONSHIPALLOWANCE_H_
 #define VEXPA_OPC_RELATIONSHIPALLOWANCE_H_
 
+#include <algorithm>
 #include <cstddef>
 
 namespace tarn::opc {
 
 // A relationship takes half a kilobyte of memory and more, and deflate makes room for fifty million
-// of them in a file of a megabyte. Sound packages have some thousands; the largest, with every
-// sheet full of hyperlinks, some hundred thousand.
+// of them in a file of a megabyte. Sound packages have some thousands; the largest, with many sheets
+// full of hyperlinks, some hundred thousand.
 //
-// The text is counted besides, as XML takes time whether or not it holds relationships.
+// What a stream holds besides takes time to parse. Sound streams hold next to nothing.
 class RelationshipAllowance {
 public:
-    static constexpr std::size_t kMostText = 256UL << 20;
-    static constexpr std::size_t kMostMemory = 1UL << 30;
+    static constexpr std::size_t kMostMemory = 512UL << 20;
+    static constexpr std::size_t kMostPadding = 16UL << 20;
 
-    explicit RelationshipAllowance(std::size_t text = kMostText,
-                                   std::size_t memory = kMostMemory) noexcept
-        : textLeft_(text), memoryLeft_(memory) {}
+    explicit RelationshipAllowance(std::size_t memory = kMostMemory,
+                                   std::size_t padding = kMostPadding) noexcept
+        : memoryLeft_(memory), paddingLeft_(padding) {}
 
-    // Whether a stream of so many bytes may be parsed, and a relationship that takes so many be
-    // kept. After one that may not, no other of its kind may.
-    bool TakeText(std::size_t bytes) noexcept { return Take(bytes, textLeft_); }
-    bool TakeMemory(std::size_t bytes) noexcept { return Take(bytes, memoryLeft_); }
-
-    // Whether no stream need be read any more.
-    bool IsUsedUp() const noexcept { return textLeft_ == 0 || memoryLeft_ == 0; }
-
-private:
-    static bool Take(std::size_t bytes, std::size_t& left) noexcept {
-        const bool may = bytes <= left;
-        left = may ? left - bytes : 0;
+    // Whether a relationship that takes so many bytes may be kept. After one that may not, no
+    // other may.
+    bool TakeMemory(std::size_t bytes) noexcept {
+        const bool may = bytes <= memoryLeft_;
+        memoryLeft_ = may ? memoryLeft_ - bytes : 0;
         return may;
     }
 
-    std::size_t textLeft_;
+    // Counts the text of a stream of which this many relationships were made.
+    void CountText(std::size_t bytes, std::size_t relationships) noexcept {
+        constexpr std::size_t kTextOfOne = 2560;  // applications take links of 2,083 characters
+        const std::size_t padding = bytes - std::min(bytes, relationships * kTextOfOne);
+        paddingLeft_ -= std::min(padding, paddingLeft_);
+    }
+
+    // Whether streams need be read any more.
+    bool IsUsedUp() const noexcept { return memoryLeft_ == 0 || paddingLeft_ == 0; }
+
+private:
     std::size_t memoryLeft_;
+    std::size_t paddingLeft_;
 };
 
 }  // namespace tarn::opc

@@ -15,7 +15,16 @@ void RelationshipIndex::File(std::unique_ptr<Relationship> relationship, OwnedOb
     } else {
         refused.push_back(std::move(relationship));
     }
-    relationshipsByType_.try_emplace(NormalizeRelationshipType(CopyText(filed->GetType())), filed);
+    FileByType(filed);
+}
+
+// Relationships of one type mostly follow each other, and folding a type takes longer than seeing
+// that it is the one that was folded last.
+void RelationshipIndex::FileByType(Relationship* relationship) {
+    std::u16string type = CopyText(relationship->GetType());
+    if (!relationshipsByType_.empty() && type == lastType_) return;
+    relationshipsByType_.try_emplace(NormalizeRelationshipType(type), relationship);
+    lastType_ = std::move(type);
 }
 
 Relationship* RelationshipIndex::FindById(const unsigned short* id) const {
@@ -42,6 +51,7 @@ RelationshipRange RelationshipIndex::FindRange(const unsigned short* type) const
 
 void RelationshipIndex::Clear() noexcept {
     relationshipsByType_.clear();
+    lastType_.clear();
     RelationshipMap owned;
     owned.swap(relationshipsById_);
     for (const auto& entry : owned) delete entry.second;

@@ -33,8 +33,11 @@ public:
     void Clear() noexcept;
 
 private:
+    void FileByType(Relationship* relationship);
+
     RelationshipMap relationshipsById_;
     RelationshipMap relationshipsByType_;  // does not own
+    std::u16string lastType_;              // as written
 };
 
 }  // namespace tarn::opc

@@ -14,7 +14,7 @@ namespace tarn::opc {
 // directory is looked for once.
 struct RelationshipSource {
     explicit RelationshipSource(const char16_t* source)
-        : uri(source), directory(SourceDirectory(uri.name)) {}
+        : uri(source), directory(uri.name.empty() ? u"" : SourceDirectory(uri.name)) {}
 
     PartUri uri;
     std::u16string directory;

@@ -24,7 +24,7 @@ std::uint32_t HashEntryName(std::u16string_view name) noexcept {
     for (const char16_t unit : name) {
         hash = (hash << 4) + FoldAscii(unit);
         const std::uint32_t high = hash & 0xF0000000;
-        if (high != 0) hash ^= high >> 24;
+        hash ^= high >> 24;
         hash &= ~high;
     }
     return hash;

@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "runtime/com/StreamBase.h"
 #include "tests/runtime/com/Blocks.h"
 
 namespace vexpa_test {
@@ -260,6 +261,44 @@ TEST(BlockStream, ReportsTheTargetThatCannotBeWritten) {
     EXPECT_EQ(source->CopyTo(nullptr, 3, &read, &written), E_INVALIDARG);
     EXPECT_EQ(read, 0u);
     _XGblUnlock(block);
+}
+
+// A target that takes fewer bytes than it is given, without an error.
+class ReluctantStream final : public vexpa_runtime::StreamBase {
+public:
+    ReluctantStream() : StreamBase(0) {}
+    HRESULT Read(void*, std::uint32_t, std::uint32_t*) override { return result; }
+    HRESULT Write(const void*, std::uint32_t size, std::uint32_t* written) override {
+        *written = size - 1;
+        return S_OK;
+    }
+    HRESULT SetSize(std::uint64_t) override { return E_FAIL; }
+    HRESULT Stat(STATSTG*, std::uint32_t) override { return E_FAIL; }
+    HRESULT Clone(IStream**) override { return E_FAIL; }
+
+    HRESULT result = S_OK;
+
+private:
+    std::uint64_t Size() const noexcept override { return 10; }
+};
+
+TEST(BlockStream, FailsToCopyToATargetThatTakesLess) {
+    ComPtr<IStream> target(new ReluctantStream);
+    std::uint64_t read = 99, written = 99;
+    EXPECT_EQ(StreamOver("abc")->CopyTo(target.Get(), 3, &read, &written), E_FAIL);
+    EXPECT_EQ(read, 3u);
+    EXPECT_EQ(written, 2u);
+}
+
+TEST(StreamCopy, EndsWhereTheSourceFailsOrHasNoMoreBytes) {
+    ComPtr<ReluctantStream> source(new ReluctantStream);
+    ComPtr<IStream> target = StreamOver("");
+    std::uint64_t read = 99, written = 99;
+    EXPECT_EQ(source->CopyTo(target.Get(), 10, &read, &written), S_OK);
+    EXPECT_EQ(read + written, 0u);
+    source->result = E_FAIL;
+    EXPECT_EQ(source->CopyTo(target.Get(), 10, nullptr, nullptr), E_FAIL);
+    EXPECT_EQ(SizeOf(*target.Get()), 0u);
 }
 
 TEST(BlockStream, HasNothingToCommitAndLocksNoRegions) {

@@ -122,6 +122,18 @@ TEST(CompoundCheck, FollowsTheMiniFatAlsoWithoutACount) {
     }
 }
 
+// A writer without small streams may leave 0 there, where the data of a stream begins.
+TEST(CompoundCheck, LooksAtTheMiniFatOnlyForSmallStreams) {
+    for (const std::uint32_t size : {4'096u, 4'095u}) {
+        SCOPED_TRACE(size);
+        const RawEntry stream{u"S", 2, kNoEntry, kNoEntry, kNoEntry, kEndOfChain, size};
+        std::string bytes = RawCompoundBytes({Root(1), stream}, 8);
+        Put32(bytes, 60, 2);
+        Put32(bytes, 3 * 512, 0x12345678);
+        EXPECT_EQ(OpensWith(bytes), size == 4'096u);
+    }
+}
+
 // libgsf reads no further, and goes on with zeros.
 TEST(CompoundCheck, RefusesTablesWithNumbersThatMeanNothing) {
     EXPECT_TRUE(OpensWith(WithMiniFat(1, kEndOfChain, 127)));
@@ -160,7 +172,7 @@ TEST(CompoundCheck, RefusesADirectoryWhoseChainRunsInACircle) {
 
 // Each of many streams claims one long chain: opening them all would walk it again and again.
 TEST(CompoundCheck, RefusesManyStreamsOverOneLongChain) {
-    constexpr std::uint32_t kStreams = 4'000;
+    constexpr std::uint32_t kStreams = 2'000;
     constexpr std::uint32_t kSectors = 8'000;
     std::vector<RawEntry> directory{Root(1)};
     for (std::uint32_t i = 1; i <= kStreams; ++i) {

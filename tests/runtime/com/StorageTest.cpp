@@ -305,6 +305,25 @@ TEST(StorageStream, IsReadOnly) {
     EXPECT_EQ(ReadAll(*stream.Get()), "small content");
 }
 
+TEST(StorageStream, RefusesNullMemoryForBytesButNotForNone) {
+    ComPtr<IStorage> storage = OpenBytes(SampleBytes());
+    ComPtr<IStream> stream = OpenStream(*storage.Get(), u"Small");
+    std::uint32_t read = 99;
+    EXPECT_EQ(stream->Read(nullptr, 1, &read), E_INVALIDARG);
+    EXPECT_EQ(read, 0u);
+    EXPECT_EQ(stream->Read(nullptr, 0, &read), S_OK);
+}
+
+TEST(StorageStream, ReadsAndRefusesToWriteWithoutACount) {
+    ComPtr<IStorage> storage = OpenBytes(SampleBytes());
+    ComPtr<IStream> stream = OpenStream(*storage.Get(), u"Small");
+    char bytes[5];
+    EXPECT_EQ(stream->Read(bytes, sizeof bytes, nullptr), S_OK);
+    EXPECT_EQ(std::string(bytes, sizeof bytes), "small");
+    EXPECT_EQ(stream->Write("x", 1, nullptr), E_ACCESSDENIED);
+    EXPECT_EQ(ReadRest(*stream.Get()), " content");
+}
+
 TEST(StorageStream, SeeksAndReadsAnywhere) {
     const std::string content = Pattern(100'000);
     ComPtr<IStorage> storage = OpenBytes(SampleBytes());

@@ -13,6 +13,10 @@ TEST(StrLen, CountsUnitsNotCharacters) {
     EXPECT_EQ(u_strlen(u""), 0u);
 }
 
+TEST(StrLen, IsZeroForNull) {
+    EXPECT_EQ(u_strlen(nullptr), 0u);
+}
+
 TEST(StrNLen, StopsAtTheLimitOfATextWithoutAnEnd) {
     const std::array<char16_t, 3> units = {u'a', u'b', u'c'};
     EXPECT_EQ(u_strnlen_s(units.data(), units.size()), 3u);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "runtime/Runtime.h"
+#include "tests/support/FailingMalloc.h"
 
 namespace {
 
@@ -38,6 +39,12 @@ TEST(SystemString, IsATextForTheEmptyText) {
 
 TEST(SystemString, IsNullForNull) {
     EXPECT_EQ(_XSysAllocString(nullptr), nullptr);
+}
+
+TEST(SystemString, IsNullWhenMemoryIsExhausted) {
+    const vexpa_test::FailingMalloc failing;
+    EXPECT_EQ(_XSysAllocString(u"text"), nullptr);
+    EXPECT_TRUE(failing.HasFailed());
 }
 
 TEST(SystemString, FreeingNullDoesNothing) {

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "runtime/xml/XmlLimits.h"
 #include "runtime/xml/XmlParser.h"
 #include "tests/runtime/xml/Dom.h"
 #include "tests/support/ScratchFile.h"
@@ -118,6 +119,24 @@ TEST(HostileXml, RefusesManyDeclaredAttributes) {
         EXPECT_EQ(ParseResult(DeclaredAttributes(kMaxDeclarations, rest) + "<r/>"), S_OK);
         EXPECT_EQ(ParseResult(DeclaredAttributes(kMaxDeclarations + 1, rest) + "<r/>"), E_FAIL);
     }
+}
+
+// Few enough declarations, and few enough elements: but the parser's work is their product.
+TEST(HostileXml, RefusesDeclaredAttributesOfManyElements) {
+    for (const char* element : {"<a/>", "<a x1=' 1 ' x2=' 2 '/>"}) {
+        SCOPED_TRACE(element);
+        const std::string many = "<r>" + Repeat(element, 100'000) + "</r>";
+        EXPECT_EQ(ParseResult(DeclaredAttributes(10, "NMTOKENS #IMPLIED") + many), S_OK);
+        EXPECT_EQ(ParseResult(DeclaredAttributes(kMaxDeclarations, "NMTOKENS #IMPLIED") + many),
+                  E_FAIL);
+    }
+}
+
+TEST(HostileXml, TakesADtdOfHundredsForElementsOfOrdinaryLength) {
+    const std::string element = "<a x1='" + std::string(100, 'v') + "'/>";
+    EXPECT_EQ(ParseResult(DeclaredAttributes(500, "CDATA #IMPLIED") + "<r>" + Repeat(element, 50'000) +
+                          "</r>"),
+              S_OK);
 }
 
 // A chain of entities costs the parser a stack frame for each link.

@@ -88,4 +88,27 @@ TEST_F(ZipExtraction, FailsWhenTheEntryIsGoneWhenTheFileIsOpened) {
     EXPECT_EQ(Finish(file, std::move(prospect)), std::nullopt);
 }
 
+TEST_F(ZipExtraction, OfADamagedEntryIsTriedOnceOnly) {
+    ZipFile zip;
+    zip.Add("damaged", "content").crc = 1;
+    const ScratchFile file(zip.Bytes());
+    auto prospect = Look(file, "damaged");
+    ASSERT_TRUE(prospect);
+    EXPECT_FALSE(Extract(cache_, file.Path().c_str(), "damaged", *std::move(prospect)));
+    EXPECT_FALSE(Look(file, "damaged"));
+}
+
+TEST_F(ZipExtraction, OfADamagedEntryIsTriedAgainWhenTheFileHasChanged) {
+    ZipFile zip;
+    zip.Add("damaged", "content").crc = 1;
+    const ScratchFile file(zip.Bytes());
+    EXPECT_FALSE(Extract(cache_, file.Path().c_str(), "damaged", *Look(file, "damaged")));
+    zip.entries.front().crc.reset();
+    zip.comment = "mended";
+    file.Write(zip.Bytes());
+    auto prospect = Look(file, "damaged");
+    ASSERT_TRUE(prospect);
+    EXPECT_TRUE(Extract(cache_, file.Path().c_str(), "damaged", *std::move(prospect)));
+}
+
 }  // namespace

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "runtime/memory/GlobalBlock.h"
+#include "tests/support/FailingAllocator.h"
+#include "tests/support/FailingMalloc.h"
+
+namespace {
+
+using vexpa_runtime::FreeBlock;
+using vexpa_runtime::ResizeBlock;
+using vexpa_test::FailingAllocator;
+using vexpa_test::FailingMalloc;
+using vexpa_test::LiveAllocations;
+
+std::string BytesOf(const GlobalBlock& block) {
+    return {reinterpret_cast<const char*>(block.bytes), block.size};
+}
+
+HGBL NewBlock(const std::string& bytes) {
+    HGBL block = _XGblAlloc(0, bytes.size());
+    std::memcpy(block->bytes, bytes.data(), bytes.size());
+    return block;
+}
+
+TEST(GlobalBlock, IsZeroWhenAskedToBe) {
+    HGBL block = _XGblAlloc(kGblZeroInit, 1000);
+    EXPECT_EQ(BytesOf(*block), std::string(1000, '\0'));
+    FreeBlock(block);
+}
+
+TEST(GlobalBlock, OfNoBytesIsLockedLikeAnyOther) {
+    HGBL block = _XGblAlloc(0, 0);
+    EXPECT_EQ(block->size, 0u);
+    EXPECT_NE(_XGblLock(block), nullptr);
+    FreeBlock(block);
+}
+
+TEST(GlobalBlock, KnowsWhetherAnotherLockIsLeft) {
+    HGBL block = _XGblAlloc(0, 8);
+    EXPECT_EQ(_XGblLock(block), block->bytes);
+    EXPECT_EQ(_XGblLock(block), block->bytes);
+    EXPECT_EQ(_XGblUnlock(block), 1);
+    EXPECT_EQ(_XGblUnlock(block), 0);
+    FreeBlock(block);
+}
+
+TEST(GlobalBlock, IsNotUnlockedOnceTooOften) {
+    HGBL block = _XGblAlloc(0, 8);
+    EXPECT_EQ(_XGblUnlock(block), 0);
+    EXPECT_EQ(block->locks, 0);
+    FreeBlock(block);
+}
+
+TEST(GlobalBlock, OfNullCanBeLockedUnlockedAndFreed) {
+    EXPECT_EQ(_XGblLock(nullptr), nullptr);
+    EXPECT_EQ(_XGblUnlock(nullptr), 0);
+    FreeBlock(nullptr);
+}
+
+// That its bytes are freed when its record cannot be had is for the leak checker to say.
+TEST(GlobalBlock, IsNullWhenMemoryIsExhausted) {
+    for (const std::uint32_t flags : {std::uint32_t{0}, std::uint32_t{kGblZeroInit}}) {
+        SCOPED_TRACE(flags);
+        const long before = LiveAllocations();
+        {
+            const FailingMalloc failing;
+            EXPECT_EQ(_XGblAlloc(flags, 8), nullptr);
+        }
+        const FailingAllocator failing(0);
+        EXPECT_EQ(_XGblAlloc(flags, 8), nullptr);
+        EXPECT_EQ(LiveAllocations(), before);
+    }
+}
+
+TEST(GlobalBlock, GrowsByZerosAndShrinksKeepingItsBytes) {
+    HGBL block = NewBlock("abc");
+    EXPECT_TRUE(ResizeBlock(*block, 5));
+    EXPECT_EQ(BytesOf(*block), std::string("abc\0\0", 5));
+    EXPECT_TRUE(ResizeBlock(*block, 2));
+    EXPECT_EQ(BytesOf(*block), "ab");
+    EXPECT_TRUE(ResizeBlock(*block, 3));
+    EXPECT_EQ(BytesOf(*block), std::string("ab\0", 3));
+    EXPECT_TRUE(ResizeBlock(*block, 0));
+    EXPECT_NE(_XGblLock(block), nullptr);
+    FreeBlock(block);
+}
+
+TEST(GlobalBlock, IsAsItWasWhenItCannotGrow) {
+    HGBL block = NewBlock("abc");
+    {
+        const FailingMalloc failing;
+        EXPECT_FALSE(ResizeBlock(*block, 5));
+    }
+    EXPECT_EQ(BytesOf(*block), "abc");
+    FreeBlock(block);
+}
+
+}  // namespace

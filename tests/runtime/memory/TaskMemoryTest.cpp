@@ -1,0 +1,23 @@
+#include <gtest/gtest.h>
+
+#include "runtime/Runtime.h"
+#include "tests/support/FailingMalloc.h"
+
+namespace {
+
+TEST(TaskMemory, OfNoBytesHasAnAddress) {
+    void* memory = _XCoTaskMemAlloc(0);
+    EXPECT_NE(memory, nullptr);
+    _XCoTaskMemFree(memory);
+}
+
+TEST(TaskMemory, IsNullWhenMemoryIsExhausted) {
+    const vexpa_test::FailingMalloc failing;
+    EXPECT_EQ(_XCoTaskMemAlloc(8), nullptr);
+}
+
+TEST(TaskMemory, FreeingNullDoesNothing) {
+    _XCoTaskMemFree(nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,144 @@
+#include "tests/support/FailingMalloc.h"
+
+#include <expat.h>
+#include <libdeflate.h>
+
+#include <mutex>
+#include <new>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+extern "C" {
+void* __real_malloc(std::size_t size);
+void* __real_calloc(std::size_t count, std::size_t size);
+void* __real_realloc(void* memory, std::size_t size);
+void __real_free(void* memory);
+void* __wrap_malloc(std::size_t size);
+void* __wrap_calloc(std::size_t count, std::size_t size);
+void* __wrap_realloc(void* memory, std::size_t size);
+void __wrap_free(void* memory);
+XML_Parser __wrap_XML_ParserCreate(const XML_Char* encoding);
+}
+
+namespace {
+
+constexpr long kNever = -1;
+constexpr long kHasFailed = -2;
+
+thread_local long successesLeft = kNever;
+
+bool Fails() {
+    if (successesLeft == 0) {
+        successesLeft = kHasFailed;
+        return true;
+    }
+    if (successesLeft > 0) --successesLeft;
+    return false;
+}
+
+// For the books, which must not be in themselves.
+template <class T>
+struct RealMemory {
+    using value_type = T;
+    RealMemory() = default;
+    template <class Other>
+    RealMemory(const RealMemory<Other>&) noexcept {}
+    T* allocate(std::size_t count) { return static_cast<T*>(__real_malloc(count * sizeof(T))); }
+    void deallocate(T* memory, std::size_t) noexcept { __real_free(memory); }
+    bool operator==(const RealMemory&) const = default;
+};
+
+class Books {
+public:
+    void* Enter(void* memory) {
+        const std::lock_guard lock(mutex_);
+        if (memory != nullptr) blocks_[memory] = next_++;
+        return memory;
+    }
+    void Strike(void* memory) {
+        const std::lock_guard lock(mutex_);
+        blocks_.erase(memory);
+    }
+    std::size_t Count() {
+        const std::lock_guard lock(mutex_);
+        return blocks_.size();
+    }
+    std::size_t Next() {
+        const std::lock_guard lock(mutex_);
+        return next_;
+    }
+    std::size_t FreeSince(std::size_t first) {
+        const std::lock_guard lock(mutex_);
+        return std::erase_if(blocks_, [first](const auto& block) {
+            if (block.second < first) return false;
+            __real_free(block.first);
+            return true;
+        });
+    }
+
+private:
+    using Block = std::pair<void* const, std::size_t>;
+    std::mutex mutex_;
+    std::unordered_map<void*, std::size_t, std::hash<void*>, std::equal_to<>, RealMemory<Block>>
+        blocks_;
+    std::size_t next_ = 0;
+};
+
+// Never destroyed: memory is freed until the very end.
+Books& TheBooks() {
+    alignas(Books) static unsigned char room[sizeof(Books)];
+    static Books& books = *new (room) Books;
+    return books;
+}
+
+const bool libdeflateIsOurs = (libdeflate_set_memory_allocator(__wrap_malloc, __wrap_free), true);
+
+}  // namespace
+
+void* __wrap_malloc(std::size_t size) {
+    return Fails() ? nullptr : TheBooks().Enter(__real_malloc(size));
+}
+
+void* __wrap_calloc(std::size_t count, std::size_t size) {
+    return Fails() ? nullptr : TheBooks().Enter(__real_calloc(count, size));
+}
+
+void* __wrap_realloc(void* memory, std::size_t size) {
+    if (Fails()) return nullptr;
+    TheBooks().Strike(memory);
+    return TheBooks().Enter(__real_realloc(memory, size));
+}
+
+void __wrap_free(void* memory) {
+    TheBooks().Strike(memory);
+    __real_free(memory);
+}
+
+XML_Parser __wrap_XML_ParserCreate(const XML_Char* encoding) {
+    static const XML_Memory_Handling_Suite suite{__wrap_malloc, __wrap_realloc, __wrap_free};
+    return XML_ParserCreate_MM(encoding, &suite, nullptr);
+}
+
+namespace vexpa_test {
+
+FailingMalloc::FailingMalloc(long successes) {
+    successesLeft = successes;
+}
+FailingMalloc::~FailingMalloc() {
+    successesLeft = kNever;
+}
+bool FailingMalloc::HasFailed() const {
+    return successesLeft == kHasFailed;
+}
+std::size_t LiveBlocks() {
+    return TheBooks().Count();
+}
+std::size_t NextBlock() {
+    return TheBooks().Next();
+}
+std::size_t FreeBlocksSince(std::size_t first) {
+    return TheBooks().FreeSince(first);
+}
+
+}  // namespace vexpa_test
