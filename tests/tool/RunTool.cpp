@@ -5,16 +5,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 #include "tests/support/ScratchFile.h"
 
 namespace vexpa_test {
-
-namespace {
 
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
     std::vector<char*> pointers;
@@ -23,6 +23,24 @@ std::vector<char*> Pointers(const std::vector<std::string>& texts) {
     pointers.push_back(nullptr);
     return pointers;
 }
+
+std::vector<std::string> ToolEnvironment(const std::vector<std::string>& environment) {
+    std::vector<std::string> all = environment;
+    for (const char* name : {"LD_LIBRARY_PATH", "PATH", "LSAN_OPTIONS"}) {
+        if (const char* value = std::getenv(name)) all.push_back(std::string(name) + "=" + value);
+    }
+    return all;
+}
+
+int WaitFor(int child) {
+    int status = 0;
+    while (waitpid(child, &status, 0) != child) {
+        if (errno != EINTR) throw std::runtime_error("the tool got lost");
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+namespace {
 
 // Between fork and exec: system calls only.
 void Redirect(const char* path, int descriptor) {
@@ -43,11 +61,47 @@ void LimitMemory(std::uint64_t bytes) {
     if (setrlimit(RLIMIT_AS, &limit) != 0) _exit(126);
 }
 
-int WaitFor(pid_t child) {
-    int status = 0;
-    if (waitpid(child, &status, 0) != child) throw std::runtime_error("the tool got lost");
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+void RedirectInput(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY);
+    if (file < 0 || dup2(file, STDIN_FILENO) < 0) _exit(126);
+    close(file);
 }
+
+// A pipe whose bytes come from a thread, as the child may read slowly or not at all.
+class InputPipe {
+public:
+    explicit InputPipe(const std::string& bytes) {
+        if (bytes.empty()) return;
+        if (pipe2(ends_, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+        std::signal(SIGPIPE, SIG_IGN);
+        writer_ = std::thread([this, &bytes] {
+            std::size_t done = 0;
+            while (done < bytes.size()) {
+                const ssize_t written = write(ends_[1], bytes.data() + done, bytes.size() - done);
+                if (written <= 0) break;
+                done += static_cast<std::size_t>(written);
+            }
+            close(ends_[1]);
+        });
+    }
+    ~InputPipe() {
+        CloseReadEnd();
+        if (writer_.joinable()) writer_.join();
+    }
+
+    // In the child.
+    void Use() const {
+        if (ends_[0] >= 0 && dup2(ends_[0], STDIN_FILENO) < 0) _exit(126);
+    }
+    void CloseReadEnd() {
+        if (ends_[0] >= 0) close(ends_[0]);
+        ends_[0] = -1;
+    }
+
+private:
+    int ends_[2] = {-1, -1};
+    std::thread writer_;
+};
 
 }  // namespace
 
@@ -55,16 +109,16 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const ToolSetting& se
     const ScratchFile out("", "out"), err("", "err");
     std::vector<std::string> words = {VEXPA_TOOL};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    std::vector<std::string> environment = setting.environment;
-    if (const char* path = std::getenv("LD_LIBRARY_PATH")) {
-        environment.push_back(std::string("LD_LIBRARY_PATH=") + path);
-    }
+    const std::vector<std::string> environment = ToolEnvironment(setting.environment);
     const std::vector<char*> argv = Pointers(words), envp = Pointers(environment);
     const std::string outPath = setting.outputFile.empty() ? out.Path() : setting.outputFile;
 
+    InputPipe input(setting.input);
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("cannot fork");
     if (child == 0) {
+        input.Use();
+        if (!setting.inputFile.empty()) RedirectInput(setting.inputFile);
         std::signal(SIGPIPE, setting.ignoresBrokenPipe ? SIG_IGN : SIG_DFL);
         if (setting.hasClosedPipe) {
             UseClosedPipe();
@@ -76,6 +130,8 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const ToolSetting& se
         execve(argv[0], argv.data(), envp.data());
         _exit(127);
     }
+    input.CloseReadEnd();
+    if (setting.onStart) setting.onStart(child);
     const int status = WaitFor(child);
     return {status, ReadFile(out.Path()), ReadFile(err.Path())};
 }

@@ -115,9 +115,7 @@ private:
             if (got == 0 && std::ferror(file.get()) == 0) return true;
             if (got == 0) break;
         }
-        const int error = errno;
-        StopIfInterrupted();
-        Fail(list.name, {error, std::generic_category()});
+        Fail(list.name, {errno, std::generic_category()});
         return false;
     }
 

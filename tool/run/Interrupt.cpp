@@ -21,10 +21,11 @@ void OnAlarm(int) {
     _exit(kInterrupted);
 }
 
-// System calls are not started again, so that a read from a terminal ends, too.
+// A write that is interrupted goes on, so that no result is cut off in the middle.
 void Handle(int signal, void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
     sigaction(signal, &action, nullptr);
 }
 

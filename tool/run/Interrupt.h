@@ -4,8 +4,8 @@
 
 namespace vexpa_tool {
 
-// From now on an interrupt is only noted. Long work asks for it; work that does not ask is
-// cut off a second later.
+// From now on an interrupt is only noted. Long work asks for it where its results are not half
+// printed; work that does not ask is cut off a second later.
 void NoteInterrupts();
 
 // Throws a FatalError with the status for it once there was one.

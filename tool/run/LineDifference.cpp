@@ -9,7 +9,6 @@
 #include <cerrno>
 
 #include "tool/ExitStatus.h"
-#include "tool/run/Interrupt.h"
 #include "tool/run/MemoryFile.h"
 
 namespace vexpa_tool {
@@ -19,7 +18,6 @@ namespace {
 constexpr int kTrouble = 2;  // of diff, or a shell's 127 and the like
 
 [[noreturn]] void Fail() {
-    StopIfInterrupted();
     throw ToolError(kReadOrWriteError, "the program diff cannot be run");
 }
 

@@ -7,16 +7,13 @@
 #include <system_error>
 
 #include "tool/ExitStatus.h"
-#include "tool/run/Interrupt.h"
 
 namespace vexpa_tool {
 
 namespace {
 
 [[noreturn]] void ThrowSystemError() {
-    const int error = errno;
-    StopIfInterrupted();
-    throw ToolError(kReadOrWriteError, "a file in memory: " + std::generic_category().message(error));
+    throw ToolError(kReadOrWriteError, "a file in memory: " + std::generic_category().message(errno));
 }
 
 }  // namespace

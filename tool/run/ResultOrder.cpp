@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "tool/ExitStatus.h"
-#include "tool/run/Interrupt.h"
 
 namespace vexpa_tool {
 
@@ -75,7 +74,6 @@ void ResultOrder::Stop() {
 }
 
 void OrderedOutput::Write(const char* bytes, std::size_t size) {
-    StopIfInterrupted();
     kept_ += std::exchange(heading_, {});
     if (!hasTurn_) hasTurn_ = order_.IsTurn(index_);
     if (!hasTurn_ && kept_.size() + size > kMostKept) {

@@ -1,5 +1,6 @@
 #include "tool/run/StandardInput.h"
 
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,9 +36,16 @@ bool IsWholeFile() {
            lseek(STDIN_FILENO, 0, SEEK_CUR) == 0 && access(kDescriptor, R_OK) == 0;
 }
 
+// Unlike a read, this ends when there is an interrupt.
+void WaitForInput() {
+    pollfd input = {STDIN_FILENO, POLLIN, 0};
+    if (poll(&input, 1, -1) < 0) ThrowSystemError();
+}
+
 void CopyTo(MemoryFile& memory) {
     std::array<char, 64 << 10> piece;
     for (std::uint64_t total = 0;;) {
+        WaitForInput();
         const ssize_t got = read(STDIN_FILENO, piece.data(), piece.size());
         if (got < 0) ThrowSystemError();
         if (got == 0) return;

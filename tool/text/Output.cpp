@@ -6,22 +6,18 @@
 #include <system_error>
 
 #include "tool/ExitStatus.h"
-#include "tool/run/Interrupt.h"
 
 namespace vexpa_tool {
 
 namespace {
 
 [[noreturn]] void ThrowWriteError() {
-    const int error = errno;
-    StopIfInterrupted();
-    throw FatalError(kReadOrWriteError, "standard output: " + std::generic_category().message(error));
+    throw FatalError(kReadOrWriteError, "standard output: " + std::generic_category().message(errno));
 }
 
 class StandardStream final : public Output {
 public:
     void Write(const char* bytes, std::size_t size) override {
-        StopIfInterrupted();
         if (std::fwrite(bytes, 1, size, stdout) != size) ThrowWriteError();
     }
 };

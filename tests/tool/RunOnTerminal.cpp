@@ -1,0 +1,70 @@
+#include "tests/tool/RunOnTerminal.h"
+
+#include <fcntl.h>
+#include <pty.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <stdexcept>
+
+#include "tests/tool/RunTool.h"
+
+namespace vexpa_test {
+
+namespace {
+
+constexpr char kCtrlC = 3;
+
+void RedirectOutput(const std::string& path) {
+    const int file = open(path.c_str(), O_WRONLY);
+    if (file < 0 || dup2(file, STDOUT_FILENO) < 0) _exit(126);
+    close(file);
+}
+
+// All until the other side hangs up.
+std::string ReadScreen(int terminal, std::string interruptAfter) {
+    std::string screen;
+    std::array<char, 4096> piece;
+    for (;;) {
+        const ssize_t got = read(terminal, piece.data(), piece.size());
+        if (got <= 0) return screen;
+        screen.append(piece.data(), static_cast<std::size_t>(got));
+        if (interruptAfter.empty() || screen.find(interruptAfter) == std::string::npos) continue;
+        interruptAfter.clear();
+        if (write(terminal, &kCtrlC, 1) != 1) throw std::runtime_error("the terminal takes nothing");
+    }
+}
+
+std::string WithPlainLineEnds(const std::string& screen) {
+    std::string plain;
+    for (std::size_t i = 0; i < screen.size(); ++i) {
+        if (screen.compare(i, 2, "\r\n") != 0) plain += screen[i];
+    }
+    return plain;
+}
+
+}  // namespace
+
+TerminalRun RunOnTerminal(const std::vector<std::string>& arguments, const TerminalSetting& setting) {
+    std::vector<std::string> words = {VEXPA_TOOL};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    const std::vector<std::string> environment = ToolEnvironment(setting.environment);
+    const std::vector<char*> argv = Pointers(words), envp = Pointers(environment);
+    const winsize size = {24, setting.columns, 0, 0};
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
+    if (child < 0) throw std::runtime_error("no terminal");
+    if (child == 0) {
+        std::signal(SIGINT, SIG_DFL);
+        if (!setting.outputFile.empty()) RedirectOutput(setting.outputFile);
+        execve(argv[0], argv.data(), envp.data());
+        _exit(127);
+    }
+    const std::string screen = ReadScreen(terminal, setting.interruptAfter);
+    close(terminal);
+    return {WaitFor(child), WithPlainLineEnds(screen)};
+}
+
+}  // namespace vexpa_test
