@@ -125,7 +125,7 @@ TEST_F(Folder, OneThatCannotBeReadIsAnErrorAndTheRestGoesOn) {
     EXPECT_EQ(list.status, kReadOrWriteError);
 }
 
-TEST(SeveralFiles, AreMeantByTheFormOfTheCommandLineAlone) {
+TEST(FileList, MeansSeveralFilesByTheFormOfTheCommandLineAlone) {
     EXPECT_FALSE(MeansSeveralFiles({{"a"}, false}));
     EXPECT_FALSE(MeansSeveralFiles({{"-"}, false}));
     EXPECT_TRUE(MeansSeveralFiles({{"a", "b"}, false}));

@@ -35,8 +35,8 @@ protected:
 
     std::vector<std::string> Names(const std::string& order) {
         std::vector<std::string> names;
-        for (const json& entry :
-             json::parse(RunTool({"ls", "--json", "--sort", order, file_.Path()}).out)["entries"]) {
+        const json ls = json::parse(RunTool({"ls", "--json", "--sort", order, file_.Path()}).out);
+        for (const json& entry : ls["entries"]) {
             names.push_back(entry["name"]);
         }
         return names;
@@ -52,10 +52,10 @@ TEST_F(LsCommand, ListsTheEntriesOfAnyArchive) {
     EXPECT_EQ(run.err, "");
     const std::vector<std::string> lines = Lines(run.out);
     ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[0], "Method     Packed  Size  Ratio  CRC       Flags  Name");
+    EXPECT_EQ(lines[0], "Method     Packed  Size   Ratio  CRC       Flags  Name");
     EXPECT_THAT(lines[1],
                 testing::MatchesRegex("deflate +[0-9]+  1000 +[0-9.]+:1  [0-9a-f]{8}  ---    b.txt"));
-    EXPECT_EQ(lines[2], "stored          3     3  1.0:1  12345678  e-u    a\\x1b.bin");
+    EXPECT_EQ(lines[2], "stored          3     3   1.0:1  12345678  e-u    a\\x1b.bin");
     EXPECT_THAT(lines[3], HasSubstr("method 77"));
 }
 
@@ -74,7 +74,7 @@ TEST_F(LsCommand, SortsWhenAskedTo) {
 }
 
 TEST_F(LsCommand, NamesForOtherProgramsAreAsTheyAre) {
-    const std::string names("b.txt\0a\x1b.bin\0c\0", 17);
+    const std::string names("b.txt\0a\x1b.bin\0c\0", 15);
     EXPECT_EQ(RunTool({"ls", "-0", file_.Path()}).out, names);
     EXPECT_EQ(RunTool({"ls", "-0", file_.Path(), file_.Path()}).out, names + names);
 }
@@ -107,7 +107,7 @@ TEST_F(LsCommand, WhatIsNoArchiveEndsWithStatus3) {
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err,
-              "vexpa: " + file.Path() + ": does not open: not a zip archive, or a damaged one\n");
+              "vexpa: " + file.Path() + ": does not open: VX010 not a zip: looks like plain text\n");
 }
 
 }  // namespace

@@ -91,15 +91,17 @@ TEST(OpenFailure, AFolderOrPipeIsNoFile) {
               "vexpa: " + folder + ": does not open: VX001 not a regular file\n");
     const std::string pipe = folder + "/pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(RunTool({"tree", pipe}).err, "vexpa: " + pipe + ": does not open: VX001 not a regular file\n");
+    EXPECT_EQ(RunTool({"tree", pipe}).err,
+              "vexpa: " + pipe + ": does not open: VX001 not a regular file\n");
 }
 
 TEST(OpenFailure, ANameOutsideTheLocaleIsNamedAsTheReason) {
     const ScratchFile file(ReadFile(MinimalPackage().Write().Path()), "\xFF.docx");
     const ToolRun run = RunTool({"tree", file.Path()});
     EXPECT_EQ(run.status, 3);
-    EXPECT_THAT(run.err, testing::EndsWith("/\uFFFD.docx: does not open: VX002 the file name is not text in "
-                                           "the encoding of the locale\n"));
+    EXPECT_THAT(run.err,
+                testing::EndsWith("/\uFFFD.docx: does not open: VX002 the file name is not text in "
+                                  "the encoding of the locale\n"));
 }
 
 TEST(OpenFailure, NamesOnStderrAreEscaped) {

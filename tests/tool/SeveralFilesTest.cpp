@@ -36,11 +36,12 @@ TEST_F(SeveralFiles, OneThatFailsCostsNothingButItself) {
     const ToolRun run = RunTool({"parts", notPackage_.Path(), path_, "/no/such/file", path_});
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.out, RunTool({"parts", path_, path_}).out);
-    EXPECT_THAT(Lines(run.err),
-                ElementsAre("vexpa: " + notPackage_.Path() +
-                                ": does not open: not a zip archive, or a damaged one",
-                            "vexpa: /no/such/file: does not open: cannot be read: No such file or "
-                            "directory"));
+    EXPECT_THAT(
+        Lines(run.err),
+        ElementsAre(
+            "vexpa: " + notPackage_.Path() + ": does not open: VX010 not a zip: looks like plain text",
+            "vexpa: /no/such/file: does not open: VX001 cannot be read: No such file or "
+            "directory"));
 }
 
 TEST_F(SeveralFiles, EndWithTheWorstStatus) {
@@ -64,7 +65,7 @@ TEST_F(SeveralFiles, AsJsonAreALineEachAlsoThoseThatFail) {
     EXPECT_EQ(bad["opened"], false);
     EXPECT_EQ(bad["status"], 3);
     EXPECT_EQ(bad["error"],
-              notPackage_.Path() + ": does not open: not a zip archive, or a damaged one");
+              notPackage_.Path() + ": does not open: VX010 not a zip: looks like plain text");
     EXPECT_EQ(bad["parts"], json::array());
 }
 
@@ -168,9 +169,9 @@ TEST(StandardInput, MayBeNamedTwice) {
 TEST(StandardInput, ThatIsNoPackageDoesNotOpen) {
     const ToolRun run = RunTool({"tree", "-"}, {.input = "no package"});
     EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.err, "vexpa: -: does not open: not a zip archive, or a damaged one\n");
+    EXPECT_EQ(run.err, "vexpa: -: does not open: VX010 not a zip: looks like plain text\n");
     EXPECT_EQ(RunTool({"tree", "-"}, {.inputFile = "/dev/null"}).err,
-              "vexpa: -: does not open: empty file\n");
+              "vexpa: -: does not open: VX013 empty file\n");
 }
 
 TEST(StandardInput, ThatCannotBeReadEndsWithStatus5) {

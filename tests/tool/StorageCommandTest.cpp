@@ -20,8 +20,8 @@ TEST(StorageCommand, ShowsStoragesAndStreams) {
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, "");
     EXPECT_THAT(Lines(run.out), ElementsAre("storage  xl/embeddings/oleObject1.bin", "  storage  notes",
-                                            "    stream  buoy.txt              20",
-                                            "  stream  tides.csv               44"));
+                                            "    stream  buoy.txt                   20",
+                                            "  stream  tides.csv                    44"));
 }
 
 TEST(StorageCommand, WritesAStreamByItsPathOrTheEndOfIt) {

@@ -109,7 +109,7 @@ TEST_F(Terminal, ProgressFitsTheWidth) {
     const ScratchFile out("");
     const TerminalRun run = RunOnTerminal({"parts", "--progress", "always", path_, path_},
                                           {.columns = 9, .outputFile = out.Path()});
-    EXPECT_EQ(run.screen, "1/2  50\r\x1b[K2/2  100\r\x1b[K");
+    EXPECT_EQ(run.screen, "1/2  50 \r\x1b[K2/2  100\r\x1b[K");
 }
 
 TEST_F(Terminal, ProgressMakesRoomForResults) {

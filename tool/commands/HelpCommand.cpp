@@ -13,7 +13,10 @@ namespace {
 
 ExitStatus Run(const CLI::App& program, const std::string& word) {
     if (word.empty()) {
-        StandardOutput().Write(program.help());
+        // Asked for its help, the program would give that of the command it runs: this one.
+        const auto formatter = program.get_formatter();
+        StandardOutput().Write(
+            formatter->make_help(&program, program.get_name(), CLI::AppFormatMode::Normal));
         return kDone;
     }
     for (const CLI::App* command : program.get_subcommands({})) {

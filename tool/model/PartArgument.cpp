@@ -68,7 +68,7 @@ private:
     }
 
     opc::Part* ByTail(std::u16string_view tail) const {
-        if (tail.empty() || tail.find(u'@') != std::u16string_view::npos) return nullptr;
+        if (tail.empty()) return nullptr;
         std::vector<std::u16string> names;
         for (const std::u16string& name : PartNames(file_)) {
             if (IsTailOf(name, tail)) names.push_back(name);
