@@ -15,7 +15,7 @@ constexpr std::uint64_t kVersion = 20;
 constexpr std::uint64_t kUtf8Flag = 0x0800;
 
 void Put(std::string& out, std::uint64_t number, int bytes) {
-    for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>(number >> (8 * i) & 0xFF));
+    for (; bytes > 0; --bytes, number >>= 8) out.push_back(static_cast<char>(number & 0xFF));
 }
 
 // The fields that both headers have, from the version on.
