@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# scripts/coverage.sh   builds with clang's counters, runs the whole suite and prints how much of
-# vexpa/ and runtime/ it reaches; fails below the bars that scripts/coverage_table.py names.
-# What is not reached is listed in build/coverage/unreached.txt.
+# scripts/coverage.sh   builds with clang's counters, runs all tests but those of the tool and
+# prints how much of vexpa/ and runtime/ they reach; fails below the bars that
+# scripts/coverage_table.py names. What is not reached is listed in build/coverage/unreached.txt.
 #
 # Needs besides packages.txt: clang, llvm and libclang-rt-14-dev (or that of the clang installed).
 set -euo pipefail
