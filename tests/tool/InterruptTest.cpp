@@ -17,7 +17,7 @@ using testing::HasSubstr;
 // Far more files than are read before the key is pressed.
 std::string ListOf(const std::string& path) {
     std::string list;
-    for (int i = 0; i < 500'000; ++i) list += path + "\n";
+    for (int i = 0; i < 30'000; ++i) list += path + "\n";
     return list;
 }
 
@@ -25,18 +25,14 @@ TEST(Interrupt, WhatIsFinishedIsPrintedWholeAndTheStatusIs130) {
     PackageFile file = MinimalPackage();
     const std::string path = file.Write().Path();
     const ScratchFile list(ListOf(path));
-    const std::string one = RunTool({"parts", "--json", path, path}).out.substr(0);
+    const std::string one = RunTool({"parts", "--json", path, path}).out;
     const std::string line = one.substr(0, one.find('\n') + 1);
     for (const char* jobs : {"1", "3"}) {
         SCOPED_TRACE(jobs);
-        TerminalRun run =
+        const TerminalRun run =
             RunOnTerminal({"parts", "--json", "--progress", "never", "-j", jobs, "@" + list.Path()},
                           {.interruptAfter = "\n"});
         EXPECT_EQ(run.status, 130);
-        // The terminal shows the key where it was pressed.
-        const std::size_t key = run.screen.find("^C");
-        ASSERT_NE(key, std::string::npos);
-        run.screen.erase(key, 2);
         ASSERT_EQ(run.screen.size() % line.size(), 0u);
         for (std::size_t at = 0; at < run.screen.size(); at += line.size()) {
             ASSERT_EQ(run.screen.substr(at, line.size()), line);

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -21,6 +22,16 @@ void RedirectOutput(const std::string& path) {
     const int file = open(path.c_str(), O_WRONLY);
     if (file < 0 || dup2(file, STDOUT_FILENO) < 0) _exit(126);
     close(file);
+}
+
+// Neither is the key shown nor what was printed thrown away when it is pressed, so that the
+// screen has all that the tool printed and nothing else.
+void KeepTheScreen() {
+    termios settings = {};
+    if (tcgetattr(STDIN_FILENO, &settings) != 0) _exit(126);
+    settings.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    settings.c_lflag |= NOFLSH;
+    if (tcsetattr(STDIN_FILENO, TCSANOW, &settings) != 0) _exit(126);
 }
 
 // All until the other side hangs up.
@@ -58,6 +69,7 @@ TerminalRun RunOnTerminal(const std::vector<std::string>& arguments, const Termi
     if (child < 0) throw std::runtime_error("no terminal");
     if (child == 0) {
         std::signal(SIGINT, SIG_DFL);
+        KeepTheScreen();
         if (!setting.outputFile.empty()) RedirectOutput(setting.outputFile);
         execve(argv[0], argv.data(), envp.data());
         _exit(127);

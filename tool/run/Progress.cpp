@@ -70,6 +70,7 @@ std::string ProgressText(const ProgressState& state, std::size_t width) {
 Progress::Progress(When when, std::size_t total)
     : isTerminal_(IsTerminal(STDERR_FILENO)),
       isShown_(when == When::Always || (when == When::Auto && isTerminal_ && total > 1)),
+      isEager_(when == When::Always),
       nextSeconds_(when == When::Always ? 0 : kQuietSeconds) {
     state_.total = total;
     if (!isTerminal_) nextSeconds_ = kLogPause;
@@ -90,7 +91,8 @@ void Progress::Done(const std::string& file) {
     const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
     state_.seconds = seconds;
     state_.file = PrintableLocal(file);
-    if (seconds >= nextSeconds_) Show(seconds);
+    const bool isEnd = isTerminal_ && isEager_ && state_.done == state_.total;
+    if (seconds >= nextSeconds_ || isEnd) Show(seconds);
 }
 
 void Progress::Show(double seconds) {

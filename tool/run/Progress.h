@@ -43,6 +43,7 @@ private:
 
     const bool isTerminal_;
     const bool isShown_;
+    const bool isEager_;  // shows also what is over at once
     const Clock::time_point start_ = Clock::now();
     ProgressState state_;
     double nextSeconds_;
