@@ -18,6 +18,7 @@ namespace {
 class StandardStream final : public Output {
 public:
     void Write(const char* bytes, std::size_t size) override {
+        if (size == 0) return;  // nothing has no address
         if (std::fwrite(bytes, 1, size, stdout) != size) ThrowWriteError();
     }
 };
