@@ -144,6 +144,25 @@ TEST(HelpCommand, FitsEightyColumns) {
     }
 }
 
+// The page as a reader sees it: less the escapes of its language.
+std::string ManPage() {
+    std::string text;
+    for (const char c : ReadFile(VEXPA_SOURCE_DIR "/docs/man/vexpa.1")) {
+        if (c != '\\') text += c;
+    }
+    return text;
+}
+
+TEST(ManPage, NamesEveryCommandAndOption) {
+    const std::string page = ManPage();
+    for (const std::string& command : CommandsOfHelp()) {
+        SCOPED_TRACE(command);
+        EXPECT_THAT(page, testing::AnyOf(HasSubstr("\n.BI \"" + command + " "),
+                                         HasSubstr("\n.BR \"" + command + " ")));
+        for (const std::string& option : Complete({command, "-"})) EXPECT_THAT(page, HasSubstr(option));
+    }
+}
+
 TEST(Version, MayBeJson) {
     EXPECT_EQ(RunTool({"--version", "--json"}).out, "{\n  \"vexpa\": \"" VEXPA_VERSION "\"\n}\n");
 }

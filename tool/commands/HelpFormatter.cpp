@@ -19,15 +19,17 @@ std::string NamesOf(const CLI::Option& option, bool isPositional) {
     if (isPositional) return option.get_name(true, false);
     std::string names = option.get_snames().empty() ? "    " : "-" + option.get_snames().front() + ", ";
     if (!option.get_lnames().empty()) names += "--" + option.get_lnames().front();
-    const bool takesValue = option.get_expected_max() != 0;
-    return takesValue ? names + " " + option.get_type_name() : names;
+    if (option.get_expected_max() == 0) return names;
+    // What checks a value adds to its name, after a colon.
+    const std::string value = option.get_type_name();
+    return names + " " + value.substr(0, value.find(':'));
 }
 
 // The name, and beside it the text, wrapped.
 std::string Entry(const std::string& name, std::size_t column, std::string_view text) {
-    std::string entry = "  " + Padded(name, column) + "  ";
     const std::size_t indent = column + 4;
-    if (name.size() > column) entry += "\n" + std::string(indent, ' ');
+    std::string entry = "  " + (name.size() > column ? name + "\n" + std::string(indent, ' ')
+                                                     : Padded(name, column) + "  ");
     const std::size_t room = kWidth - indent;
     while (text.size() > room) {
         const std::size_t blank = text.rfind(' ', room);
