@@ -87,4 +87,96 @@ TEST(PartsCommand, SaysWhichPartCannotBeRead) {
     EXPECT_EQ(Lines(run.out).back(), "a.xml              unreadable  application/xml");
 }
 
+PackageFile ManyTyped() {
+    PackageFile file = MinimalPackage();
+    const std::string types = "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+    const std::string thumbnail =
+        "http://schemas.openxmlformats.org/package/2006/relationships/metadata/thumbnail";
+    file.Entry(
+        "word/_rels/document.xml.rels",
+        RelationshipsXml(RelationshipXml("rId7", types + "header", "h7.xml") +
+                         RelationshipXml("rId10", types + "HEADER", "h10.xml") +
+                         RelationshipXml("rId2", types + "header", "h2.xml") +
+                         RelationshipXml("t", thumbnail, "t.png") +
+                         RelationshipXml("c", types + "custom-properties", "c.xml") +
+                         RelationshipXml("u", "urn:x/header2", "u.xml") +
+                         RelationshipXml("x", types + "image", "http://example.org/", "External")));
+    return file;
+}
+
+// The Ids of the rows, and the mark after the one that is first.
+std::vector<std::string> Found(const std::string& path, const std::vector<std::string>& options) {
+    std::vector<std::string> arguments = {"rels", path, "main"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    std::vector<std::string> found;
+    for (const std::string& line : Lines(RunTool(arguments).out)) {
+        const std::string id = line.substr(0, line.find(' '));
+        if (line.find("GetRelationshipByType") != std::string::npos || id == "Id") continue;
+        found.push_back(id + (line.back() == '*' ? "*" : ""));
+    }
+    return found;
+}
+
+TEST(RelsCommand, FindsATypeByItsEndItsUriItsNumberOrItsName) {
+    PackageFile file = ManyTyped();
+    const std::string path = file.Write().Path();
+    for (const char* type :
+         {"header", "HEADER", "8", "RelTypeHeader",
+          "http://schemas.openxmlformats.org/officeDocument/2006/relationships/Header"}) {
+        SCOPED_TRACE(type);
+        EXPECT_THAT(Found(path, {"--type", type}), ElementsAre("rId10", "rId2", "rId7*"));
+    }
+    EXPECT_THAT(Found(path, {"--type", "header2"}), ElementsAre("u"));
+    EXPECT_THAT(Found(path, {"--type", "nothing"}), testing::IsEmpty());
+}
+
+// Both answer the same id; only a search tells them apart.
+TEST(RelsCommand, AThumbnailIsNoCustomProperty) {
+    PackageFile file = ManyTyped();
+    const std::string path = file.Write().Path();
+    EXPECT_THAT(Found(path, {"--type", "34"}), ElementsAre("t*"));
+    EXPECT_THAT(Found(path, {"--type", "33"}), ElementsAre("c*"));
+}
+
+TEST(RelsCommand, ListsWhatLeadsOutOfThePackage) {
+    PackageFile file = ManyTyped();
+    EXPECT_THAT(Found(file.Write().Path(), {"--external"}), ElementsAre("x"));
+}
+
+TEST(RelsCommand, SaysWhatALookUpByTypeAnswers) {
+    PackageFile file = MinimalPackage();
+    file.Entry("word/_rels/document.xml.rels",
+               RelationshipsXml(
+                   RelationshipXml("a", "urn:x", "a.xml") + RelationshipXml("a", kStyles, "lost.xml") +
+                   RelationshipXml("b", kStyles, "b.xml") + RelationshipXml("c", kStyles, "c.xml") +
+                   RelationshipXml("d", "urn:x", "d.xml")));
+    const std::string path = file.Write().Path();
+    const auto last = [&](const char* type) {
+        return Lines(RunTool({"rels", path, "main", "--type", type}).out).back();
+    };
+    EXPECT_EQ(last("styles"),
+              "2 relationships; GetRelationshipByType answers one that has lost its Id to another");
+    EXPECT_EQ(last("urn:x"), "2 relationships; the library has no number for the type to find one by");
+    PackageFile typed = ManyTyped();
+    EXPECT_EQ(Lines(RunTool({"rels", typed.Write().Path(), "main", "--type", "header"}).out).back(),
+              "3 relationships; GetRelationshipByType answers the one marked *");
+}
+
+TEST(RelsCommand, OfAllSourcesNamesEach) {
+    PackageFile file = TwoPartPackage();
+    const std::vector<std::string> lines = Lines(RunTool({"rels", "--all", file.Write().Path()}).out);
+    ASSERT_EQ(lines.size(), 5u);
+    EXPECT_THAT(lines[0], testing::StartsWith("Source             Id     Type"));
+    EXPECT_THAT(lines[1], testing::StartsWith("/                  rId1   officeDocument [9]"));
+    EXPECT_THAT(lines[2], testing::StartsWith("word/document.xml  rId1   urn:x [-]"));
+}
+
+TEST(RelsCommand, OfManyFilesListsThoseThatHaveWhatIsLookedFor) {
+    PackageFile file = TwoPartPackage(), other = MinimalPackage();
+    const std::string path = file.Write().Path(), without = other.Write().Path();
+    const ToolRun run = RunTool({"rels", "--all", "--external", without, path, without});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, path + ":\n" + RunTool({"rels", "--all", "--external", path}).out);
+}
+
 }  // namespace

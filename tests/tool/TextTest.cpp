@@ -68,4 +68,20 @@ TEST(Table, ACellOfAnyLengthWidensItsOwnLineOnly) {
     EXPECT_EQ(table.Lines()[1].size(), kWidestColumn + 3);
 }
 
+TEST(GroupedDigits, StandInThrees) {
+    EXPECT_EQ(GroupedDigits(0), "0");
+    EXPECT_EQ(GroupedDigits(999), "999");
+    EXPECT_EQ(GroupedDigits(1'000), "1,000");
+    EXPECT_EQ(GroupedDigits(1'234'567), "1,234,567");
+}
+
+TEST(Table, AlignsSeveralColumnsToTheRight) {
+    Table table;
+    table.AlignRight(0);
+    table.AlignRight(1);
+    table.Add({"1", "1", "x"});
+    table.Add({"100", "10", "x"});
+    EXPECT_THAT(table.Lines(), ElementsAre("  1   1  x", "100  10  x"));
+}
+
 }  // namespace

@@ -274,4 +274,41 @@ TEST(TokensCommand, AFullDiskIsNoticed) {
     }
 }
 
+TEST(AnnotatedTokens, StandAfterTheNamesInTheDocument) {
+    const ToolRun run = Tokens(kParagraph, {"--annotate"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(
+        run.out,
+        "<w:p{1:230} xmlns:w='http://schemas.openxmlformats.org/wordprocessingml/2006/main'"
+        " xmlns:my='urn:my' my:val{-}='0' w:val{1:600}='a&quot;\u00e4' val{1:600}='b' w:none{-}='c'>\n"
+        "  <w:r{1:195}/>\n  <my:r{-} val{-}='d'/>\n"
+        "  <r{-} xmlns='' Id{0:1}='rId1'/>\n</w:p>\n");
+    EXPECT_EQ(run.err,
+              "elements: 4, attributes: 6, with a token: 5, unknown namespaces: 1, unknown names: 2\n"
+              "unknown namespace: urn:my\n"
+              "unknown name: {}r\n"
+              "unknown name: {" +
+                  kWordUri + "}none\n");
+}
+
+TEST(AnnotatedTokens, LeaveEveryOtherByteAsItIs) {
+    EXPECT_EQ(
+        Tokens(
+            "<a  b = \"x='y'>\"\n c='\"/>' ><?z <q w='1'>?><!--<x y='1'>--><![CDATA[<t u='1'>]]></a >",
+            {"--annotate"})
+            .out,
+        "<a{-}  b{-} = \"x='y'>\"\n c{-}='\"/>' ><?z <q w='1'>?><!--<x y='1'>--><![CDATA[<t "
+        "u='1'>]]></a >\n");
+}
+
+TEST(AnnotatedTokens, NeedAPartThatIsXml) {
+    EXPECT_EQ(Tokens("<a>", {"--annotate"}).status, 5);
+    EXPECT_EQ(RunTool({"tokens", "--annotate", "w:val"}).status, 2);
+}
+
+TEST(TokensOfAName, ThatShareATokenAreAllNamed) {
+    EXPECT_THAT(Lines(RunTool({"tokens", "0x0007002D"}).out),
+                ElementsAre(StartsWith("0x0007002D  xdr:txBox "), StartsWith("0x0007002D  c:chart ")));
+}
+
 }  // namespace

@@ -101,4 +101,38 @@ TEST(TreeCommand, FollowsAChainOfTwentyThousandPartsInLinearSpace) {
     EXPECT_EQ(lines.back(), "(level 20001) " + head + std::string(33, ' ') + "p20000.xml  (missing)");
 }
 
+PackageFile DeepPackage() {
+    PackageFile file;
+    file.Relationship("r", kStyles, "a.xml");
+    for (const char* name : {"a.xml", "b.xml", "c.xml"}) file.Entry(name, "");
+    file.Entry("_rels/a.xml.rels", RelationshipsXml(RelationshipXml("s1", kStyles, "b.xml") +
+                                                    RelationshipXml("s2", kStyles, "c.xml")));
+    file.Entry("_rels/b.xml.rels", RelationshipsXml(RelationshipXml("t", kStyles, "a.xml")));
+    return file;
+}
+
+TEST(TreeCommand, GoesAsDeepAsIsAskedAndTellsWhatIsBelow) {
+    PackageFile file = DeepPackage();
+    const std::string path = file.Write().Path();
+    const auto tree = [&](const char* depth) {
+        return Lines(RunTool({"tree", "--depth", depth, path}).out);
+    };
+    EXPECT_THAT(tree("0"), ElementsAre(path));
+    EXPECT_THAT(tree("1"), ElementsAre(path, "`- r  styles [11]  a.xml       0 B    (2 below)"));
+    EXPECT_THAT(tree("2"), ElementsAre(path, "`- r  styles [11]      a.xml       0 B",
+                                       "   |- s1  styles [11]  b.xml       0 B    (1 below)",
+                                       "   `- s2  styles [11]  c.xml       0 B"));
+}
+
+TEST(TreeCommand, BeginsAtAPartThatMayComeAgain) {
+    PackageFile file = DeepPackage();
+    const std::string path = file.Write().Path();
+    EXPECT_THAT(
+        Lines(RunTool({"tree", "--from", "b.xml", path}).out),
+        ElementsAre(path + ": b.xml", "`- t  styles [11]      a.xml       0 B",
+                    "   |- s1  styles [11]  b.xml  (cycle)", "   `- s2  styles [11]  c.xml       0 B"));
+    EXPECT_EQ(RunTool({"tree", "--from", "/", path}).out, RunTool({"tree", path}).out);
+    EXPECT_EQ(RunTool({"tree", "--from", "nothing.xml", path}).status, 4);
+}
+
 }  // namespace

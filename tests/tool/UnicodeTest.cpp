@@ -66,4 +66,49 @@ TEST(Unicode, CharactersComeBackFromUtf8) {
     EXPECT_TRUE(text.empty());
 }
 
+TEST(Unicode, WhatWasEscapedComesBack) {
+    const struct {
+        const char* shows;
+        std::u16string printable;
+        std::u16string text;
+    } rows[] = {
+        {"plain text", u"word/document.xml", u"word/document.xml"},
+        {"two digits", u"a\\x1bb",
+         u"a\x1b"
+         u"b"},
+        {"four digits", u"\\u202e", u"\u202e"},
+        {"eight digits", u"\\U0001fffe", u"\U0001fffe"},
+        {"too few digits", u"\\x1", u"\\x1"},
+        {"other letters", u"\\x1G\\n", u"\\x1G\\n"},
+        {"capitals, which are never written", u"\\x1B", u"\\x1B"},
+        {"beyond Unicode", u"\\U00110000", u"\\U00110000"},
+        {"a backslash at the end", u"a\\", u"a\\"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.shows);
+        EXPECT_EQ(Unescaped(row.printable), row.text);
+    }
+}
+
+TEST(Unicode, ALineOfADocumentKeepsItsTabsOnly) {
+    EXPECT_EQ(PrintableLine("\ta\tb\x1b\u202e"), "\ta\tb\\x1b\\u202e");
+    EXPECT_EQ(PrintableLine("a\xff"
+                            "b"),
+              "a\uFFFDb");
+    EXPECT_EQ(PrintableLine(""), "");
+}
+
+TEST(Unicode, LinesAreTakenOneByOne) {
+    std::string_view text = "a\n\nb";
+    EXPECT_EQ(TakeLine(text), "a");
+    EXPECT_EQ(TakeLine(text), "");
+    EXPECT_EQ(TakeLine(text), "b");
+    EXPECT_TRUE(text.empty());
+}
+
+TEST(Unicode, InkTakesNoColumns) {
+    EXPECT_EQ(DisplayWidth("\x1b[31mabc\x1b[0m"), 3u);
+    EXPECT_EQ(DisplayWidth("\x1b[1m\x1b[0m"), 0u);
+}
+
 }  // namespace
