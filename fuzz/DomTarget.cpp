@@ -3,8 +3,8 @@
 #include <cstring>
 
 #include "fuzz/FuzzTarget.h"
-#include "runtime/Runtime.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_fuzz {
 

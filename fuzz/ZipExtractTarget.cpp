@@ -6,7 +6,7 @@
 
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/MemoryFile.h"
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/MemoryFile.h"
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 using vexpa_fuzz::Require;
 

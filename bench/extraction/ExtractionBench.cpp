@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

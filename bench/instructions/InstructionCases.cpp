@@ -15,10 +15,10 @@
 #include <unordered_set>
 #include <vector>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
+#include "vexpa/platform/Runtime.h"
 #include "vexpa/xmlfx/Transform.h"
 #include "vexpa/xmlfx/XmlAttrBuilder.h"
 #include "vexpa/xmlfx/XmlMapper.h"

@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/Handle.h"
+#include "vexpa/platform/Runtime.h"
 #include "vexpa/xmlfx/XmlMapper.h"
 #include "vexpa/xmlfx/XmlRoAttr.h"
 

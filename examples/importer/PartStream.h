@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <filesystem>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/opc/Package.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace importer {
 

@@ -2,7 +2,7 @@
 #ifndef VEXPA_RUNTIME_COM_COMOBJECT_H_
 #define VEXPA_RUNTIME_COM_COMOBJECT_H_
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_runtime {
 

@@ -4,7 +4,7 @@
 
 #include <new>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_runtime {
 

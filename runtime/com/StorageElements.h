@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "runtime/Runtime.h"
 #include "runtime/com/GsfPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_runtime {
 

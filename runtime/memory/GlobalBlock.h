@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 // The bytes lie in a block of their own, so that a stream can grow them while the handle
 // that callers hold stays the same.

@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 void* _XCoTaskMemAlloc(std::size_t size) {
     return std::malloc(size == 0 ? 1 : size);

@@ -4,9 +4,9 @@
 #include <new>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "runtime/Uninterrupted.h"
 #include "runtime/text/LocalText.h"
+#include "vexpa/platform/Runtime.h"
 
 int _Xaccess(const char16_t* path, int mode) {
     if (path == nullptr) {

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

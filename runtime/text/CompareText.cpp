@@ -1,7 +1,7 @@
 #include <QChar>
 #include <string>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <limits>
 #include <string>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <memory>
 #include <vector>
 
-#include "runtime/Runtime.h"
 #include "runtime/xml/NameTable.h"
 #include "runtime/xml/TextStore.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_runtime {
 

@@ -1,8 +1,8 @@
 #include <memory>
 
-#include "runtime/Runtime.h"
 #include "runtime/com/Guarded.h"
 #include "runtime/xml/XmlParser.h"
+#include "vexpa/platform/Runtime.h"
 
 // Each parse brings its own parser, so the service has nothing to set up or to take down.
 int _XMLInitialize(std::uint32_t) {

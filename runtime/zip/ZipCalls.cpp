@@ -5,10 +5,10 @@
 #include <string>
 #include <utility>
 
-#include "runtime/Runtime.h"
 #include "runtime/text/LocalText.h"
 #include "runtime/zip/Extraction.h"
 #include "runtime/zip/Utf8.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_runtime::zip {
 

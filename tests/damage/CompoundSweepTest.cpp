@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "tests/damage/SoundPackages.h"
 #include "tests/opc/PackageContent.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

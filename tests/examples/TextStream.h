@@ -7,8 +7,8 @@
 #include <string>
 #include <utility>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/Result.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_test {
 

@@ -4,13 +4,13 @@
 #include <new>
 #include <thread>
 
-#include "runtime/Runtime.h"
 #include "tests/damage/SoundPackages.h"
 #include "tests/fault/ChangingFile.h"
 #include "tests/fault/Scenario.h"
 #include "tests/support/FailingAllocator.h"
 #include "tests/support/FailingMalloc.h"
 #include "tests/support/SystemCalls.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

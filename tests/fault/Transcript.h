@@ -8,8 +8,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "runtime/Runtime.h"
 #include "vexpa/opc/Package.h"
+#include "vexpa/platform/Runtime.h"
 #include "vexpa/xmlfx/XmlRoAttr.h"
 
 namespace vexpa_test {

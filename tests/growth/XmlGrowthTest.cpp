@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "tests/growth/Work.h"
 #include "tests/runtime/com/Blocks.h"
 #include "tests/worst/ShapeParts.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_test {
 

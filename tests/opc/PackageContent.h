@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "runtime/Runtime.h"
 #include "vexpa/opc/Package.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_test {
 

@@ -5,10 +5,10 @@
 #include <limits>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "vexpa/opc/PartUri.h"
 #include "vexpa/opc/UriComponents.h"
 #include "vexpa/opc/UriParser.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -3,11 +3,10 @@
 #include <expat.h>
 #include <libdeflate.h>
 
+#include <memory_resource>
 #include <mutex>
 #include <new>
 #include <unordered_map>
-#include <utility>
-#include <vector>
 
 extern "C" {
 void* __real_malloc(std::size_t size);
@@ -38,15 +37,10 @@ bool Fails() {
 }
 
 // For the books, which must not be in themselves.
-template <class T>
-struct RealMemory {
-    using value_type = T;
-    RealMemory() = default;
-    template <class Other>
-    RealMemory(const RealMemory<Other>&) noexcept {}
-    T* allocate(std::size_t count) { return static_cast<T*>(__real_malloc(count * sizeof(T))); }
-    void deallocate(T* memory, std::size_t) noexcept { __real_free(memory); }
-    bool operator==(const RealMemory&) const = default;
+class RealMemory : public std::pmr::memory_resource {
+    void* do_allocate(std::size_t size, std::size_t) override { return __real_malloc(size); }
+    void do_deallocate(void* memory, std::size_t, std::size_t) override { __real_free(memory); }
+    bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
 };
 
 class Books {
@@ -78,10 +72,9 @@ public:
     }
 
 private:
-    using Block = std::pair<void* const, std::size_t>;
     std::mutex mutex_;
-    std::unordered_map<void*, std::size_t, std::hash<void*>, std::equal_to<>, RealMemory<Block>>
-        blocks_;
+    RealMemory memory_;
+    std::pmr::unordered_map<void*, std::size_t> blocks_{&memory_};
     std::size_t next_ = 0;
 };
 

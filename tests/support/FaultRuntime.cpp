@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_test {
 

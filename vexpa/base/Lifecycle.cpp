@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 #include "vexpa/xmlfx/RegisterNamespaces.h"
 #include "vexpa/xmlfx/XmlMapper.h"
 

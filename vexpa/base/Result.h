@@ -2,7 +2,7 @@
 #ifndef VEXPA_BASE_RESULT_H_
 #define VEXPA_BASE_RESULT_H_
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn {
 

@@ -1,8 +1,8 @@
 #include "vexpa/opc/ContentTypes.h"
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/opc/PartNameKey.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn::opc {
 

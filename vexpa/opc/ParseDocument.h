@@ -2,7 +2,7 @@
 #ifndef VEXPA_OPC_PARSEDOCUMENT_H_
 #define VEXPA_OPC_PARSEDOCUMENT_H_
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn::opc {
 

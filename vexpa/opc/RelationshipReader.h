@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "vexpa/opc/RelationshipImpl.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn::opc {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn::opc {
 

@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <new>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn::opc {
 

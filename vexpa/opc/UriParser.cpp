@@ -1,8 +1,8 @@
 #include "vexpa/opc/UriParser.h"
 
-#include "runtime/Runtime.h"
 #include "vexpa/opc/UriComponents.h"
 #include "vexpa/opc/UriEscape.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace tarn::opc {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/Noncopyable.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace lumo::Compression::Zip {
 

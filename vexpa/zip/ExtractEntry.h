@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace lumo::Compression::Zip {
 

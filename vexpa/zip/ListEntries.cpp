@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
 
 namespace lumo::Compression::Zip {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/Utf16.h"
+#include "vexpa/platform/Runtime.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
 
 namespace lumo::Compression::Zip {

@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/Runtime.h"
 #include "runtime/memory/GlobalBlock.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_test {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "runtime/Runtime.h"
 #include "tests/support/FailingMalloc.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

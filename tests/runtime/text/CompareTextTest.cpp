@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <string>
 
-#include "runtime/Runtime.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

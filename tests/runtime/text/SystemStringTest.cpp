@@ -4,8 +4,8 @@
 #include <cstring>
 #include <string>
 
-#include "runtime/Runtime.h"
 #include "tests/support/FailingMalloc.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

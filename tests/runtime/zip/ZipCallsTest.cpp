@@ -3,9 +3,9 @@
 
 #include <filesystem>
 
-#include "runtime/Runtime.h"
 #include "tests/runtime/zip/ZipClient.h"
 #include "tests/support/ScratchFile.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

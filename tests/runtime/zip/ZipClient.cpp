@@ -3,8 +3,8 @@
 #include <clocale>
 #include <cstdlib>
 
-#include "runtime/Runtime.h"
 #include "tests/support/ScratchFile.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_test {
 
