@@ -180,6 +180,14 @@ TEST(StandardInput, ThatCannotBeReadEndsWithStatus5) {
     EXPECT_EQ(run.err, "vexpa: standard input: Is a directory\n");
 }
 
+TEST(StandardInput, ThatCannotBeReadCostsTheOtherFilesNothing) {
+    PackageFile file = MinimalPackage();
+    const std::string path = file.Write().Path();
+    const ToolRun run = RunTool({"parts", "-", path}, {.inputFile = "/"});
+    EXPECT_EQ(run.status, 5);
+    EXPECT_EQ(run.out, path + ":\n" + RunTool({"parts", path}).out);
+}
+
 TEST(StandardInput, MayBeTheListOfFiles) {
     PackageFile file = MinimalPackage();
     const std::string path = file.Write().Path();

@@ -130,6 +130,14 @@ TEST_F(Terminal, ProgressDoesNotShowWhereNobodyLooks) {
               std::string::npos);
 }
 
+TEST_F(Terminal, ProgressOnOneThatOnlyKnowsLinesIsWholeLines) {
+    const TerminalRun run =
+        RunOnTerminal({"parts", "--progress", "always", path_, path_}, {.environment = {"TERM=dumb"}});
+    EXPECT_THAT(run.screen, Not(HasSubstr("\x1b")));
+    EXPECT_THAT(run.screen, Not(HasSubstr("\r")));
+    EXPECT_THAT(run.screen, HasSubstr("\n2/2  100 %"));
+}
+
 TEST_F(Terminal, ProgressInALogIsWholeLines) {
     const ToolRun run = RunTool({"parts", "--progress", "always", path_, path_});
     EXPECT_THAT(run.err, testing::StartsWith("2/2  100 %"));

@@ -4,9 +4,9 @@
 #include <new>
 #include <string_view>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Result.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_tool {
 

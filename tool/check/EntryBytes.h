@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_tool {
 

@@ -1,4 +1,4 @@
-// VX107, VX109, VX113, VX601, VX603 and VX608: what the headers say of the entries' data.
+// VX107, VX109, VX113, VX116, VX601, VX603 and VX608: what the headers say of the entries' data.
 
 #include <iterator>
 #include <string>
@@ -101,6 +101,11 @@ void CheckSize(const ContainerEntry& entry, Findings& findings) {
             Locate(entry, finding);
             finding.cause =
                 "unpacks to " + Bytes(entry.size) + " from " + GroupedDigits(entry.compressedSize);
+        });
+    } else if (entry.method == kDeflated && entry.size == 0 && entry.compressedSize == 0) {
+        findings.Add(FindingId::NoDeflateStream, [&](Finding& finding) {
+            Locate(entry, finding);
+            finding.cause = "is deflated, but has no packed data, not even that of no bytes";
         });
     }
 }

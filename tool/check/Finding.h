@@ -48,6 +48,7 @@ enum class FindingId : std::uint16_t {
     DataElsewhere = 113,
     LeadingSlash = 114,
     EndRecordDiffers = 115,
+    NoDeflateStream = 116,
 
     NoContentTypes = 201,
     MalformedContentTypes = 202,

@@ -143,6 +143,11 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "library "
      "opens an archive when either size or count fit what lies there; stricter readers refuse it.",
      "pack the archive anew"},
+    {FindingId::NoDeflateStream, Severity::Info, "an empty entry without any packed data",
+     "The entry says that it is deflated and has no bytes, packed or not. Even nothing packs to two "
+     "bytes, so "
+     "strict readers call it damaged. The library reads it as empty.",
+     "store empty entries instead of deflating them"},
 
     {FindingId::NoContentTypes, Severity::Error, "no [Content_Types].xml",
      "Opening begins with the entry [Content_Types].xml, spelled exactly so and not in a folder. A zip "

@@ -1,6 +1,7 @@
 // VX3xx: _rels/.rels.
 
 #include <algorithm>
+#include <set>
 #include <string>
 
 #include "tool/check/CheckedSources.h"
@@ -92,7 +93,11 @@ void CheckMainPart(const Subject& subject, Findings& findings) {
         isStrict ? FindingId::StrictDocument : FindingId::NoOfficeDocument, [&](Finding& finding) {
             finding.entry = kRelationshipsEntry;
             ShownList types;
-            for (const opc::Relationship* one : relationships) types.Add(DistinctType(*one));
+            std::set<std::string> seen;
+            for (const opc::Relationship* one : relationships) {
+                const std::string type = DistinctType(*one);
+                if (seen.insert(type).second) types.Add(type);
+            }
             finding.cause = isStrict
                                 ? "the types are those of Strict documents: a look-up by type id does "
                                   "not find the main part"

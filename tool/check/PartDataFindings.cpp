@@ -45,9 +45,9 @@ public:
         // What the headers tell is told of already.
         if (FindHeaderDamage(*subject_.container, entry) != EntryDamage::None) return;
         const std::string name(entry.name);
-        opc::Part* part = subject_.model->GetPart(opc::PartUri(FromUtf8(name).c_str()));
-        if (part == nullptr) return;
         if (entry.size > subject_.options.largestPart) return ReportTooLarge(entry);
+        opc::Part* part = bytes_.Find(name);
+        if (part == nullptr) return;
         Read(*part, name);
     }
 
@@ -66,10 +66,10 @@ private:
             if (names_) names_->Count(tag);
         });
         std::string start;
-        const bool isRead = bytes_.Read(part, name, [&](const char* bytes, std::size_t size) {
+        const bool isRead = bytes_.Read(part, [&](std::string_view piece) {
             StopIfInterrupted();
-            if (start.size() < kSignatureSize) start.append(bytes, std::min(size, kSignatureSize));
-            if (isXml) xml.Feed({bytes, size});
+            if (start.size() < kSignatureSize) start += piece.substr(0, kSignatureSize);
+            if (isXml) xml.Feed(piece);
         });
         if (!isRead) return ReportDamage(name);
         if (isXml) CheckXml(name, start.empty(), xml);
@@ -93,7 +93,7 @@ private:
     }
 
     void CheckStorage(opc::Part& part, const std::string& name, const std::string& start) {
-        if (bytes_.IsStorage(part, name)) return;
+        if (bytes_.IsStorage(part)) return;
         findings_.Add(FindingId::NoCompoundFile, [&](Finding& finding) {
             finding.entry = name;
             finding.cause = LooksLikeCompoundFile(start)

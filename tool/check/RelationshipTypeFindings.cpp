@@ -203,7 +203,7 @@ void ReportUnknown(const WordCounts& unknown, Findings& findings) {
     if (unknown.IsEmpty()) return;
     findings.Add(FindingId::UnknownType, [&](Finding& finding) {
         finding.cause = Counted(unknown.Total(), "relationship", "relationships") + " of " +
-                        Counted(unknown.Words(), "type", "types") +
+                        unknown.WordsText("type", "types") +
                         " outside the table: " + unknown.Text(kMostWords);
     });
 }

@@ -24,11 +24,11 @@ inline constexpr const char* kContentTypesEntry = "[Content_Types].xml";
 inline constexpr const char* kRelationshipsEntry = "_rels/.rels";
 
 struct CheckOptions {
-    bool isDeep = false;                       // read every part
-    bool isOpeningOnly = false;                // leave what does not bear on opening
-    std::uint64_t largestPart = 512ULL << 20;  // what is larger is not read
+    bool isDeep = false;                                // read every part
+    bool isOpeningOnly = false;                         // leave what does not bear on opening
+    std::uint64_t largestPart = 512ULL << 20;           // what is larger is not read
     std::size_t mostEntries = Container::kMostEntries;  // the first of the archive
-    const Vocabulary* vocabulary = nullptr;    // for isDeep; without it names are not counted
+    const Vocabulary* vocabulary = nullptr;             // for isDeep; without it names are not counted
 };
 
 // Who the groups of checks ask. Filled step by step, as far as the file allows.

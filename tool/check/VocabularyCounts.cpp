@@ -67,13 +67,13 @@ VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::strin
 void VocabularyCounts::Report(Findings& findings) const {
     if (!namespaces_.IsEmpty()) {
         findings.Add(FindingId::UnknownNamespaces, [this](Finding& finding) {
-            finding.cause = Counted(namespaces_.Words(), "namespace", "namespaces") +
+            finding.cause = namespaces_.WordsText("namespace", "namespaces") +
                             " outside the vocabulary: " + namespaces_.Text(kMostWords);
         });
     }
     if (names_.IsEmpty()) return;
     findings.Add(FindingId::UnknownNames, [this](Finding& finding) {
-        finding.cause = Counted(names_.Words(), "name", "names") +
+        finding.cause = names_.WordsText("name", "names") +
                         " of known namespaces outside the vocabulary: " + names_.Text(kMostWords);
     });
 }

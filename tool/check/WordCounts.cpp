@@ -19,6 +19,10 @@ void WordCounts::Add(std::string_view utf8) {
     }
 }
 
+std::string WordCounts::WordsText(const std::string& one, const std::string& several) const {
+    return Counted(counts_.size(), one, several) + (counts_.size() < kMostWords ? "" : " or more");
+}
+
 std::string WordCounts::Text(std::size_t most) const {
     std::vector<std::pair<std::string, std::uint64_t>> words(counts_.begin(), counts_.end());
     std::stable_sort(words.begin(), words.end(),

@@ -19,7 +19,8 @@ public:
 
     bool IsEmpty() const noexcept { return total_ == 0; }
     std::uint64_t Total() const noexcept { return total_; }
-    std::size_t Words() const noexcept { return counts_.size(); }
+    // "3 types": how many different ones, "50,000 types or more" where that is not known.
+    std::string WordsText(const std::string& one, const std::string& several) const;
 
     // At most `most` of them, the most frequent first.
     std::string Text(std::size_t most) const;

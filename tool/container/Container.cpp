@@ -57,6 +57,8 @@ void AddHeader(const zip::DirectoryHeader& header, ContainerEntry& entry) {
     entry.rawNameSize = static_cast<std::uint16_t>(header.NameSize());
     entry.extraSize = static_cast<std::uint16_t>(header.ExtraSize());
     entry.commentSize = static_cast<std::uint16_t>(header.CommentSize());
+    const auto* name = reinterpret_cast<const char*>(header.Name());
+    entry.isSpelledAsListed = entry.name == std::string_view(name, header.NameSize());
 }
 
 void AddHeader(const LocalHeader& header, ContainerEntry& entry) {
@@ -87,15 +89,17 @@ bool Container::ReadDirectory() {
     source_ = ContainerSource::Directory;
     end_ = MakeEnd(place);
     std::uint8_t commentSize[2];
-    if (file_.ReadAt(end_.position + kCommentSizeAt, commentSize, sizeof commentSize)) {
+    if (ReadAt(end_.position + kCommentSizeAt, commentSize, sizeof commentSize)) {
         end_.commentSize = zip::Le16(commentSize);
     }
 
     zip::ForwardReader in(file_, place.start, place.end);
     entries_.reserve(std::min(directory_->Count(), mostEntries_));
     for (const zip::Entry& entry : directory_->Entries()) {
+        if (entries_.size() == mostEntries_) break;
         const std::uint8_t* bytes = in.Peek(zip::kDirectoryHeaderSize);
-        if (bytes == nullptr || entries_.size() == mostEntries_) break;
+        if (bytes != nullptr) bytes = in.Peek(zip::DirectoryHeader{bytes}.SizeWithoutComment());
+        if (bytes == nullptr) break;
         const zip::DirectoryHeader header{bytes};
         ContainerEntry& made = entries_.emplace_back(FromDirectory(*directory_, entry));
         made.directoryPosition = place.end - in.Left();
@@ -139,7 +143,7 @@ const ContainerEntry* Container::Find(std::string_view name) const {
 
 std::string Container::Bytes(std::uint64_t position, std::uint64_t size) const {
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    if (!file_.ReadAt(position, bytes.data(), bytes.size())) bytes.clear();
+    if (!ReadAt(position, bytes.data(), bytes.size())) bytes.clear();
     return bytes;
 }
 
@@ -150,6 +154,7 @@ std::uint64_t Container::NamePosition(const ContainerEntry& entry) const {
 }
 
 std::string Container::RawName(const ContainerEntry& entry) const {
+    if (entry.isSpelledAsListed) return std::string(entry.name);
     return Bytes(NamePosition(entry), entry.rawNameSize);
 }
 

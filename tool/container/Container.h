@@ -13,6 +13,7 @@
 
 #include "runtime/zip/ArchiveFile.h"
 #include "runtime/zip/Directory.h"
+#include "tool/container/ReadWindow.h"
 
 namespace vexpa_tool {
 
@@ -43,6 +44,7 @@ struct ContainerEntry {
     std::uint16_t extraSize;
     std::uint16_t commentSize;
     bool onOtherDisk;
+    bool isSpelledAsListed;  // the bytes of the name are `name`
 };
 
 // The end record, and how the archive lies in its file.
@@ -70,6 +72,8 @@ enum class ContainerSource {
 //
 // What is long (extra data, comments, local headers) is read when it is asked for, so memory
 // follows the number of entries.
+//
+// Threads  One at a time.
 class Container {
 public:
     static constexpr std::size_t kMostEntries = 1 << 20;
@@ -80,6 +84,10 @@ public:
                                          std::size_t mostEntries = kMostEntries);
 
     const vexpa_runtime::zip::ArchiveFile& File() const noexcept { return file_; }
+    // Like the file's, and cheap for small reads.
+    bool ReadAt(std::uint64_t position, void* destination, std::size_t size) const {
+        return window_.ReadAt(file_, position, destination, size);
+    }
     std::uint64_t FileSize() const noexcept { return file_.Size(); }
     ContainerSource Source() const noexcept { return source_; }
 
@@ -108,6 +116,7 @@ private:
     std::uint64_t NamePosition(const ContainerEntry& entry) const;
 
     vexpa_runtime::zip::ArchiveFile file_;
+    mutable ReadWindow window_;
     std::size_t mostEntries_;
     ContainerSource source_ = ContainerSource::None;
     std::shared_ptr<const vexpa_runtime::zip::Directory> directory_;

@@ -24,7 +24,7 @@ void WorkInWideSizes(const std::string& extra, LocalHeader& header) {
 std::optional<LocalHeader> ReadLocalHeader(const Container& container, std::uint64_t position,
                                            WideSizes wideSizes) {
     std::uint8_t bytes[kLocalHeaderSize];
-    if (!container.File().ReadAt(position, bytes, sizeof bytes)) return std::nullopt;
+    if (!container.ReadAt(position, bytes, sizeof bytes)) return std::nullopt;
     if (zip::Le32(bytes) != kLocalHeaderSignature) return std::nullopt;
 
     LocalHeader header{};

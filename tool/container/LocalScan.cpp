@@ -22,7 +22,7 @@ constexpr std::uint64_t kSignatureSize = 4;
 
 std::optional<std::uint32_t> SignatureAt(const Container& container, std::uint64_t position) {
     std::uint8_t bytes[kSignatureSize];
-    if (!container.File().ReadAt(position, bytes, sizeof bytes)) return std::nullopt;
+    if (!container.ReadAt(position, bytes, sizeof bytes)) return std::nullopt;
     return zip::Le32(bytes);
 }
 

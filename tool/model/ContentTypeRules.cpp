@@ -3,11 +3,11 @@
 #include <functional>
 #include <utility>
 
-#include "runtime/Runtime.h"
 #include "tool/ExitStatus.h"
 #include "tool/model/OpenPackage.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Result.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_tool {
 

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "runtime/Runtime.h"
 #include "tool/text/Local.h"
 #include "vexpa/base/Result.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_tool {
 

@@ -8,8 +8,9 @@
 
 namespace vexpa_tool {
 
-// The library gives no reason, so the file and its container are looked at from outside.
-// Everything said is true of the file; that it was the library's reason is a conclusion.
+// The library gives no reason, so the check replays the steps of opening: "VX301 _rels/.rels:7:2:
+// the last relationship rId5 (thumbnail) has no part: a.jpeg". What is said is true of the file;
+// that it was the library's reason is a conclusion.
 std::string WhyNotOpened(const InputFile& file);
 
 }  // namespace vexpa_tool

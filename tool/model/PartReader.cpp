@@ -73,15 +73,6 @@ std::optional<std::uint64_t> PartReader::Size(opc::Part& part) {
     return open.stream ? std::optional(open.size) : std::nullopt;
 }
 
-bool PartReader::OpensAsStorage(opc::Part& part) {
-    const std::optional<std::uint64_t> size = Size(part);
-    opc::Part* source = Substitute(part);
-    ComPtr<IStorage> storage;
-    if (!size || source == nullptr || Failed(source->GetStorage(storage.Out()))) return false;
-    kept_ += *size;
-    return true;
-}
-
 std::optional<PartDigest> PartReader::Digest(opc::Part& part) {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     std::uint64_t size = 0;

@@ -34,9 +34,6 @@ public:
     std::optional<std::uint64_t> Size(tarn::opc::Part& part);
     std::optional<PartDigest> Digest(tarn::opc::Part& part);
 
-    // Whether the library opens it as a storage.
-    bool OpensAsStorage(tarn::opc::Part& part);
-
 private:
     struct OpenStream;
     OpenStream Open(tarn::opc::Part& part);

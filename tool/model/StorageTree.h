@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "runtime/Runtime.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace vexpa_tool {
 

@@ -58,11 +58,22 @@ public:
 private:
     void AddFile(const std::string& name) {
         if (name == "-") {
-            list_.files.push_back(StandardInput());
+            AddStandardInput();
         } else if (recursive_ && IsFolder(name)) {
             AddFolder(name);
         } else {
             list_.files.emplace_back(name);
+        }
+    }
+
+    void AddStandardInput() {
+        try {
+            list_.files.push_back(StandardInput());
+        } catch (const FatalError&) {
+            throw;
+        } catch (const ToolError& error) {
+            Complain(error.what());
+            list_.status = Worse(list_.status, error.Status());
         }
     }
 

@@ -68,7 +68,7 @@ std::string ProgressText(const ProgressState& state, std::size_t width) {
 }
 
 Progress::Progress(When when, std::size_t total)
-    : isTerminal_(IsTerminal(STDERR_FILENO)),
+    : isTerminal_(TakesControls(STDERR_FILENO)),
       isShown_(when == When::Always || (when == When::Auto && isTerminal_ && total > 1)),
       isEager_(when == When::Always),
       nextSeconds_(when == When::Always ? 0 : kQuietSeconds) {

@@ -28,7 +28,7 @@ bool HasColour(When when) {
     if (!Variable("NO_COLOR").empty()) return false;
     const std::string_view force = Variable("CLICOLOR_FORCE");
     if (!force.empty() && force != "0") return true;
-    return IsTerminal(STDOUT_FILENO) && Variable("TERM") != "dumb";
+    return TakesControls(STDOUT_FILENO);
 }
 
 const char* CodeOf(Ink ink) {
@@ -66,6 +66,10 @@ const Appearance& TheAppearance() {
 
 bool IsTerminal(int descriptor) {
     return isatty(descriptor) != 0;
+}
+
+bool TakesControls(int descriptor) {
+    return IsTerminal(descriptor) && Variable("TERM") != "dumb";
 }
 
 std::size_t TerminalWidth(int descriptor) {

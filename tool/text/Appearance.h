@@ -27,6 +27,8 @@ void DecideAppearance(const AppearanceOptions& options);
 const Appearance& TheAppearance();
 
 bool IsTerminal(int descriptor);
+// A terminal that knows more than lines of text.
+bool TakesControls(int descriptor);
 // The columns of the terminal, else those that COLUMNS says, else 80.
 std::size_t TerminalWidth(int descriptor);
 

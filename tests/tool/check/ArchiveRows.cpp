@@ -63,6 +63,16 @@ FindingRows ArchiveRows() {
          "VX113"},
         {"data beyond the file", Spoiled([](SoundPackage& p) { Image(p).compressedSize = 1 << 20; }),
          "VX113"},
+        {"a deflated entry without data", Spoiled([](SoundPackage& p) {
+             Image(p).content = "";
+             Image(p).rawData = "";
+         }),
+         "VX116"},
+        {"a stored entry without data", Spoiled([](SoundPackage& p) {
+             Image(p).content = "";
+             Image(p).stored = true;
+         }),
+         ""},
         {"a count too high", Spoiled([](SoundPackage& p) { p.zip.entryCount = 9; }), "VX115"},
         {"a directory offset that is off", Spoiled([](SoundPackage& p) { p.zip.directoryOffset = 1; }),
          "VX113 VX115 VX207 VX300"},

@@ -140,7 +140,7 @@ TEST(WordCounts, GiveTheMostFrequentFirst) {
     EXPECT_TRUE(counts.IsEmpty());
     for (const char* word : {"b", "a", "c", "c", "b", "c"}) counts.Add(word);
     EXPECT_EQ(counts.Total(), 6u);
-    EXPECT_EQ(counts.Words(), 3u);
+    EXPECT_EQ(counts.WordsText("word", "words"), "3 words");
     EXPECT_EQ(counts.Text(2), "c (3), b (2) and 1 more");
 }
 
