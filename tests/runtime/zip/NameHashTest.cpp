@@ -8,6 +8,7 @@
 namespace {
 
 using namespace vexpa_runtime::zip;
+using vexpa_runtime::RandomKey;
 
 // The key of the reference vectors: the bytes 0 to 15.
 constexpr RandomKey kKey{0x0706050403020100, 0x0f0e0d0c0b0a0908};
