@@ -28,11 +28,11 @@ inline const char16_t* FromUnits(const unsigned short* text) noexcept {
 inline std::size_t TextLength(const unsigned short* text) noexcept {
     if (text == nullptr) return 0;
     using AnyUnit __attribute__((__may_alias__)) = unsigned short;
-    const AnyUnit* units = text;
-    std::size_t length = 0;
+    const AnyUnit* const units = text;
+    const AnyUnit* end = units;
 #pragma GCC unroll 8  // a URI of some sixty units is measured for every attribute
-    while (units[length] != 0) ++length;
-    return length;
+    while (*end != 0) ++end;
+    return static_cast<std::size_t>(end - units);
 }
 
 // A caller's NUL-terminated text, in place; null is the empty text. For code that reads the
