@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "vexpa/base/Export.h"
+#include "vexpa/base/Utf16.h"
 
 namespace tarn::xmlfx {
 
@@ -24,6 +25,8 @@ public:
 protected:
     XmlAttrValue() noexcept = default;
     explicit XmlAttrValue(std::u16string value) noexcept : value_(std::move(value)) {}
+    // A copy of a NUL-terminated text; null is the empty one.
+    explicit XmlAttrValue(const unsigned short* value) : value_(CopyText(value)) {}
     ~XmlAttrValue() = default;
 
 private:

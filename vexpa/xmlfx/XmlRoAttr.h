@@ -42,6 +42,7 @@ public:
 protected:
     XmlRoAttr() noexcept = default;
     explicit XmlRoAttr(std::u16string value) noexcept : XmlAttrValue(std::move(value)) {}
+    explicit XmlRoAttr(const unsigned short* value) : XmlAttrValue(value) {}
     ~XmlRoAttr() override = default;
 };
 

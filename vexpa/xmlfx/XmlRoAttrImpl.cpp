@@ -52,10 +52,6 @@ void XmlRoAttrImpl::DropAttributes() noexcept {
     byToken_.reset();
 }
 
-void XmlRoAttrImpl::Reserve(std::uint32_t count) {
-    attributes_.reserve(count);
-}
-
 void XmlRoAttrImpl::AddAttribute(std::uint32_t token, XmlRoAttr* value) {
     constexpr std::size_t kFewest = 4;
     Handle<XmlRoAttr> held(value);

@@ -23,9 +23,6 @@ public:
     }
     XmlRoAttr* Find(std::uint32_t token) const override { return FindOwn(token); }
 
-    // Makes room for `count` attributes, while the set is being built.
-    void Reserve(std::uint32_t count);
-
     // Appends an attribute while the set is being built. Takes over the caller's reference
     // on `value`, also when it throws.
     void AddAttribute(std::uint32_t token, XmlRoAttr* value);
