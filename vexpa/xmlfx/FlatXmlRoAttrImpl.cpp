@@ -1,6 +1,16 @@
 #include "vexpa/xmlfx/FlatXmlRoAttrImpl.h"
 
+#include <memory>
+
 namespace tarn::xmlfx {
+
+namespace {
+
+struct FreeMemory {
+    void operator()(void* memory) const noexcept { ::operator delete(memory); }
+};
+
+}  // namespace
 
 // One of the leaves behind a set.
 class FlatXmlRoAttrImpl::Leaf final : public LeafXmlRoAttrImpl {
@@ -36,20 +46,16 @@ FlatXmlRoAttrImpl::FlatXmlRoAttrImpl(const unsigned short* value, std::uint32_t 
     : ShallowCloneableImpl(value), room_(room), leaves_(reinterpret_cast<Leaf*>(this + 1)) {}
 
 Handle<FlatXmlRoAttrImpl> FlatXmlRoAttrImpl::New(const unsigned short* value, std::uint32_t count) {
-    return Handle<FlatXmlRoAttrImpl>(new (count) FlatXmlRoAttrImpl(value, count));
-}
-
-void* FlatXmlRoAttrImpl::operator new(std::size_t size, std::uint32_t room) {
     static_assert(alignof(Leaf) <= alignof(FlatXmlRoAttrImpl), "leaves lie right behind their set");
-    return ::operator new(size + room * sizeof(Leaf));
+    const std::size_t size = sizeof(FlatXmlRoAttrImpl) + count * sizeof(Leaf);
+    std::unique_ptr<void, FreeMemory> memory(::operator new(size));
+    Handle<FlatXmlRoAttrImpl> set(::new (memory.get()) FlatXmlRoAttrImpl(value, count));
+    static_cast<void>(memory.release());  // the set frees itself
+    return set;
 }
 
-// For a constructor that throws.
-void FlatXmlRoAttrImpl::operator delete(void* memory, std::uint32_t) noexcept {
-    ::operator delete(memory);
-}
-
-// The last reference is gone.
+// The last reference is gone. Whoever holds a leaf takes turns with this, so outliving_ need
+// not be right before the end; from then on the leaves end as they like.
 void FlatXmlRoAttrImpl::operator delete(FlatXmlRoAttrImpl* set, std::destroying_delete_t) noexcept {
     std::uint32_t outliving = 0;
     for (Leaf& leaf : set->Leaves()) outliving += leaf.Outlives() ? 1 : 0;

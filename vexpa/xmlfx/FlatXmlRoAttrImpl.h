@@ -34,8 +34,6 @@ private:
     FlatXmlRoAttrImpl(const unsigned short* value, std::uint32_t room);
     ~FlatXmlRoAttrImpl() override = default;
 
-    static void* operator new(std::size_t size, std::uint32_t room);
-    static void operator delete(void* memory, std::uint32_t room) noexcept;
     static void operator delete(FlatXmlRoAttrImpl* set, std::destroying_delete_t) noexcept;
     void Free() noexcept;
 

@@ -186,7 +186,7 @@ void RegistryMap<Key, T>::Grow(size_type count) {
 
 template <class Key, class T>
 void RegistryMap<Key, T>::reserve(size_type count) {
-    constexpr size_type kMostBuckets = std::numeric_limits<size_type>::max() / sizeof(Node*);
+    constexpr size_type kMostBuckets = std::numeric_limits<size_type>::max() / sizeof(void*);
     if (count > kMostBuckets / 2) throw std::length_error("RegistryMap::reserve");
     if (count > bucketCount_) Grow(count);
     if (count > 0) Memory(count);
