@@ -48,8 +48,8 @@ private:
     std::string name_;
 };
 
-Handle<XmlRoAttrImpl> SetOf(const Pairs& pairs, std::u16string value = {}) {
-    Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl(std::move(value)));
+Handle<XmlRoAttrImpl> SetOf(const Pairs& pairs, std::u16string_view value = {}) {
+    Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl(value));
     for (const auto& [token, text] : pairs) set->AddAttribute(token, NewLeaf(text.c_str()));
     return set;
 }

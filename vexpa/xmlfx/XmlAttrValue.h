@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
+#include <string_view>
 
 #include "vexpa/base/Export.h"
 #include "vexpa/base/Utf16.h"
@@ -24,7 +24,7 @@ public:
 
 protected:
     XmlAttrValue() noexcept = default;
-    explicit XmlAttrValue(std::u16string value) noexcept : value_(std::move(value)) {}
+    explicit XmlAttrValue(std::u16string_view value) : value_(value) {}
     // A copy of a NUL-terminated text; null is the empty one.
     explicit XmlAttrValue(const unsigned short* value) : value_(CopyText(value)) {}
     ~XmlAttrValue() = default;
