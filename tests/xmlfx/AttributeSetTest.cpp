@@ -87,7 +87,7 @@ TEST(EmptySet, AHandleToItMayOutliveMain) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto holdAndExit = [] {
         heldUntilTheEnd = NullXmlRoAttrImpl::Get();
-        std::exit(0);
+        std::exit(0);  // NOLINT(concurrency-mt-unsafe): there is one thread
     };
     EXPECT_EXIT(holdAndExit(), ::testing::ExitedWithCode(0), "");
 }

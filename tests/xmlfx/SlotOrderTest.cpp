@@ -143,7 +143,7 @@ TEST(SlotOrder, ReleaseOfANullBuilderDoesNothing) {
     const Handle<XmlAttrBuilder> builder = XmlAttrBuilder::New(&collector);
     using Release = void (*)(void*);
     const Release* table = nullptr;
-    std::memcpy(&table, builder.Get(), sizeof table);
+    std::memcpy(&table, static_cast<const void*>(builder.Get()), sizeof table);
     table[2](nullptr);
 }
 

@@ -344,6 +344,7 @@ TEST_F(Transform, OfANullStringIsTheEmptySet) {
 TEST_F(Transform, TwoHundredThousandCollidingNamespacesAreNoBurden) {
     std::vector<std::u16string> uris;
     std::vector<TestAttribute> attributes;
+    attributes.reserve(200'000);
     for (unsigned i = 0; i < 200'000; ++i) {
         std::u16string uri = u"http://collisions.example/namespace/of/a/hostile/document/000000";
         for (std::size_t n = 1, rest = i; rest != 0; ++n, rest /= 10) {

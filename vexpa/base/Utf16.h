@@ -45,7 +45,7 @@ inline std::u16string_view ViewText(const unsigned short* text) noexcept {
 inline std::u16string CopyText(const unsigned short* text) {
     const std::size_t length = TextLength(text);
     std::u16string copy(length, u'\0');
-    if (length != 0) std::memcpy(copy.data(), text, length * sizeof(char16_t));
+    if (text != nullptr) std::memcpy(copy.data(), text, length * sizeof(char16_t));
     return copy;
 }
 inline std::u16string CopyText(const char16_t* text) {
