@@ -11,7 +11,6 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "vexpa/base/Export.h"
 
@@ -69,7 +68,8 @@ public:
     bool contains(Key key) const noexcept { return find(key) != end(); }
     size_type count(Key key) const noexcept { return contains(key) ? 1 : 0; }
 
-    // The value of `key`; of a new entry with an empty value when there was none.
+    // The value of `key`; of a new entry with an empty value when there was none. Asking for
+    // the same key again costs no more than comparing it.
     T& operator[](Key key);
     std::pair<iterator, bool> try_emplace(Key key);
 
@@ -81,7 +81,8 @@ public:
 
 private:
     // Linked into its bucket's tree, and into the list of all entries. Compiled callers know
-    // where the entry and the next node are; the rest, and the map itself, is ours.
+    // where the entry and the next node are; the rest is ours, and so is the map itself, but
+    // for its size: an entry may hold a map.
     struct Node {
         explicit Node(Key key, std::uint32_t keyHash)
             : entry(std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>()),
@@ -127,6 +128,7 @@ private:
         Node* node_ = nullptr;
     };
 
+    std::pair<Node*, bool> FindOrAdd(Key key);
     Node* FindNode(Key key, std::uint32_t hash) const noexcept;
     Node* Add(Key key, std::uint32_t hash);
     void Link(Node* node) noexcept;
@@ -134,7 +136,9 @@ private:
     Node* MakeNode(Key key, std::uint32_t hash);
     std::pmr::memory_resource& Memory(size_type expected);
 
-    std::vector<Node*> buckets_;  // none, or a power of two of them
+    std::unique_ptr<Node*[]> buckets_;
+    size_type bucketCount_ = 0;  // or a power of two
+    Node* recent_ = nullptr;     // what operator[] answered last
     Node* first_ = nullptr;
     Node* last_ = nullptr;
     size_type size_ = 0;

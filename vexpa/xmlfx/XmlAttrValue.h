@@ -4,9 +4,10 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
+#include <string_view>
 
 #include "vexpa/base/Export.h"
+#include "vexpa/base/Utf16.h"
 
 namespace tarn::xmlfx {
 
@@ -23,7 +24,9 @@ public:
 
 protected:
     XmlAttrValue() noexcept = default;
-    explicit XmlAttrValue(std::u16string value) noexcept : value_(std::move(value)) {}
+    explicit XmlAttrValue(std::u16string_view value) : value_(value) {}
+    // A copy of a NUL-terminated text; null is the empty one.
+    explicit XmlAttrValue(const unsigned short* value) : value_(CopyText(value)) {}
     ~XmlAttrValue() = default;
 
 private:

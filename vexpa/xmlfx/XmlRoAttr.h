@@ -3,8 +3,7 @@
 #define VEXPA_XMLFX_XMLROATTR_H_
 
 #include <cstdint>
-#include <string>
-#include <utility>
+#include <string_view>
 
 #include "vexpa/base/Handle.h"
 #include "vexpa/base/Object.h"
@@ -41,7 +40,8 @@ public:
 
 protected:
     XmlRoAttr() noexcept = default;
-    explicit XmlRoAttr(std::u16string value) noexcept : XmlAttrValue(std::move(value)) {}
+    explicit XmlRoAttr(std::u16string_view value) : XmlAttrValue(value) {}
+    explicit XmlRoAttr(const unsigned short* value) : XmlAttrValue(value) {}
     ~XmlRoAttr() override = default;
 };
 
