@@ -16,6 +16,10 @@ function(vexpa_configure_target target)
         target_compile_options(${target} PRIVATE
             $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${folder}=.>)
     endforeach()
+    # Every class that callers know is in the debug information, also where the optimiser drops
+    # its virtual table: abi/*.abi are compared with it.
+    target_compile_options(${target} PRIVATE
+        $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:RelWithDebInfo>>:-femit-class-debug-always>)
     if(NOT VEXPA_SANITIZED)
         # Fortified calls exist only in optimised code, so Debug goes without.
         target_compile_options(${target} PRIVATE
