@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/Noncopyable.h"
 #include "vexpa/opc/Package.h"
 #include "vexpa/platform/Runtime.h"
 #include "vexpa/xmlfx/XmlMapper.h"
