@@ -154,7 +154,8 @@ CHECKS = {"links": check_links, "snippets": check_snippets, "kept": check_kept}
 
 def main(check, root):
     found = list(CHECKS[check](Tree(root)))
-    print("\n".join(found))
+    for problem in found:
+        print(problem)
     return 1 if found else 0
 
 
