@@ -17,7 +17,7 @@ FENCE = re.compile(r"^```(\w*).*?$\n(.*?)^```", re.M | re.S)
 LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
 SPAN = re.compile(r"`([^`\n]+)`")
 PATH = re.compile(r"[\w.+-]+(/[\w.+*-]+)*/?")
-SUFFIX = re.compile(r"\.(cpp|h|py|sh|md|txt|tsv|map|in|json|dox|docx|pptx|xlsx|1)$")
+SUFFIX = re.compile(r"\.(cpp|h|py|sh|md|txt|tsv|map|in|json|dox|docx|pptx|xlsx)$")
 TEST_NAME = re.compile(r"([A-Z]\w+)\.([A-Z]\w+)")
 IDENTIFIER = re.compile(r"(?:\w+::)*(\w{4,})(?:\(\))?")
 GTEST = re.compile(r"\bTEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\s*\)")
@@ -53,6 +53,12 @@ class Tree:
         tops = (self.root, self.root / "vexpa", self.root / "runtime", self.root / "tests", beside)
         return any(any(True for _ in top.glob(name)) for top in tops)
 
+    def has_name(self, name):
+        """A whole word, an end of one ("Impl"), or one of which CMake fills in the beginning."""
+        ends = (name[i:] for i, letter in enumerate(name) if letter == "_")
+        return (name in self.words or any(end in self.words for end in ends if end.count("_") > 1)
+                or any(word.endswith(name) for word in self.words))
+
     def has_test(self, name):
         suite, dot, test = name.partition(".")
         return (suite, test) in self.tests if dot else any(name == found for _, found in self.tests)
@@ -76,7 +82,7 @@ def link_problem(tree, document, text, target):
 
 
 def span_problem(tree, document, span):
-    if span.startswith("build/") or re.search(r"\b[A-Z]+\b(?!\.md)", span):
+    if span.startswith(("build/", "std::")) or re.search(r"\b[A-Z]+\b(?!\.md)", span):
         return None  # made by a build, or with a place to fill in
     if TEST_NAME.fullmatch(span) and not SUFFIX.search(span):
         return None if tree.has_test(span) else f"the test {span}"
@@ -85,7 +91,7 @@ def span_problem(tree, document, span):
         return None if tree.has_file(span, document.parent) else f"the file {span}"
     identifier = IDENTIFIER.fullmatch(span)
     if identifier and (identifier[1] != identifier[1].lower() or "_" in identifier[1]):
-        return None if identifier[1] in tree.words else f"the name {span}"
+        return None if tree.has_name(identifier[1]) else f"the name {span}"
     return None
 
 
