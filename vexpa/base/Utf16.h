@@ -15,7 +15,7 @@ namespace tarn {
 
 static_assert(sizeof(char16_t) == sizeof(unsigned short), "a code unit is 16 bits wide");
 
-// The same text under the type that public signatures use, and back. The result points
+// [borrowed] The same text under the type that public signatures use, and back. The result points
 // into the argument: to be passed on, or read by code that knows only its own type.
 inline const unsigned short* ToUnits(const char16_t* text) noexcept {
     return reinterpret_cast<const unsigned short*>(text);

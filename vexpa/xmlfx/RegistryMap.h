@@ -40,6 +40,7 @@ class VEXPA_API RegistryMap {
     class Iterator;
 
 public:
+    // As std::unordered_map has them.
     using key_type = Key;
     using mapped_type = T;
     using value_type = std::pair<const Key, T>;
@@ -48,21 +49,26 @@ public:
     using iterator = Iterator<value_type>;
     using const_iterator = Iterator<const value_type>;
 
+    // An empty map. Only the library makes maps.
     RegistryMap() noexcept;
     ~RegistryMap();
+
     RegistryMap(const RegistryMap&) = delete;
     RegistryMap& operator=(const RegistryMap&) = delete;
 
+    // All entries, in the order in which they were added.
     iterator begin() noexcept;
     iterator end() noexcept { return iterator(); }
     const_iterator begin() const noexcept;
     const_iterator end() const noexcept { return const_iterator(); }
 
+    // How many entries there are, and how many buckets.
     [[nodiscard]] bool empty() const noexcept { return size() == 0; }
     size_type size() const noexcept;
     size_type bucket_count() const noexcept;
     float max_load_factor() const noexcept { return 1.0F; }
 
+    // The entry of `key`, or end(); nothing is added.
     iterator find(Key key) noexcept;
     const_iterator find(Key key) const noexcept;
     bool contains(Key key) const noexcept { return find(key) != end(); }
@@ -71,6 +77,7 @@ public:
     // The value of `key`; of a new entry with an empty value when there was none. Asking for
     // the same key again costs no more than comparing it.
     T& operator[](Key key);
+    // The same, and whether the entry is new.
     std::pair<iterator, bool> try_emplace(Key key);
 
     // Makes room for `count` entries at once; std::length_error when there can be none.

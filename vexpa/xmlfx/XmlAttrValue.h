@@ -11,7 +11,11 @@
 
 namespace tarn::xmlfx {
 
-// Fixed when the object is made; empty when none was given.
+// A text that is fixed when the object is made; empty when none was given.
+//
+// Lifetime  The text lasts as long as the object.
+// Errors    None.
+// Threads   Read by any number of threads.
 class XmlAttrValue {
 public:
     // [borrowed] The value, NUL-terminated; never null.

@@ -26,6 +26,7 @@ namespace tarn::xmlfx {
 // moved or removed. tests/xmlfx/SlotOrderTest.cpp fails when it changes.
 class XmlRoAttr : public Object, public ShallowCloneable, public XmlAttrValue {
 public:
+    // How many (token, value) pairs there are.
     virtual std::uint32_t GetCount() const = 0;
     // [borrowed] The value at a position; its token goes to *token, unless token or the
     // answer is null.
@@ -33,7 +34,7 @@ public:
     // [borrowed] The first value with this token, or null.
     virtual XmlRoAttr* Find(std::uint32_t token) const = 0;
 
-    // ShallowClone under the set's own type.
+    // [shared] ShallowClone under the set's own type.
     Handle<XmlRoAttr> Share() {
         return Handle<XmlRoAttr>(static_cast<XmlRoAttr*>(ShallowClone().Detach()));
     }
