@@ -115,8 +115,12 @@ NodeText TextOf(const GraphNode& node, const InputFile& file) {
     return text;
 }
 
+std::string TypeText(const std::string& type) {
+    return CutBack(FromUtf8(type));
+}
+
 std::string EdgeText(const GraphEdge& edge) {
-    const std::string type = CutBack(FromUtf8(edge.type));
+    const std::string type = TypeText(edge.type);
     return edge.ids.size() == 1 ? type : type + " x" + std::to_string(edge.ids.size());
 }
 
