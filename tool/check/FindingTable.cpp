@@ -50,8 +50,12 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "get the file again"},
     {FindingId::OtherCompoundFile, Severity::Error, "compound file of another kind",
      "The file is a compound file, but none with the streams of a document that is known here: a "
-     "mail message, a thumbnail cache, an embedded object, or a damaged document.",
+     "mail message, a thumbnail cache, an embedded object, or a document of another program.",
      "give it to a program that reads compound files"},
+    {FindingId::DamagedCompoundFile, Severity::Error, "damaged compound file",
+     "The file begins like a compound file, which password-protected and legacy documents are, but "
+     "cannot be opened as one: it is cut short, or its tables contradict one another.",
+     "get the file again"},
     {FindingId::UnknownReason, Severity::Error, "refused for a reason that was not found",
      "The library does not open the package, and none of the checks sees why. The file may have "
      "changed in between, or memory may have run out.",
@@ -101,7 +105,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "The library reads entries that are stored or deflated, not encrypted, and in this one file. "
      "A part in another entry is there but has no data; where it holds content types or "
      "relationships, these are lost.",
-     "pack the archive anew with deflate and without a password"},
+     "pack the archive anew: with deflate, without a password, in one file"},
     {FindingId::WildcardInName, Severity::Info, "characters of a pattern in an entry name",
      "Entries are asked for by patterns, in which '*', '?' and '[' have a meaning. An entry named "
      "exactly like the request is taken first, so nothing is lost here; but part names may not "
@@ -145,7 +149,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "The entry is there but does not parse, and the package does not open. An empty entry is not "
      "well-formed either. Documents that nest too deep or grow too much by entities are refused as "
      "well.",
-     "mend the XML at the line and column named"},
+     "mend the XML at the place named, or restore the entry if it is empty"},
     {FindingId::PartWithoutType, Severity::Warning, "part without a content type",
      "Neither an Override of the part's name nor a Default of its extension gives it a content "
      "type, so the library answers an empty one. Importers that choose by content type pass over "
@@ -277,7 +281,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "The content type says XML, but the part does not parse. The library hands out its bytes all "
      "the same; the importer's parser will stop at the place named. An empty part is not "
      "well-formed either.",
-     "mend the XML at the line and column named"},
+     "mend the XML at the place named, or restore the part if it is empty"},
     {FindingId::NoCompoundFile, Severity::Error, "storage part that is no compound file",
      "The part should hold a compound file (it is an embedded object or a macro project, or begins "
      "like one), but cannot be opened as a storage: it is something else, cut short, or its chains "
@@ -329,9 +333,14 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "another machine: templates from the network are a known way of attack.",
      "remove the relationship, or embed what it leads to"},
     {FindingId::TooManyEntries, Severity::Warning, "more entries than are looked at",
-     "The archive has more than 1,048,576 entries. The library lists them all; the check has "
-     "looked at the first ones only.",
+     "The archive has more entries than the limit for looking (--max-entries; 1,048,576 without "
+     "it). The library lists them all; the check has looked at the first ones only.",
      "do not trust the file"},
+    {FindingId::DeceptiveName, Severity::Warning, "entry name that is not what it looks like",
+     "The name has control characters, characters that turn the direction of writing, or "
+     "non-characters, so what a person sees is not what a program compares. Here they are shown "
+     "escaped; a file manager may show a program as a picture.",
+     "rename the entry; do not trust the file"},
 
     {FindingId::UnknownNamespaces, Severity::Info, "namespaces outside the vocabulary",
      "Elements or attributes belong to namespaces that the library has no tokens for. The "
