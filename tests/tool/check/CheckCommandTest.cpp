@@ -89,6 +89,35 @@ TEST(CheckCommand, FailsOnARefusedPackageWhateverIsSelected) {
     EXPECT_EQ(run.out, file.Path() + ": does not open\n\nno findings\n");
 }
 
+TEST(CheckCommand, QuietlyTellsByItsStatusOnly) {
+    const ScratchFile sound(SoundPackage().Bytes()), warning(Dangling()), refused(Refused());
+    const struct {
+        std::vector<std::string> arguments;
+        int status;
+    } rows[] = {
+        {{sound.Path()}, 0},
+        {{refused.Path()}, 1},
+        {{warning.Path()}, 0},
+        {{"--fail-on", "warning", warning.Path()}, 1},
+        {{sound.Path(), refused.Path()}, 1},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = {"check", "-q"};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        const ToolRun run = RunTool(arguments);
+        EXPECT_EQ(run.status, row.status) << row.arguments.front();
+        EXPECT_EQ(run.out + run.err, "");
+    }
+    EXPECT_EQ(RunTool({"check", "-q", "--json", sound.Path()}).status, 2);
+}
+
+TEST(CheckCommand, LooksAtNoMoreEntriesThanItMay) {
+    const ScratchFile sound(SoundPackage().Bytes());
+    EXPECT_THAT(RunTool({"check", "--max-entries", "4", sound.Path()}).out,
+                HasSubstr("VX608  the archive has 5 entries; only the first 4 were looked at\n"));
+    EXPECT_THAT(RunTool({"check", "--max-entries", "5", sound.Path()}).out, Not(HasSubstr("VX608")));
+}
+
 TEST(CheckCommand, WrongOptionsEndWithStatus2) {
     const ScratchFile file(SoundPackage().Bytes());
     for (const std::vector<std::string>& options :
