@@ -32,6 +32,7 @@ struct Arguments {
     bool types = false;
     bool xml = false;
     bool json = false;
+    bool quiet = false;
 
     bool ShowsAll() const { return !parts && !relationships && !types; }
 };
@@ -214,6 +215,7 @@ ExitStatus Run(const Arguments& arguments) {
     FileCommand command;
     command.showText = [&](const InputFile& file, Output& out) {
         const Comparison comparison(file, other, arguments);
+        if (arguments.quiet) return comparison.Status();
         ShowParts(comparison, arguments.xml, out);
         ShowRelationships(comparison, out);
         ShowTypes(comparison, out);
@@ -240,6 +242,7 @@ CommandRun Declare(CLI::App& app) {
     app.add_flag("--types", arguments->types, "compare the content types; without any of these, all");
     app.add_flag("--xml", arguments->xml, "show how XML parts differ, tag by tag");
     AddJson(app, arguments->json);
+    AddQuiet(app, arguments->quiet);
     return [arguments] { return Run(*arguments); };
 }
 
