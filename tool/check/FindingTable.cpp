@@ -292,8 +292,9 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "interleaving). The library does not join them, so the part itself is not found.",
      "write the part as one entry"},
     {FindingId::PartNotLookedAt, Severity::Info, "part that was not looked at, or not to its end",
-     "The part is larger than the limit for reading (--max-part-size), or has namespace names so "
-     "long that going on would take too much time. What it holds was not checked.",
+     "The part is larger than the limit for reading (--max-part-size), or going on would take too "
+     "much time or memory: for namespace names, names or open elements without end, or for entries "
+     "that share their bytes. What it holds was not checked.",
      "raise the limit if the file can be trusted"},
     {FindingId::PartDocumentType, Severity::Warning, "DOCTYPE in a part",
      "Parts may not hold document type declarations (ECMA-376 Part 2). Entities can make a small "

@@ -83,6 +83,7 @@ void DescribeHyperlinks(const GraphNode& node, NodeText& text) {
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const auto& a, const auto& b) { return a.second > b.second; });
     std::vector<std::string> lines;
+    lines.reserve(sorted.size());
     for (const auto& [host, count] : sorted) {
         lines.push_back(CutBack(host) + (count == 1 ? "" : " x" + std::to_string(count)));
     }

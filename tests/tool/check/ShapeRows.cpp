@@ -36,6 +36,16 @@ FindingRows ShapeRows() {
              p.zip.entries.back().compressedSize = p.zip.entries.back().size = 9;
          }),
          "VX112 VX410 VX602"},
+        {"entries that unpack to more than the file can hold", Spoiled([](SoundPackage& p) {
+             Image(p).content = std::string(6 << 20, 'a');
+             ZipEntry again = Image(p);
+             again.name = "word/again.bin";
+             again.directoryOnly = true;
+             again.localOffset = 0;
+             again.localName = again.name;
+             p.zip.entries.push_back(again);
+         }),
+         "VX107 VX410 VX504 VX602 VX603"},
         {"a long run", Spoiled([](SoundPackage& p) { Image(p).content = std::string(2 << 20, 'a'); }),
          "VX603"},
         {"a short run is nothing",
