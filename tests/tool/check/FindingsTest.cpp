@@ -17,6 +17,19 @@ std::string Spoiled(const std::function<void(SoundPackage&)>& spoil) {
     return package.Bytes();
 }
 
+std::string Dangling() {
+    return Spoiled([](SoundPackage& p) {
+        p.partRelationships += Relation("rId2", OfficeType("theme"), "gone.xml");
+        p.partRelationships += Relation("rId3", "urn:x", "media/image1.png");
+    });
+}
+
+std::string Refused() {
+    return Spoiled([](SoundPackage& p) {
+        p.relationships += Relation("rId2", OfficeType("theme"), "Word/Document.xml");
+    });
+}
+
 namespace {
 
 using namespace vexpa_tool;
