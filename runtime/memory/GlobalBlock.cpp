@@ -1,43 +1,82 @@
 #include "runtime/memory/GlobalBlock.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <new>
+
+#include "runtime/memory/PagePool.h"
 
 namespace vexpa_runtime {
 
 namespace {
 
+// Blocks from here on are runs of pages.
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t kLarge = SIZE_MAX;  // the sanitizer sees the ends of its own blocks only
+#else
+constexpr std::size_t kLarge = 64UL * 1024;
+#endif
+
+struct Memory {
+    std::byte* bytes;
+    std::size_t run;  // see GlobalBlock
+};
+
+Memory TakeRun(std::size_t size, bool zero) noexcept {
+    const PagePool::Taken taken = SharedPagePool().Take(size);
+    if (zero && !taken.isZero) std::memset(taken.run.data(), 0, size);
+    return {taken.run.data(), taken.run.size()};
+}
+
 // A block of no bytes still has an address, as callers lock it like any other.
-std::size_t Room(std::size_t size) {
-    return size == 0 ? 1 : size;
+Memory TakeMemory(std::size_t size, bool zero) noexcept {
+    if (size >= kLarge) return TakeRun(size, zero);
+    const std::size_t room = std::max<std::size_t>(size, 1);
+    return {static_cast<std::byte*>(zero ? std::calloc(room, 1) : std::malloc(room)), 0};
+}
+
+void GiveBack(const Memory& memory) noexcept {
+    if (memory.run != 0) {
+        SharedPagePool().Give({memory.bytes, memory.run});
+    } else {
+        std::free(memory.bytes);
+    }
 }
 
 }  // namespace
 
 bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept {
-    void* bytes = std::realloc(block.bytes, Room(size));
-    if (bytes == nullptr) return false;
-    block.bytes = static_cast<std::byte*>(bytes);
-    if (size > block.size) std::memset(block.bytes + block.size, 0, size - block.size);
+    const std::size_t kept = std::min(size, block.size);
+    const bool isInPlace = size <= block.run && size > block.run / 2;
+    if (!isInPlace) {
+        const Memory memory = TakeMemory(size, false);
+        if (memory.bytes == nullptr) return false;
+        std::memcpy(memory.bytes, block.bytes, kept);
+        GiveBack({block.bytes, block.run});
+        block.bytes = memory.bytes;
+        block.run = memory.run;
+    }
+    std::memset(block.bytes + kept, 0, size - kept);
     block.size = size;
     return true;
 }
 
 void FreeBlock(HGBL block) noexcept {
     if (block == nullptr) return;
-    std::free(block->bytes);
+    GiveBack({block->bytes, block->run});
     delete block;
 }
 
 }  // namespace vexpa_runtime
 
 HGBL _XGblAlloc(std::uint32_t flags, std::size_t size) {
-    const std::size_t room = vexpa_runtime::Room(size);
-    void* bytes = (flags & kGblZeroInit) != 0 ? std::calloc(room, 1) : std::malloc(room);
-    if (bytes == nullptr) return nullptr;
-    auto* block = new (std::nothrow) GlobalBlock{static_cast<std::byte*>(bytes), size, 0};
-    if (block == nullptr) std::free(bytes);
+    using namespace vexpa_runtime;
+    const Memory memory = TakeMemory(size, (flags & kGblZeroInit) != 0);
+    if (memory.bytes == nullptr) return nullptr;
+    auto* block = new (std::nothrow) GlobalBlock{memory.bytes, size, memory.run, 0};
+    if (block == nullptr) GiveBack(memory);
     return block;
 }
 

@@ -11,6 +11,7 @@
 struct GlobalBlock {
     std::byte* bytes;
     std::size_t size;
+    std::size_t run;  // of pages that the bytes begin; 0 when they are malloc's
     int locks;
 };
 

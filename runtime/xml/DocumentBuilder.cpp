@@ -40,24 +40,30 @@ void ForEachUnit(std::string_view utf8, const Sink& sink) {
     }
 }
 
-// How many there are.
+// How many there are: one for each character, and another for those of four bytes.
 std::size_t Utf16Length(std::string_view utf8) {
     std::size_t units = 0;
-    ForEachUnit(utf8, [&](char16_t) { ++units; });
+    for (const char c : utf8) {
+        const auto byte = static_cast<unsigned char>(c);
+        units +=
+            static_cast<std::size_t>((byte & 0xC0) != 0x80) + static_cast<std::size_t>(byte >= 0xF0);
+    }
     return units;
 }
 
 // Answers where it places them.
-char16_t* WriteUtf16(std::string_view utf8, char16_t* out) {
+char16_t* WriteUtf16(std::string_view utf8, std::size_t units, char16_t* out) {
+    const bool isAscii = units == utf8.size();
+    if (isAscii) return std::copy(utf8.begin(), utf8.end(), out);
     ForEachUnit(utf8, [&](char16_t unit) { *out++ = unit; });
     return out;
 }
 
-// UTF-16 never has more units than UTF-8 has bytes.
 std::u16string_view Convert(std::string_view utf8, std::u16string& scratch) {
-    if (scratch.size() < utf8.size()) scratch.resize(utf8.size());
-    const char16_t* end = WriteUtf16(utf8, scratch.data());
-    return {scratch.data(), static_cast<std::size_t>(end - scratch.data())};
+    const std::size_t units = Utf16Length(utf8);
+    if (scratch.size() < units) scratch.resize(units);
+    WriteUtf16(utf8, units, scratch.data());
+    return {scratch.data(), units};
 }
 
 // The local name is what follows the first colon; the rest of the colons belong to it.
@@ -90,11 +96,12 @@ std::uint32_t DocumentBuilder::AddAttributes(const char* const* attributes) {
 }
 
 void DocumentBuilder::AddAttribute(const char* name, const char* value) {
-    const std::size_t units = Utf16Length(value) + 1;
-    char16_t* copy = data_->text.Allocate(units);
-    *WriteUtf16(value, copy) = u'\0';
+    const std::string_view text = value;
+    const std::size_t units = Utf16Length(text);
+    char16_t* copy = data_->text.Allocate(units + 1);
+    *WriteUtf16(text, units, copy) = u'\0';
     data_->attributes.emplace_back(data_->attributeNames.Intern(Convert(name, scratch_)), copy);
-    cost_ += sizeof(Attribute) + units * sizeof(char16_t);
+    cost_ += sizeof(Attribute) + (units + 1) * sizeof(char16_t);
 }
 
 std::unique_ptr<Document> DocumentBuilder::Finish() {

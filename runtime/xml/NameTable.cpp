@@ -1,7 +1,8 @@
 #include "runtime/xml/NameTable.h"
 
 #include <algorithm>
-#include <random>
+
+#include "runtime/RandomKey.h"
 
 namespace vexpa_runtime {
 
@@ -17,13 +18,9 @@ std::uint64_t Reduce(Wide value) {
     return folded >= kPrime ? folded - kPrime : folded;
 }
 
-// One for the process: asking the system costs more than a small document.
 std::uint64_t RandomPoint() {
-    static const std::uint64_t point = [] {
-        std::random_device source;
-        return std::uniform_int_distribution<std::uint64_t>(1 << 16, kPrime - 1)(source);
-    }();
-    return point;
+    constexpr std::uint64_t kUnits = 1 << 16;  // a point is none of these
+    return kUnits + ProcessKey().k0 % (kPrime - kUnits);
 }
 
 }  // namespace
@@ -39,18 +36,25 @@ std::size_t NameHash::operator()(std::u16string_view name) const {
 }
 
 std::uint32_t NameTable::Intern(std::u16string_view name) {
-    const auto known = numbers_.find(name);
-    if (known != numbers_.end()) return known->second;
+    const std::uint32_t known = Find(name);
+    if (known != kUnknown) return known;
 
     char16_t* copy = text_->Allocate(name.size());
     std::copy(name.begin(), name.end(), copy);
-    const auto number = static_cast<std::uint32_t>(numbers_.size());
+    const auto number = static_cast<std::uint32_t>(names_.size());
     names_.emplace_back(copy, name.size());
-    numbers_.emplace(names_.back(), number);
+    if (number == kFew) {
+        for (std::uint32_t i = 0; i < number; ++i) numbers_.emplace(names_[i], i);
+    }
+    if (number >= kFew) numbers_.emplace(names_.back(), number);
     return number;
 }
 
 std::uint32_t NameTable::Find(std::u16string_view name) const {
+    if (names_.size() <= kFew) {
+        const auto known = std::find(names_.begin(), names_.end(), name);
+        return known == names_.end() ? kUnknown : static_cast<std::uint32_t>(known - names_.begin());
+    }
     const auto known = numbers_.find(name);
     return known == numbers_.end() ? kUnknown : known->second;
 }

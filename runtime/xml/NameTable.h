@@ -34,11 +34,15 @@ public:
     std::uint32_t Intern(std::u16string_view name);
     std::uint32_t Find(std::u16string_view name) const;
     std::u16string_view NameOf(std::uint32_t number) const { return names_[number]; }
-    std::size_t Size() const { return numbers_.size(); }
+    std::size_t Size() const { return names_.size(); }
 
 private:
+    // To compare so many costs less than a hash, and most documents have no more.
+    static constexpr std::uint32_t kFew = 8;
+
     TextStore* text_;
-    std::unordered_map<std::u16string_view, std::uint32_t, NameHash> numbers_;
+    std::unordered_map<std::u16string_view, std::uint32_t, NameHash>
+        numbers_;                             // once there are more than few
     std::vector<std::u16string_view> names_;  // by number
 };
 

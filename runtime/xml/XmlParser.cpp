@@ -3,7 +3,7 @@
 #include "runtime/xml/XmlParser.h"
 
 #include <algorithm>
-#include <new>
+#include <utility>
 
 #include "runtime/com/Guarded.h"
 #include "runtime/xml/Encoding.h"
@@ -13,13 +13,13 @@ namespace vexpa_runtime {
 
 namespace {
 
-constexpr int kSmallestPiece = 64 * 1024;
+constexpr int kSmallestPiece = 32 * 1024;
+constexpr std::uint64_t kSmallStream = 256 * 1024;
 constexpr int kLargestPiece = 256 * 1024 * 1024;
 
 }  // namespace
 
-XmlParser::XmlParser() : parser_(XML_ParserCreate(nullptr)) {
-    if (!parser_) throw std::bad_alloc();
+XmlParser::XmlParser() : parser_(TakeParser()) {
     XML_SetUserData(parser_.get(), this);
     XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
     XML_SetEntityDeclHandler(parser_.get(), OnEntity);
@@ -33,6 +33,8 @@ HRESULT XmlParser::Parse(IStream& stream, std::unique_ptr<Document>* document) {
     const HRESULT fed = Feed(stream);
     if (fed < 0) return fed;
     *document = builder_.Finish();
+    const bool wasSmall = bytesFed_ <= kSmallStream && declarations_ == 0;
+    if (wasSmall) KeepParser(std::move(parser_));
     return S_OK;
 }
 

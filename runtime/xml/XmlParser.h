@@ -5,9 +5,9 @@
 #include <expat.h>
 
 #include <memory>
-#include <type_traits>
 
 #include "runtime/xml/DocumentBuilder.h"
+#include "runtime/xml/KeptParser.h"
 
 namespace vexpa_runtime {
 
@@ -37,10 +37,6 @@ public:
     HRESULT Parse(IStream& stream, std::unique_ptr<Document>* document);
 
 private:
-    struct FreeParser {
-        void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
-    };
-
     static void XMLCALL OnStart(void* self, const XML_Char* name, const XML_Char** attributes);
     static void XMLCALL OnEnd(void* self, const XML_Char* name);
     static void XMLCALL OnEntity(void* self, const XML_Char*, int, const XML_Char*, int,
@@ -56,7 +52,7 @@ private:
     void Stop(HRESULT reason) noexcept;
     HRESULT Failure() const noexcept;
 
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser> parser_;
+    ParserPtr parser_;
     DocumentBuilder builder_;
     std::uint64_t bytesFed_ = 0;
     std::uint32_t depth_ = 0;

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "runtime/Uninterrupted.h"
@@ -11,8 +12,6 @@
 namespace vexpa_runtime::zip {
 
 namespace {
-
-constexpr int kClosed = -1;
 
 std::optional<FileIdentity> RegularFile(const struct stat& status) {
     if (!S_ISREG(status.st_mode)) return std::nullopt;
@@ -42,7 +41,8 @@ std::optional<FileIdentity> IdentityOf(const char* path) noexcept {
 }
 
 std::optional<ArchiveFile> ArchiveFile::Open(const char* path) noexcept {
-    ArchiveFile file(OpenForReading(path), {});
+    ArchiveFile file;
+    file.descriptor_ = OpenForReading(path);
     if (file.descriptor_ < 0) return std::nullopt;
     const std::optional<FileIdentity> identity = IdentityOfOpen(file.descriptor_);
     if (!identity) return std::nullopt;
@@ -51,19 +51,30 @@ std::optional<ArchiveFile> ArchiveFile::Open(const char* path) noexcept {
 }
 
 ArchiveFile::ArchiveFile(ArchiveFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, kClosed)), identity_(other.identity_) {}
+    : descriptor_(std::exchange(other.descriptor_, kNone)),
+      identity_(other.identity_),
+      bytes_(other.bytes_) {}
 
 ArchiveFile::~ArchiveFile() {
-    if (descriptor_ >= 0) close(descriptor_);
+    if (descriptor_ != kNone) close(descriptor_);
 }
 
 bool ArchiveFile::IsUnchanged() const noexcept {
-    return IdentityOfOpen(descriptor_) == identity_;
+    return descriptor_ == kNone || IdentityOfOpen(descriptor_) == identity_;
+}
+
+const std::uint8_t* ArchiveFile::View(std::uint64_t position, std::size_t size) const noexcept {
+    if (position > bytes_.size() || size > bytes_.size() - position) return nullptr;
+    return bytes_.data() + position;
 }
 
 bool ArchiveFile::ReadAt(std::uint64_t position, void* destination, std::size_t size) const noexcept {
     if (position > Size() || size > Size() - position) return false;
     auto* out = static_cast<std::uint8_t*>(destination);
+    if (const std::uint8_t* bytes = View(position, size)) {
+        std::copy_n(bytes, size, out);
+        return true;
+    }
     while (size > 0) {
         const ssize_t got =
             Uninterrupted([&] { return pread(descriptor_, out, size, static_cast<off_t>(position)); });
@@ -73,6 +84,12 @@ bool ArchiveFile::ReadAt(std::uint64_t position, void* destination, std::size_t 
         size -= static_cast<std::size_t>(got);
     }
     return true;
+}
+
+std::optional<std::vector<std::uint8_t>> ReadWhole(const ArchiveFile& file) {
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.Size()));
+    if (!file.ReadAt(0, bytes.data(), bytes.size())) return std::nullopt;
+    return bytes;
 }
 
 }  // namespace vexpa_runtime::zip

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <ctime>
 #include <optional>
+#include <span>
+#include <vector>
 
 namespace vexpa_runtime::zip {
 
@@ -28,11 +30,15 @@ struct FileIdentity {
 // What `path` leads to now; nothing unless that is a regular file.
 std::optional<FileIdentity> IdentityOf(const char* path) noexcept;
 
-// A regular file, open as long as this object lives.
+// A regular file, open as long as this object lives; or what was read of one as a whole.
 class ArchiveFile {
 public:
     // Nothing when `path` cannot be opened or is no regular file. Never waits on a FIFO.
     static std::optional<ArchiveFile> Open(const char* path) noexcept;
+
+    // The file that had these bytes, which must live as long as this object. Nothing is opened.
+    ArchiveFile(const FileIdentity& identity, std::span<const std::uint8_t> bytes) noexcept
+        : identity_(identity), bytes_(bytes) {}
 
     ArchiveFile(ArchiveFile&& other) noexcept;
     ArchiveFile& operator=(ArchiveFile&&) = delete;
@@ -42,20 +48,28 @@ public:
     const FileIdentity& Identity() const noexcept { return identity_; }
     std::uint64_t Size() const noexcept { return identity_.size; }
 
-    // Whether the open file still is what it was when it was opened.
+    // Whether the open file still is what it was when it was opened; bytes never change.
     bool IsUnchanged() const noexcept;
 
     // Fills `destination` with the `size` bytes at `position`; false when the file ends before
     // or cannot be read. A mapping would be faster, but dies when another program cuts the file.
     bool ReadAt(std::uint64_t position, void* destination, std::size_t size) const noexcept;
 
-private:
-    ArchiveFile(int descriptor, const FileIdentity& identity) noexcept
-        : descriptor_(descriptor), identity_(identity) {}
+    // The same bytes without copying them, or null: not in memory, or beyond the end.
+    const std::uint8_t* View(std::uint64_t position, std::size_t size) const noexcept;
 
-    int descriptor_;
-    FileIdentity identity_;
+private:
+    static constexpr int kNone = -1;
+
+    ArchiveFile() noexcept = default;
+
+    int descriptor_ = kNone;
+    FileIdentity identity_{};
+    std::span<const std::uint8_t> bytes_;  // without a descriptor
 };
+
+// The whole of a file; nothing when it cannot be read. Throws when memory is exhausted.
+std::optional<std::vector<std::uint8_t>> ReadWhole(const ArchiveFile& file);
 
 }  // namespace vexpa_runtime::zip
 

@@ -27,7 +27,7 @@ Directory::Directory(std::vector<Entry> entries, std::string names)
     names_.shrink_to_fit();
     for (std::uint32_t i = 0; i < entries_.size(); ++i) {
         const std::string_view name = NameOf(entries_[i]);
-        const std::uint64_t hash = HashName(name, ProcessHashKey());
+        const std::uint64_t hash = HashName(name, ProcessKey());
         Slot& slot = slots_[SlotOf(name, hash)];
         if (slot.entry == kFree) slot = {Tag(hash), i};
     }
@@ -43,13 +43,13 @@ std::size_t Directory::SlotOf(std::string_view name, std::uint64_t hash) const n
 }
 
 const Entry* Directory::Find(std::string_view name) const noexcept {
-    const Slot& slot = slots_[SlotOf(name, HashName(name, ProcessHashKey()))];
+    const Slot& slot = slots_[SlotOf(name, HashName(name, ProcessKey()))];
     return slot.entry == kFree ? nullptr : &entries_[slot.entry];
 }
 
 std::size_t Directory::MemoryUse() const noexcept {
     return sizeof *this + entries_.capacity() * sizeof(Entry) + names_.capacity() +
-           slots_.capacity() * sizeof(Slot) + damage_.capacity();
+           slots_.capacity() * sizeof(Slot) + damage_.capacity() + file_.capacity();
 }
 
 }  // namespace vexpa_runtime::zip

@@ -5,8 +5,10 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "runtime/zip/PatternSearch.h"
@@ -28,7 +30,7 @@ struct Entry {
     bool overlaps = false;  // see OverlapCheck.h
 };
 
-// Its entries never change once it is made, so any number of threads may share it.
+// Its entries never change once it is made, so any number of threads may share it then.
 class Directory {
 public:
     Directory(std::vector<Entry> entries, std::string names);
@@ -48,6 +50,10 @@ public:
     // before that shows, and may be asked for under thousands of names: once is enough.
     bool IsDamaged(const Entry& entry) const noexcept { return Damage(entry); }
     void NoteDamage(const Entry& entry) const noexcept { Damage(entry) = true; }
+
+    // The whole file that it was read from, where that is kept beside it; else empty.
+    std::span<const std::uint8_t> File() const noexcept { return file_; }
+    void KeepFile(std::vector<std::uint8_t> file) noexcept { file_ = std::move(file); }
 
     std::size_t MemoryUse() const noexcept;
 
@@ -71,6 +77,7 @@ private:
     std::vector<Slot> slots_;
     mutable std::vector<std::atomic<bool>> damage_;  // by entry
     mutable PatternSearch patterns_;
+    std::vector<std::uint8_t> file_;
 };
 
 }  // namespace vexpa_runtime::zip

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 #include "runtime/zip/DirectoryReader.h"
@@ -13,6 +14,8 @@ namespace {
 // Documents open at once are few. The bytes are room for some hundred thousand entries.
 constexpr std::size_t kMostFiles = 8;
 constexpr std::size_t kMostBytes = 32UL * 1024 * 1024;
+// Files so much smaller than the room are kept whole.
+constexpr std::size_t kFilesKeptWhole = 4;
 
 constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
 constexpr std::int64_t kLongestTick = 2 * kNanosecondsInASecond;  // of FAT
@@ -70,11 +73,15 @@ bool DirectoryCache::HasSettled(const ArchiveFile& file) const {
 }
 
 std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
-    const std::timespec start = clock_();
-    std::shared_ptr<const Directory> directory = ReadDirectory(file);
-    if (directory != nullptr && HadSettled(file.Identity(), start) && file.IsUnchanged()) {
-        Keep(file.Identity(), directory);
-    }
+    if (!HasSettled(file)) return ReadDirectory(file);
+
+    std::optional<std::vector<std::uint8_t>> bytes;
+    if (file.Size() <= mostBytes_ / kFilesKeptWhole) bytes = ReadWhole(file);
+    const std::shared_ptr<Directory> directory =
+        bytes ? ReadDirectory(ArchiveFile(file.Identity(), *bytes)) : ReadDirectory(file);
+    if (directory == nullptr || !file.IsUnchanged()) return directory;
+    if (bytes) directory->KeepFile(*std::move(bytes));
+    Keep(file.Identity(), directory);
     return directory;
 }
 

@@ -1,4 +1,4 @@
-// runtime/zip/DirectoryCache.h - the parsed directories of the files used last.
+// runtime/zip/DirectoryCache.h - the parsed directories of the files used last, and small files whole.
 #ifndef VEXPA_RUNTIME_ZIP_DIRECTORYCACHE_H_
 #define VEXPA_RUNTIME_ZIP_DIRECTORYCACHE_H_
 
@@ -17,8 +17,9 @@ namespace vexpa_runtime::zip {
 bool HadSettled(const FileIdentity& file, const std::timespec& now);
 
 // Every call of the zip service names a file anew, and most name the file that the last one
-// named. What is kept is what parsing found; no file stays open, so that its file system can
-// be unmounted between calls.
+// named. What is kept is what parsing found, and beside it the bytes of a small file, so that
+// its entries cost no reading; no file stays open, so that its file system can be unmounted
+// between calls.
 //
 // A directory is found again only under the identity of the file that it was read from, so a
 // replaced or rewritten file is read afresh. Time stamps move in ticks - two seconds on some
@@ -32,7 +33,8 @@ public:
     using Clock = std::timespec (*)();
 
     // Keeps at most `mostFiles` directories, together at most `mostBytes` large; one that is
-    // larger is kept alone. To read it again for each of its entries would never end.
+    // larger is kept alone. To read it again for each of its entries would never end. A file of up
+    // to a quarter of the bytes is kept whole.
     DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Clock clock);
 
     // The directory kept of the file when it had this identity, or null.
@@ -42,7 +44,8 @@ public:
     // lies more than a tick back.
     bool HasSettled(const ArchiveFile& file) const;
 
-    // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound one.
+    // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound
+    // one. What is kept whole had not changed when all was read.
     std::shared_ptr<const Directory> Read(const ArchiveFile& file);
 
 private:

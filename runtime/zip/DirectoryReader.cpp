@@ -70,9 +70,9 @@ public:
         return {placement_.start, placement_.end - in_.Left(), placement_.archiveStart, end};
     }
 
-    std::shared_ptr<const Directory> Result() {
+    std::shared_ptr<Directory> Result() {
         MarkOverlaps(entries_, fileSize_);
-        return std::make_shared<const Directory>(std::move(entries_), std::move(names_));
+        return std::make_shared<Directory>(std::move(entries_), std::move(names_));
     }
 
 private:
@@ -120,7 +120,7 @@ std::optional<Walk> WalkByCount(const ArchiveFile& file, const EndRecord& end) {
 
 }  // namespace
 
-std::shared_ptr<const Directory> ReadDirectory(const ArchiveFile& file, DirectoryPlace* place) {
+std::shared_ptr<Directory> ReadDirectory(const ArchiveFile& file, DirectoryPlace* place) {
     if (IsCompoundFile(file)) return nullptr;
     EndRecordSearch search(file);
     for (int tried = 0; tried < kMostEndRecordsTried; ++tried) {

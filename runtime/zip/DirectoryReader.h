@@ -37,8 +37,7 @@ struct DirectoryPlace {
 // the signature of a compound file, whatever archives may lie inside.
 //
 // *place, when asked for, is where the directory that was found lies.
-std::shared_ptr<const Directory> ReadDirectory(const ArchiveFile& file,
-                                               DirectoryPlace* place = nullptr);
+std::shared_ptr<Directory> ReadDirectory(const ArchiveFile& file, DirectoryPlace* place = nullptr);
 
 }  // namespace vexpa_runtime::zip
 

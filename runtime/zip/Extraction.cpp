@@ -20,7 +20,7 @@ std::optional<EntryBytes> ReadAfresh(const ArchiveFile& file, std::string_view r
 }
 
 std::uint64_t Digest(const EntryBytes& entry) {
-    return HashName({entry.bytes.get(), entry.size}, ProcessHashKey());
+    return HashName({entry.bytes.get(), entry.size}, ProcessKey());
 }
 
 // A change in one of two readings leaves the other one whole, and they agree only if both are.
@@ -32,6 +32,18 @@ std::optional<EntryBytes> ReadTwice(const ArchiveFile& file, std::string_view re
     entry = ReadAfresh(file, request);
     if (!entry || Digest(*entry) != digest) return std::nullopt;
     return entry;
+}
+
+bool IsInMemory(const Prospect& prospect) {
+    return prospect.directory != nullptr && !prospect.directory->File().empty();
+}
+
+std::optional<EntryBytes> ReadFromMemory(const Prospect& prospect) {
+    const ArchiveFile file(prospect.identity, prospect.directory->File());
+    bool isDamaged = false;
+    std::optional<EntryBytes> bytes = ReadEntry(file, *prospect.entry, &isDamaged);
+    if (isDamaged) prospect.directory->NoteDamage(*prospect.entry);
+    return bytes;
 }
 
 }  // namespace
@@ -56,6 +68,7 @@ std::optional<Prospect> LookUp(DirectoryCache& cache, const char* path, std::str
 
 std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::string_view request,
                                   Prospect prospect) {
+    if (IsInMemory(prospect)) return ReadFromMemory(prospect);
     const std::optional<ArchiveFile> file = ArchiveFile::Open(path);
     if (!file) return std::nullopt;
     if (!cache.HasSettled(*file)) return ReadTwice(*file, request);
@@ -64,6 +77,8 @@ std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::
         if (prospect.directory == nullptr) return std::nullopt;
         prospect.entry = FindEntry(*prospect.directory, request);
         if (prospect.entry == nullptr) return std::nullopt;
+        prospect.identity = file->Identity();
+        if (IsInMemory(prospect)) return ReadFromMemory(prospect);
     }
     bool isDamaged = false;
     std::optional<EntryBytes> bytes = ReadEntry(*file, *prospect.entry, &isDamaged);

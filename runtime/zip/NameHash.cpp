@@ -2,7 +2,6 @@
 
 #include <bit>
 #include <cstddef>
-#include <random>
 
 #include "runtime/zip/LittleEndian.h"
 
@@ -42,16 +41,7 @@ std::uint64_t LastWord(const std::uint8_t* rest, std::size_t size) noexcept {
 
 }  // namespace
 
-const HashKey& ProcessHashKey() {
-    static const HashKey key = [] {
-        std::random_device random;
-        const auto word = [&random] { return std::uint64_t{random()} << 32 | random(); };
-        return HashKey{word(), word()};
-    }();
-    return key;
-}
-
-std::uint64_t HashName(std::string_view name, const HashKey& key) noexcept {
+std::uint64_t HashName(std::string_view name, const RandomKey& key) noexcept {
     SipState state{key.k0 ^ 0x736f6d6570736575, key.k1 ^ 0x646f72616e646f6d,
                    key.k0 ^ 0x6c7967656e657261, key.k1 ^ 0x7465646279746573};
     const auto* at = reinterpret_cast<const std::uint8_t*>(name.data());

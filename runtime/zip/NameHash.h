@@ -5,18 +5,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "runtime/RandomKey.h"
+
 namespace vexpa_runtime::zip {
 
-struct HashKey {
-    std::uint64_t k0;
-    std::uint64_t k1;
-};
-
-// Drawn once for the process: names that collide cannot be prepared, so looking up is never slow.
-const HashKey& ProcessHashKey();
-
 // SipHash-1-3 (Aumasson and Bernstein, 2012).
-std::uint64_t HashName(std::string_view name, const HashKey& key) noexcept;
+std::uint64_t HashName(std::string_view name, const RandomKey& key) noexcept;
 
 }  // namespace vexpa_runtime::zip
 

@@ -9,7 +9,7 @@
 namespace vexpa_runtime::zip {
 
 std::size_t PatternSearch::Hash::operator()(const std::string& pattern) const noexcept {
-    return HashName(pattern, ProcessHashKey());
+    return HashName(pattern, ProcessKey());
 }
 
 const Entry* PatternSearch::FindFirst(const Directory& directory, const NamePattern& pattern,

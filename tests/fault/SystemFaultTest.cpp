@@ -16,17 +16,26 @@ namespace {
 
 using namespace vexpa_test;
 
+// Where the bytes of an entry come from.
+enum class Kept {
+    kDirectory,  // the file: it is too large to be kept whole
+    kWhole,      // memory, once the file has been read as a whole
+    kNothing,    // the file, twice: it was changed a moment ago
+};
+
 struct SoundPackage {
     const char* name;
     ZipFile (*make)();
-    Tell tell;  // nothing: the file was changed a moment ago, so no directory is kept
+    Kept kept;
 };
 
 constexpr SoundPackage kPackages[] = {
-    {"Document", SoundDocument, Tell::kBoth},
-    {"FreshDocument", SoundDocument, Tell::kNothing},
-    {"PackageWithObject", SoundPackageWithObject, Tell::kBoth},
-    {"FreshZip64Document", SoundZip64Document, Tell::kNothing},
+    {"LargeDocument", SoundDocument, Kept::kDirectory},
+    {"SmallDocument", SoundDocument, Kept::kWhole},
+    {"FreshDocument", SoundDocument, Kept::kNothing},
+    {"LargePackageWithObject", SoundPackageWithObject, Kept::kDirectory},
+    {"SmallPackageWithObject", SoundPackageWithObject, Kept::kWhole},
+    {"FreshZip64Document", SoundZip64Document, Kept::kNothing},
 };
 
 class SystemFault : public testing::TestWithParam<SoundPackage> {
@@ -37,7 +46,7 @@ protected:
         std::optional<PackageContent> seen;
         {
             SystemCalls system(hook);
-            times_.Before(system);
+            NewTimes().Before(system);
             seen = ReadPackage(file_.Path16());
             calls_ = system.Count();
         }
@@ -55,7 +64,7 @@ protected:
     void ForEachCall(const AnswerAt& answerAt) {
         WalkUnder(nullptr);
         const std::size_t calls = calls_;
-        ASSERT_GT(calls, 10U);
+        ASSERT_GT(calls, 5U);
         for (std::size_t n = 1; n <= calls; ++n) {
             SCOPED_TRACE(n);
             ++walks_;
@@ -64,8 +73,21 @@ protected:
         EXPECT_TRUE(IsWhole(WalkUnder(nullptr))) << "all is as before";
     }
 
-    const ScratchFile file_{GetParam().make().Bytes()};
-    const Times times_{GetParam().tell};
+    // A file of new times is read anew, which the whole one would be only once.
+    const Times& NewTimes() {
+        if (GetParam().kept == Kept::kWhole) times_.emplace(Tell::kBoth);
+        return *times_;
+    }
+
+    static std::string BytesOf(const SoundPackage& package) {
+        constexpr std::size_t kTooLarge = 9 << 20;
+        ZipFile zip = package.make();
+        if (package.kept == Kept::kDirectory) zip.prefix.assign(kTooLarge, '-');
+        return zip.Bytes();
+    }
+
+    const ScratchFile file_{BytesOf(GetParam())};
+    std::optional<Times> times_{GetParam().kept == Kept::kNothing ? Tell::kNothing : Tell::kBoth};
     const PackageContent sound_ = ReadPackage(file_.Path16()).value();
     std::size_t calls_ = 0;
     std::size_t walks_ = 0;
@@ -133,7 +155,12 @@ TEST_P(SystemFault, OfAReadThatFindsTheEndLosesWhatItWasFor) {
             };
         });
     }
-    EXPECT_LT(whole_, walks_);
+    // The one read of a whole file is made up for by those of its entries.
+    if (GetParam().kept == Kept::kWhole) {
+        EXPECT_EQ(whole_, walks_);
+    } else {
+        EXPECT_LT(whole_, walks_);
+    }
     EXPECT_FALSE(WalkUnder([](const SystemCall&) { return SystemAnswer{0, 0}; }));
 }
 

@@ -1,6 +1,9 @@
 #include "tests/support/HeapMeter.h"
 
 #include <malloc.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
@@ -62,7 +65,9 @@ void OnFree(const volatile void* memory) {
 
 #else
 
-// The C library calls what stands here in place of its own.
+// The C library calls what stands here in place of its own. So do the shared libraries under the
+// program, which find it only where it is visible.
+#pragma GCC visibility push(default)
 extern "C" {
 
 void* __libc_malloc(std::size_t size);
@@ -111,7 +116,20 @@ void free(void* memory) {
     __libc_free(memory);
 }
 
+// malloc's own calls do not come by here, so what does was asked for by the product.
+void* mmap(void* address, std::size_t size, int protection, int flags, int file, off_t offset) {
+    const long memory = syscall(SYS_mmap, address, size, protection, flags, file, offset);
+    if (memory != -1 && (flags & MAP_ANONYMOUS) != 0) Raise(peak, live += size);
+    return reinterpret_cast<void*>(memory);
+}
+
+int munmap(void* memory, std::size_t size) {
+    OnGivenBack(size);
+    return static_cast<int>(syscall(SYS_munmap, memory, size));
+}
+
 }  // extern "C"
+#pragma GCC visibility pop
 
 #endif
 

@@ -1,7 +1,7 @@
 // tests/support/HeapMeter.h - measures what a program takes from the heap.
 //
 // A program that links vexpa_heap_meter has every allocation counted, those of the libraries
-// underneath included.
+// underneath included, and the pages that the product itself asks the system for.
 #ifndef VEXPA_TESTS_SUPPORT_HEAPMETER_H_
 #define VEXPA_TESTS_SUPPORT_HEAPMETER_H_
 
@@ -19,8 +19,8 @@ public:
     std::size_t Peak() const;
 
     std::size_t Largest() const;  // bytes of the largest single allocation
-    std::size_t Count() const;    // allocations
-    std::size_t Bytes() const;    // of all allocations together, whether freed or not
+    std::size_t Count() const;    // allocations, without pages
+    std::size_t Bytes() const;    // of all of these together, whether freed or not
 
 private:
     std::size_t liveBefore_;

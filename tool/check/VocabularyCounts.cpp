@@ -27,7 +27,7 @@ std::string_view LocalOf(std::string_view name) {
 }  // namespace
 
 std::size_t VocabularyCounts::Hash::operator()(const std::string& name) const {
-    return vexpa_runtime::zip::HashName(name, vexpa_runtime::zip::ProcessHashKey());
+    return vexpa_runtime::zip::HashName(name, vexpa_runtime::ProcessKey());
 }
 
 void VocabularyCounts::Count(const XmlStartTag& tag) {

@@ -7,11 +7,15 @@ namespace tarn::opc {
 
 namespace {
 
+// What nearly all types consist of is the same in every locale, and needs no call. Capital letters
+// are not: some languages fold an I to another letter than i.
 bool IsSpace(char16_t unit) {
+    if (unit > u' ' && unit < 0x7F) return false;
     return std::iswspace(unit) != 0;
 }
 
 char16_t Fold(char16_t unit) {
+    if ((unit >= u'a' && unit <= u'z') || (unit > u' ' && unit < u'A')) return unit;
     if (unit == u'\\') return u'/';
     if (std::iswlower(unit) != 0) return unit;
     return static_cast<char16_t>(std::towlower(unit));

@@ -46,7 +46,7 @@ public:
 private:
     HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
     PartImpl* FindLoaded(std::u16string_view key) const;
-    PartImpl* LoadPart(const PartUri& name, const std::u16string& key);
+    PartImpl* LoadPart(const PartUri& name, std::u16string_view key);
     void ReadPartRelationships(PartImpl& part);
 
     lumo::Compression::Zip::UnZipArchive archive_;

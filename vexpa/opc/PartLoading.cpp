@@ -15,20 +15,20 @@ namespace tarn::opc {
 namespace zip = lumo::Compression::Zip;
 
 Part* PackageImpl::GetPart(const PartUri& name) {
-    const std::u16string key(PartNameKey(name.name));
+    const std::u16string_view key = PartNameKey(name.name);
     if (PartImpl* loaded = FindLoaded(key)) return loaded;
-    if (!archive_.HasEntry(key.c_str())) return nullptr;
+    if (!archive_.HasEntry(key.data())) return nullptr;  // the end of the name, so it has its NUL
     return LoadPart(name, key);
 }
 
-PartImpl* PackageImpl::LoadPart(const PartUri& name, const std::u16string& key) {
+PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
     auto part = std::make_unique<PartImpl>(name, EntryName(key), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
 
     // A key must never stand without its part, nor for the part that comes next.
     parts_.push_back(std::move(part));
     try {
-        partsByName_.insert_or_assign(key, parts_.size() - 1);
+        partsByName_.insert_or_assign(std::u16string(key), parts_.size() - 1);
     } catch (...) {
         parts_.pop_back();
         throw;

@@ -1,11 +1,10 @@
 #include "vexpa/opc/PartUri.h"
 
-#include <QByteArray>
-#include <QString>
 #include <algorithm>
 #include <limits>
 #include <string_view>
 
+#include "vexpa/base/LocalText.h"
 #include "vexpa/opc/UriComponents.h"
 #include "vexpa/opc/UriParser.h"
 
@@ -15,13 +14,6 @@ namespace {
 
 // Qt counts in int, and an encoding may take several bytes for a unit.
 constexpr std::size_t kLongestName = std::numeric_limits<int>::max() / 8;
-
-// True for the characters that every encoding of a locale has in the same place. The
-// backslash and the tilde are others in some.
-template <class Unit>
-bool IsInvariant(Unit unit) {
-    return unit >= 0x20 && unit < 0x7E && unit != '\\';
-}
 
 // True for the characters that stand for themselves in a path, whatever is around them. One that
 // may begin something else, like ':' or '?', is not among them, nor is '~', see above.
@@ -37,25 +29,9 @@ bool IsPlainPath(const std::u16string& name) {
     return !hasAuthority && std::all_of(name.begin(), name.end(), IsPlain);
 }
 
-// Most others are of invariant characters only, and Qt's codecs cost more than the parsing; the
-// result is the same.
-QByteArray ToLocal(const std::u16string& text) {
-    if (!std::all_of(text.begin(), text.end(), IsInvariant<char16_t>)) {
-        return QString::fromUtf16(text.c_str()).toLocal8Bit();
-    }
-    QByteArray local(static_cast<int>(text.size()), Qt::Uninitialized);
-    std::transform(text.begin(), text.end(), local.begin(), [](char16_t c) { return char(c); });
-    return local;
-}
-
 // A component is NUL-terminated, so it ends at an escape %00. (ComponentEndsAtAnEscapedNul)
 std::u16string FromLocal(const char* text) {
-    if (text == nullptr) return {};
-    const std::string_view local = text;
-    if (!std::all_of(local.begin(), local.end(), IsInvariant<char>)) {
-        return QString::fromLocal8Bit(text).toStdU16String();
-    }
-    return {local.begin(), local.end()};
+    return text == nullptr ? std::u16string() : FromLocalText(text);
 }
 
 }  // namespace
@@ -68,7 +44,7 @@ PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
         path = name;
         return;
     }
-    const QByteArray local = ToLocal(name);
+    const QByteArray local = ToLocalText(name);
     if (local.isEmpty()) return;
     const std::string_view text(local.constData(), static_cast<std::size_t>(local.size()));
     if (ParseUri(text, *parsed) != UriStatus::Parsed) return;

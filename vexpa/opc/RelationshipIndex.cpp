@@ -21,10 +21,10 @@ void RelationshipIndex::File(std::unique_ptr<Relationship> relationship, OwnedOb
 // Relationships of one type mostly follow each other, and folding a type takes longer than seeing
 // that it is the one that was folded last.
 void RelationshipIndex::FileByType(Relationship* relationship) {
-    std::u16string type = CopyText(relationship->GetType());
+    const std::u16string_view type = FromUnits(relationship->GetType());
     if (!relationshipsByType_.empty() && type == lastType_) return;
     relationshipsByType_.try_emplace(NormalizeRelationshipType(type), relationship);
-    lastType_ = std::move(type);
+    lastType_ = type;
 }
 
 Relationship* RelationshipIndex::FindById(const unsigned short* id) const {

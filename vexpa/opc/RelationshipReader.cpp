@@ -33,13 +33,15 @@ void ReadRelationships(IDomDocument& document, const std::u16string& source,
 }
 
 std::u16string RelationshipEntryName(const std::u16string& source) {
-    // Fixed, as compiled platforms know them, in UTF-16 units.
+    // Fixed, as compiled platforms know them, in UTF-16 units. Only their first units are set, as
+    // there are parts by the thousand.
     constexpr std::size_t kDirectoryUnits = 12288;
     constexpr std::size_t kNameUnits = 12288;
     constexpr std::size_t kExtensionUnits = 768;
-    char16_t directory[kDirectoryUnits] = {};
-    char16_t name[kNameUnits] = {};
-    char16_t extension[kExtensionUnits] = {};
+    char16_t directory[kDirectoryUnits];
+    char16_t name[kNameUnits];
+    char16_t extension[kExtensionUnits];
+    directory[0] = name[0] = extension[0] = 0;
 
     if (u_splitpath_s(source.c_str(), nullptr, 0, directory, kDirectoryUnits, name, kNameUnits,
                       extension, kExtensionUnits) != 0) {

@@ -83,7 +83,8 @@ TargetMode ParseTargetMode(const char16_t* text) {
 }
 
 std::u16string SourceDirectory(const std::u16string& source) {
-    char16_t directory[kDirectorySize] = {};
+    char16_t directory[kDirectorySize];
+    directory[0] = 0;
     // One that does not fit is left empty, so its targets resolve from the root.
     u_splitpath_s(source.c_str(), nullptr, 0, directory, kDirectorySize, nullptr, 0, nullptr, 0);
     std::size_t length = u_strnlen_s(directory, kDirectorySize);

@@ -1,10 +1,9 @@
 #include "vexpa/zip/ExtractEntry.h"
 
-#include <QByteArray>
-#include <QString>
 #include <cstdlib>
 
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/LocalText.h"
 #include "vexpa/base/Noncopyable.h"
 #include "vexpa/base/Result.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
@@ -20,10 +19,6 @@ constexpr unsigned long kCallbacksLength = 24;
 // Nothing is shown or logged: the caller's user did not ask for this file by name.
 int DropMessage(void*, unsigned char*, unsigned long, int) {
     return 0;
-}
-
-QByteArray ToLocal8Bit(const char16_t* text) {
-    return QString::fromUtf16(text, -1).toLocal8Bit();
 }
 
 // The extracted bytes, freed at the end unless they are let go.
@@ -65,8 +60,8 @@ void FreeBlock(HGBL block) {
 }  // namespace
 
 HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryName, UzpBuffer* result) {
-    QByteArray zip = ToLocal8Bit(archive.archivePath.c_str());
-    QByteArray entry = ToLocal8Bit(entryName);
+    QByteArray zip = tarn::ToLocalText(archive.archivePath);
+    QByteArray entry = tarn::ToLocalText(entryName);
 
     UzpOpts options{};
     UzpCB callbacks{};

@@ -86,6 +86,8 @@ void ListEntries(UnZipArchiveImpl& archive) {
 
     ListingGuard guard(archive);
     std::vector<HashedName> hashedNames;
+    hashedNames.reserve(static_cast<std::size_t>(count));
+    archive.entries.reserve(static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
         // A file that changed after it was counted gives no names.
         if (names[i] == nullptr) continue;

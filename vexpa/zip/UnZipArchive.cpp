@@ -30,10 +30,12 @@ void UnZipArchive::Close() noexcept {
 
 bool UnZipArchive::HasEntry(const char16_t* name) {
     if (!impl_) return false;
-    std::u16string converted = tarn::CopyText(name);
-    std::replace(converted.begin(), converted.end(), u'\\', u'/');
     if (impl_->entries.empty()) ListEntries(*impl_);
-    return impl_->entryIndexByName.find(converted) != impl_->entryIndexByName.end();
+    const std::u16string_view given = name == nullptr ? u"" : name;
+    if (given.find(u'\\') == given.npos) return impl_->entryIndexByName.contains(given);
+    std::u16string converted(given);
+    std::replace(converted.begin(), converted.end(), u'\\', u'/');
+    return impl_->entryIndexByName.contains(converted);
 }
 
 }  // namespace lumo::Compression::Zip

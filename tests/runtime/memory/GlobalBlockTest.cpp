@@ -88,6 +88,31 @@ TEST(GlobalBlock, GrowsByZerosAndShrinksKeepingItsBytes) {
     FreeBlock(block);
 }
 
+// From memory of malloc to a run of pages and back, within one, and to another.
+TEST(GlobalBlock, KeepsItsBytesHoweverLargeItGrows) {
+    HGBL block = NewBlock("abc");
+    std::string bytes = "abc";
+    for (const std::size_t size : {70'000, 71'000, 3'000'000, 2'900'000, 1'000, 100'000, 2}) {
+        SCOPED_TRACE(size);
+        ASSERT_TRUE(ResizeBlock(*block, size));
+        bytes.resize(size);
+        EXPECT_EQ(BytesOf(*block), bytes);
+        std::memset(block->bytes, 'x', size);
+        bytes.assign(size, 'x');
+    }
+    FreeBlock(block);
+}
+
+TEST(GlobalBlock, IsZeroAlsoWhereALargeOneWasBefore) {
+    constexpr std::size_t kSize = 200'000;
+    HGBL before = _XGblAlloc(0, kSize);
+    std::memset(before->bytes, 'x', kSize);
+    FreeBlock(before);
+    HGBL block = _XGblAlloc(kGblZeroInit, kSize);
+    EXPECT_EQ(BytesOf(*block), std::string(kSize, '\0'));
+    FreeBlock(block);
+}
+
 TEST(GlobalBlock, IsAsItWasWhenItCannotGrow) {
     HGBL block = NewBlock("abc");
     {

@@ -33,6 +33,26 @@ TEST(ArchiveFile, ReadsWithinTheFileOnly) {
     EXPECT_FALSE(file->ReadAt(~std::uint64_t{0}, bytes.data(), 3));
 }
 
+TEST(ArchiveFile, OfBytesInMemoryReadsThem) {
+    const std::vector<std::uint8_t> bytes{1, 2, 3};
+    FileIdentity identity{};
+    identity.size = bytes.size();
+    const ArchiveFile file(identity, bytes);
+    std::uint8_t got[2] = {};
+    EXPECT_TRUE(file.ReadAt(1, got, 2));
+    EXPECT_EQ(got[1], 3);
+    EXPECT_FALSE(file.ReadAt(2, got, 2));
+    EXPECT_EQ(file.View(1, 2), bytes.data() + 1);
+    EXPECT_EQ(file.View(2, 2), nullptr);
+    EXPECT_EQ(file.View(~std::uint64_t{0}, 2), nullptr);
+    EXPECT_TRUE(file.IsUnchanged());
+}
+
+TEST(ArchiveFile, ThatIsOpenHasNoViewOfItsBytes) {
+    const ScratchFile scratch("bytes");
+    EXPECT_EQ(ArchiveFile::Open(scratch.Path().c_str())->View(0, 5), nullptr);
+}
+
 TEST(ArchiveFile, HasAnotherIdentityOnceItIsReplaced) {
     const ScratchFile scratch("bytes");
     const auto before = IdentityOf(scratch.Path().c_str());

@@ -38,8 +38,33 @@ protected:
         return LookUp(cache_, file.Path().c_str(), request);
     }
 
-    DirectoryCache cache_{4, 1 << 20, FarFuture};
+    // Room for one directory, and for no file whole.
+    DirectoryCache cache_{4, 1, FarFuture};
 };
+
+TEST_F(ZipExtraction, OfAFileKeptWholeOpensNothing) {
+    DirectoryCache cache(4, 1 << 20, FarFuture);
+    const ScratchFile file(Version("content", ""));
+    OpenDirectory(cache, file.Path().c_str());
+    auto prospect = LookUp(cache, file.Path().c_str(), "entry");
+    ASSERT_TRUE(prospect);
+    file.Remove();
+    const auto entry = Extract(cache, file.Path().c_str(), "entry", *std::move(prospect));
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(std::string(entry->bytes.get(), entry->size), "content");
+}
+
+TEST_F(ZipExtraction, OfAFileKeptWholeLooksWhetherItHasChanged) {
+    DirectoryCache cache(4, 1 << 20, FarFuture);
+    const ScratchFile file(Version("old content", ""));
+    OpenDirectory(cache, file.Path().c_str());
+    file.Write(Version("new content, longer", "moved"));
+    auto prospect = LookUp(cache, file.Path().c_str(), "entry");
+    ASSERT_TRUE(prospect);
+    const auto entry = Extract(cache, file.Path().c_str(), "entry", *std::move(prospect));
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(std::string(entry->bytes.get(), entry->size), "new content, longer");
+}
 
 TEST_F(ZipExtraction, KnowsTheEntryOfAKeptFileBeforeOpeningIt) {
     const ScratchFile file(Version("content", ""));

@@ -8,9 +8,10 @@
 namespace {
 
 using namespace vexpa_runtime::zip;
+using vexpa_runtime::RandomKey;
 
 // The key of the reference vectors: the bytes 0 to 15.
-constexpr HashKey kKey{0x0706050403020100, 0x0f0e0d0c0b0a0908};
+constexpr RandomKey kKey{0x0706050403020100, 0x0f0e0d0c0b0a0908};
 
 TEST(NameHash, IsSipHash13) {
     EXPECT_EQ(HashName("", kKey), 0xabac0158050fc4dc);

@@ -1,0 +1,107 @@
+#include "runtime/memory/PagePool.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <limits>
+#include <new>
+
+namespace vexpa_runtime {
+
+namespace {
+
+constexpr std::size_t kPage = 4096;
+constexpr std::size_t kHugePage = 2UL << 20;
+
+// What stays with the process when all packages are closed: the media of most documents.
+constexpr std::size_t kMostKept = 32UL << 20;
+
+constexpr std::size_t RoundUp(std::size_t size, std::size_t unit) {
+    return (size + unit - 1) / unit * unit;
+}
+
+// Few enough different sizes that a run is used again for other blocks than its first.
+std::size_t RunSize(std::size_t size) {
+    return RoundUp(size, std::max(std::bit_floor(size) / 8, kPage));
+}
+
+std::byte* Map(std::size_t size) noexcept {
+    void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return memory == MAP_FAILED ? nullptr : static_cast<std::byte*>(memory);
+}
+
+void Unmap(PagePool::Run run) noexcept {
+    if (!run.empty()) munmap(run.data(), run.size());
+}
+
+// A huge page begins at a multiple of its size, so what is mapped too much is cut off again.
+PagePool::Run MapAligned(std::size_t size) noexcept {
+    std::byte* memory = Map(size + kHugePage);
+    if (memory == nullptr) return {};
+    const std::size_t head = -reinterpret_cast<std::uintptr_t>(memory) % kHugePage;
+    Unmap({memory, head});
+    Unmap({memory + head + size, kHugePage - head});
+    const PagePool::Run run(memory + head, size);
+    madvise(run.data(), run.size(), MADV_HUGEPAGE);  // advice: nothing is lost where there are none
+    return run;
+}
+
+PagePool::Run NewRun(std::size_t size) noexcept {
+    if (size >= kHugePage) return MapAligned(size);
+    std::byte* memory = Map(size);
+    return {memory, memory == nullptr ? 0 : size};
+}
+
+}  // namespace
+
+PagePool::~PagePool() {
+    while (count_ != 0) Unmap(RemoveKept(count_ - 1));
+}
+
+PagePool::Taken PagePool::Take(std::size_t size) noexcept {
+    if (size > std::numeric_limits<std::ptrdiff_t>::max() / 2) return {{}, false};
+    const std::size_t wanted = RunSize(size);
+    const Run kept = FindKept(wanted);
+    if (!kept.empty()) return {kept, false};
+    return {NewRun(wanted), true};
+}
+
+void PagePool::Give(Run run) noexcept {
+    if (run.size() > mostKept_) return Unmap(run);
+    const std::lock_guard lock(mutex_);
+    while (count_ == kMostRuns || bytes_ + run.size() > mostKept_) Unmap(RemoveKept(0));
+    kept_[count_++] = run;
+    bytes_ += run.size();
+}
+
+std::size_t PagePool::BytesKept() const noexcept {
+    const std::lock_guard lock(mutex_);
+    return bytes_;
+}
+
+// The one given last is the likeliest to be in the processor's cache.
+PagePool::Run PagePool::FindKept(std::size_t size) noexcept {
+    const std::lock_guard lock(mutex_);
+    for (std::size_t i = count_; i-- != 0;) {
+        if (kept_[i].size() == size) return RemoveKept(i);
+    }
+    return {};
+}
+
+PagePool::Run PagePool::RemoveKept(std::size_t index) noexcept {
+    const Run run = kept_[index];
+    std::copy(kept_.begin() + index + 1, kept_.begin() + count_, kept_.begin() + index);
+    --count_;
+    bytes_ -= run.size();
+    return run;
+}
+
+PagePool& SharedPagePool() noexcept {
+    alignas(PagePool) static std::byte room[sizeof(PagePool)];
+    static PagePool& pool = *new (room) PagePool(kMostKept);
+    return pool;
+}
+
+}  // namespace vexpa_runtime

@@ -1,0 +1,29 @@
+#include "runtime/xml/KeptParser.h"
+
+#include <new>
+#include <utility>
+
+#include "runtime/RandomKey.h"
+
+namespace vexpa_runtime {
+
+namespace {
+
+thread_local ParserPtr kept;
+
+}  // namespace
+
+ParserPtr TakeParser() {
+    ParserPtr parser = std::exchange(kept, nullptr);
+    if (parser == nullptr) parser.reset(XML_ParserCreate(nullptr));
+    if (parser == nullptr) throw std::bad_alloc();
+    // Without one, Expat asks the system for each stream.
+    XML_SetHashSalt(parser.get(), static_cast<unsigned long>(ProcessKey().k1 | 1));
+    return parser;
+}
+
+void KeepParser(ParserPtr parser) noexcept {
+    if (XML_ParserReset(parser.get(), nullptr) == XML_TRUE) kept = std::move(parser);
+}
+
+}  // namespace vexpa_runtime
