@@ -69,6 +69,15 @@ TEST_F(DiffCommand, TellsWhatCameWentAndChanged) {
                             "~ styles.xml  application/xml => text/styles"));
 }
 
+TEST_F(DiffCommand, QuietlyTellsByItsStatusOnly) {
+    const ToolRun run = Diff({"-q"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out + run.err, "");
+    const std::string path = a_.Write().Path();
+    EXPECT_EQ(RunTool({"diff", "--quiet", path, path}).status, 0);
+    EXPECT_EQ(Diff({"-q", "--json"}).status, 2);
+}
+
 TEST_F(DiffCommand, ShowsTheKindsAskedFor) {
     EXPECT_THAT(Lines(Diff({"--parts"}).out), testing::SizeIs(4));
     EXPECT_THAT(Lines(Diff({"--rels"}).out), testing::SizeIs(2));

@@ -119,13 +119,26 @@ TEST(GraphCommand, WritesGraphvizWithTheMissingInRed) {
     const std::string path = file.Write().Path();
     const std::string dot = RunTool({"graph", path}).out;
     EXPECT_THAT(dot, StartsWith("digraph \"" + path + "\" {\n"));
-    EXPECT_THAT(dot, HasSubstr("<b>word/NULL</b><br align=\"left\"/><font "
-                               "point-size=\"9\">missing</font>"));
+    EXPECT_THAT(dot, HasSubstr("<b>word/NULL</b>&#160;&#160;<font point-size=\"9\">image</font>"
+                               "<br align=\"left\"/><font point-size=\"9\">missing</font>"));
     EXPECT_THAT(dot, HasSubstr("<b>4 hyperlinks</b><br align=\"left\"/><font "
                                "point-size=\"9\">example.org x3</font>"));
-    EXPECT_THAT(dot, HasSubstr("n1 -> n4 [label=\"image x3\", tooltip=\"i0, i1, i2\""));
-    EXPECT_THAT(dot, HasSubstr("n5 -> n6 [label=\"slideLayout\", tooltip=\"r\", dir=both"));
+    EXPECT_THAT(dot, HasSubstr("n1 -> n4 [tooltip=\"image x3: i0, i1, i2\""));
+    EXPECT_THAT(dot, HasSubstr("n5 -> n6 [tooltip=\"slideLayout: r\", dir=both"));
     EXPECT_EQ(RunTool({"graph", "--dot", path}).out, dot);
+}
+
+TEST(GraphCommand, LabelsTheEdgesOfAPartThatSeveralTypesLeadTo) {
+    PackageFile file = MinimalPackage();
+    file.Entry("word/_rels/document.xml.rels",
+               RelationshipsXml(RelationshipXml("a", kTypes + "styles", "one.xml") +
+                                RelationshipXml("b", kTypes + "theme", "one.xml") +
+                                RelationshipXml("c", kTypes + "theme", "one.xml")));
+    file.Entry("word/one.xml", "<one/>");
+    const std::string dot = RunTool({"graph", "--full", file.Write().Path()}).out;
+    EXPECT_THAT(dot, HasSubstr("<b>one.xml</b><br"));
+    EXPECT_THAT(dot, HasSubstr("n1 -> n2 [label=\"styles\", tooltip=\"styles: a\""));
+    EXPECT_THAT(dot, HasSubstr("n1 -> n2 [label=\"theme\", tooltip=\"theme: c\""));
 }
 
 TEST(GraphCommand, WritesMermaid) {
@@ -151,7 +164,8 @@ TEST(GraphCommand, NamesAreNoMarkup) {
     const std::string path = file.Write().Path();
     const std::string dot = RunTool({"graph", path}).out;
     EXPECT_THAT(dot, HasSubstr("<b>a\"]\\N&amp;lt;b&gt;`#|;\\u202e.xml</b>"));
-    EXPECT_THAT(dot, HasSubstr("label=\"\\\"<i>E&amp;\", tooltip=\"\\\"\\\\G\""));
+    EXPECT_THAT(dot, HasSubstr("<font point-size=\"9\">\"&lt;i&gt;E&amp;</font>"));
+    EXPECT_THAT(dot, HasSubstr("tooltip=\"\\\"<i>E&amp;: \\\"\\\\G\""));
     const std::string mermaid = RunTool({"graph", "--mermaid", path}).out;
     EXPECT_THAT(mermaid, HasSubstr("[\"a#34;]#92;N#38;lt#59;b#62;#96;#35;#124;#59;#92;u202e.xml<br/>"));
 }

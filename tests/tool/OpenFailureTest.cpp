@@ -49,9 +49,9 @@ TEST(OpenFailure, TellsWhatCanBeSeenOfTheReason) {
     const Refused rows[] = {
         {"text", "plain text", "VX010 not a zip: looks like plain text"},
         {"an archive cut short", Archive({{types, "<Types/>"}}).substr(0, 60),
-         "VX101 no end record: the file ends before the entry [Content_Types].xml does, the last of 1 "
+         "VX101 no end record: the file ends inside the entry [Content_Types].xml, the last of 1 "
          "entry found"},
-        {"a compound file", kCompoundFile, "VX014 not a zip: compound file that is damaged"},
+        {"a compound file", kCompoundFile, "VX015 not a zip: compound file that is damaged"},
         {"an archive without entries", Archive({}),
          "VX201 no [Content_Types].xml: the archive has no entries"},
         {"another archive", Archive({{"a", "b"}}),

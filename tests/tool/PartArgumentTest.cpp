@@ -19,7 +19,10 @@ protected:
                              RelationshipXml("out", kStyles, "https://example.org/", "External") +
                              RelationshipXml("gone", kStyles, "gone.xml")));
         file_.Entry("word/_rels/styles.xml.rels",
-                    RelationshipsXml(RelationshipXml("up", kStyles, "../glossary/styles.xml")));
+                    RelationshipsXml(RelationshipXml("up", kStyles, "../glossary/styles.xml") +
+                                     RelationshipXml("one", "urn:x/one", "../main") +
+                                     RelationshipXml("t1", "urn:x/two", "../main") +
+                                     RelationshipXml("t2", "urn:x/two", "../main")));
         file_.Entry("other/a@b.xml", "at");
         file_.Entry("other/bell\x07.xml", "bell");
         file_.Entry("folder/", "");
@@ -47,6 +50,10 @@ TEST_F(PartArgument, LeadsToAPart) {
         {"of the end of a name", "rId4@document.xml", "word styles"},
         {"a relationship of the package", "rId1@/", "<document/>"},
         {"from relationship to relationship", "up@rId4@rId1@/", "glossary styles"},
+        {"the first of a type", "styles@document.xml", "word styles"},
+        {"a type by its number", "9@/", "<document/>"},
+        {"from type to Id", "up@styles@officeDocument@/", "glossary styles"},
+        {"the only one of a type without a number", "one@word/styles.xml", "an entry of that name"},
         {"a name with an at sign", "other/a@b.xml", "at"},
         {"the end of one", "a@b.xml", "at"},
         {"a name as it is printed", "other/bell\\x07.xml", "bell"},
@@ -74,6 +81,9 @@ TEST_F(PartArgument, ThatLeadsToNoneSaysWhyWithStatus4) {
         {"the end of a folder", "folder", "no such part"},
         {"no such relationship", "rId9@document.xml", "no relationship rId9 of word/document.xml"},
         {"no such relationship of the package", "rId9@/", "no relationship rId9 of the package"},
+        {"several of a type without a number", "two@word/styles.xml",
+         "2 relationships have the type two, which has no number to find one by"},
+        {"an empty Id", "@document.xml", "no relationship  of word/document.xml"},
         {"an external one", "out@document.xml",
          "relationship out of word/document.xml leads to no part: https://example.org/"},
         {"one that leads nowhere", "gone@document.xml",

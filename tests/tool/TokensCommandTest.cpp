@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/tool/JsonLines.h"
 #include "tests/tool/RunTool.h"
 
 namespace {
@@ -33,12 +34,6 @@ ToolRun Tokens(const std::string& content, std::vector<std::string> options = {}
     std::vector<std::string> arguments = {"tokens", file.Write().Path(), "a.xml"};
     arguments.insert(arguments.end(), options.begin(), options.end());
     return RunTool(arguments);
-}
-
-std::vector<json> JsonLines(const std::string& text) {
-    std::vector<json> lines;
-    for (const std::string& line : Lines(text)) lines.push_back(json::parse(line));
-    return lines;
 }
 
 TEST(TokensOfAPart, ShowNamesWithTokenAndNamespaceInDocumentOrder) {
@@ -180,75 +175,13 @@ TEST(TokensOfAPart, NamesCannotDisturbATerminal) {
     EXPECT_THAT(run.out, HasSubstr("urn:\\u202e\\u2028\n"));
 }
 
-TEST(TokensOfAName, AreFoundByPrefixNamespaceOrNameAlone) {
-    const std::string val = "0x00010258  w:val  " + kWordUri + "\n";
-    EXPECT_EQ(RunTool({"tokens", "w:val"}).out, val);
-    EXPECT_EQ(RunTool({"tokens", "{" + kWordUri + "}val"}).out, val);
-    EXPECT_EQ(RunTool({"tokens", "0x00010258"}).out, val);
-    EXPECT_EQ(RunTool({"tokens", "0X10258"}).out, val);
-    EXPECT_THAT(
-        Lines(RunTool({"tokens", "val"}).out),
-        ElementsAre("0x00010258  w:val    " + kWordUri,
-                    "0x00020091  p:val    http://schemas.openxmlformats.org/presentationml/2006/main",
-                    "0x00040056  a:val    http://schemas.openxmlformats.org/drawingml/2006/main",
-                    "0x0022002C  dgm:val  http://schemas.openxmlformats.org/drawingml/2006/diagram",
-                    "0x002C003C  w14:val  http://schemas.microsoft.com/office/word/2010/wordml"));
-}
-
-TEST(TokensOfAName, MayBeInNoNamespace) {
-    EXPECT_EQ(RunTool({"tokens", "{}Relationships"}).out, "0x00000002  pkg:Relationships  \"\"\n");
-    EXPECT_EQ(RunTool({"tokens", "html:div"}).out, RunTool({"tokens", "{}div"}).out);
-    EXPECT_EQ(RunTool({"tokens", "0x0"}).out, "0x00000000  pkg:__nullName  \"\"\n");
-}
-
-TEST(TokensOfAName, TheChartsTokenLeadsBackToAnotherName) {
-    EXPECT_THAT(RunTool({"tokens", "c:chart"}).out, StartsWith("0x0007002D  c:chart "));
-    EXPECT_THAT(RunTool({"tokens", "0x0007002D"}).out, StartsWith("0x0007002D  xdr:txBox "));
-}
-
-TEST(TokensOfAName, AsJsonAreOneObjectATokenEach) {
-    const std::vector<json> lines = JsonLines(RunTool({"tokens", "--json", "val"}).out);
-    ASSERT_THAT(lines, SizeIs(5));
-    EXPECT_EQ(lines[0], (json{{"uri", kWordUri}, {"name", "val"}, {"token", kVal}}));
-}
-
-TEST(TokensOfAName, ThatIsNotInTheVocabularyEndWithStatus4) {
-    for (const std::string name : {"w:nothing", "q:val", "{urn:my}val", "nothing", "w:Val",
-                                   "0x00010000", "0xFFFFFFFF", "", "{", "{}", ":", "w:", "w:val:val"}) {
-        SCOPED_TRACE(name);
-        const ToolRun run = RunTool({"tokens", name});
-        EXPECT_EQ(run.status, 4);
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, "vexpa: " + (name.empty() ? "\"\"" : name) + ": not in the vocabulary\n");
-    }
-}
-
-TEST(TokensOfTheNamespaces, AreListedOncePerNamespaceInTheirOrder) {
-    const std::vector<json> lines = JsonLines(RunTool({"tokens", "--namespaces", "--json"}).out);
-    ASSERT_THAT(lines, SizeIs(41));
-    EXPECT_EQ(lines[0], (json{{"prefixes", {"w"}}, {"ids", {1}}, {"uri", kWordUri}, {"names", 791}}));
-    EXPECT_EQ(
-        lines[1],
-        (json{
-            {"prefixes", {"pkg", "html", "nons"}}, {"ids", {0, 17, 19}}, {"uri", ""}, {"names", 21}}));
-    int names = 0;
-    for (const json& line : lines) names += line["names"].get<int>();
-    EXPECT_EQ(names, 2'614);
-}
-
-TEST(TokensOfTheNamespaces, AreATableForPeople) {
-    const std::vector<std::string> lines = Lines(RunTool({"tokens", "--namespaces"}).out);
-    ASSERT_THAT(lines, SizeIs(42));
-    EXPECT_EQ(lines[0], "Prefix           Id         Names  Namespace");
-    EXPECT_EQ(lines[1], "w                1            791  " + kWordUri);
-    EXPECT_EQ(lines[2], "pkg, html, nons  0, 17, 19     21  \"\"");
-}
-
 TEST(TokensCommand, WrongUsageEndsWithStatus2) {
     const std::vector<std::vector<std::string>> wrong = {
         {"tokens"},
         {"tokens", "--json"},
         {"tokens", "--namespaces", "w:val"},
+        {"tokens", "--types", "w:val"},
+        {"tokens", "--types", "--namespaces"},
         {"tokens", "0x"},
         {"tokens", "0x123456789"},
         {"tokens", "0xG"},
@@ -304,11 +237,6 @@ TEST(AnnotatedTokens, LeaveEveryOtherByteAsItIs) {
 TEST(AnnotatedTokens, NeedAPartThatIsXml) {
     EXPECT_EQ(Tokens("<a>", {"--annotate"}).status, 5);
     EXPECT_EQ(RunTool({"tokens", "--annotate", "w:val"}).status, 2);
-}
-
-TEST(TokensOfAName, ThatShareATokenAreAllNamed) {
-    EXPECT_THAT(Lines(RunTool({"tokens", "0x0007002D"}).out),
-                ElementsAre(StartsWith("0x0007002D  xdr:txBox "), StartsWith("0x0007002D  c:chart ")));
 }
 
 }  // namespace

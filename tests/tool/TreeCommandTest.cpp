@@ -84,8 +84,8 @@ TEST(TreeCommand, EscapesWhatCouldMoveTheCursorOrTurnTheLine) {
               "|- \\x09\\u202e1  urn:t [-]    -> https://example.org/\\u202emoc\\x0a`- r2  (external)");
 }
 
-TEST(TreeCommand, FollowsAChainOfTwentyThousandPartsInLinearSpace) {
-    constexpr int kParts = 20'000;
+TEST(TreeCommand, FollowsALongChainOfPartsInLinearSpace) {
+    constexpr int kParts = 5'000;
     PackageFile file;
     file.Relationship("r", "t", "p0.xml");
     for (int i = 0; i < kParts; ++i) {
@@ -97,8 +97,8 @@ TEST(TreeCommand, FollowsAChainOfTwentyThousandPartsInLinearSpace) {
     const std::vector<std::string> lines = Tree(file);
     ASSERT_EQ(lines.size(), kParts + 1u);
     const std::string head = "`- r  t [-]";
-    EXPECT_EQ(lines[2], std::string(6, ' ') + head + std::string(41, ' ') + "p2.xml           0 B");
-    EXPECT_EQ(lines.back(), "(level 20001) " + head + std::string(33, ' ') + "p20000.xml  (missing)");
+    EXPECT_EQ(lines[2], std::string(6, ' ') + head + std::string(41, ' ') + "p2.xml          0 B");
+    EXPECT_EQ(lines.back(), "(level 5001) " + head + std::string(34, ' ') + "p5000.xml  (missing)");
 }
 
 PackageFile DeepPackage() {

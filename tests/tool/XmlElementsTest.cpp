@@ -43,6 +43,16 @@ TEST(XmlElements, CallTheSinkNoMoreOnceItHasThrown) {
     EXPECT_EQ(calls, 1);
 }
 
+TEST(XmlElements, OpenWithoutEndAreAnError) {
+    XmlElements elements([](const XmlElement&) {});
+    const auto feed = [&] {
+        const std::string piece = "<a><a><a><a><a><a><a><a>";
+        for (int i = 0; i < 500'000; ++i) elements.Feed(piece);
+        elements.Finish();
+    };
+    EXPECT_THROW(feed(), XmlError);
+}
+
 TEST(XmlElements, ANamespaceCannotPassForAnother) {
     EXPECT_THROW(Names("<a xmlns='urn:a&#10;b'/>", 100), XmlError);
 }

@@ -24,10 +24,10 @@ SAMPLES = HERE.parents[1] / "samples"
 # What is in each file. Commands whose text and JSON say the same have both.
 SESSIONS = {
     "cat": ["cat report.docx _rels/.rels", "cat --pretty report.docx settings.xml",
-            "cat --hex ledger.xlsx oleObject1.bin | head -4", "cat report.docx rId3@main",
+            "cat --hex ledger.xlsx oleObject1.bin | head -4", "cat report.docx rId3@main", "cat report.docx settings@main | head -c 80",
             "cat report.docx nothing.xml", "cat --pretty ledger.xlsx oleObject1.bin | head -c 4"],
     "check": ["check report.docx talk.pptx tides.xlsx ledger.xlsx", "check README.md",
-              "check --deep --all ledger.xlsx", "check --json ledger.xlsx README.md"],
+              "check talk.pptx", "check --deep --all ledger.xlsx", "check --json ledger.xlsx README.md"],
     "diff": ["diff tides.xlsx ledger.xlsx", "diff --json tides.xlsx ledger.xlsx",
              "diff --rels --types tides.xlsx ledger.xlsx", "diff tides.xlsx tides.xlsx",
              "diff --json tides.xlsx tides.xlsx", "diff tides.xlsx README.md"],
@@ -49,6 +49,7 @@ SESSIONS = {
     "tokens": ["tokens w:val", "tokens 0x0007002D", "tokens --json val", "tokens tides.xlsx app.xml",
                "tokens --json tides.xlsx app.xml",
                "tokens --annotate tides.xlsx sharedStrings.xml", "tokens --namespaces | head -5",
+               "tokens --types | head -5",
                "tokens w:nothing"],
     "tree": ["tree report.docx", "tree tides.xlsx ledger.xlsx", "tree --depth 1 talk.pptx",
              "tree --from slide2.xml --depth 2 talk.pptx", "tree --json tides.xlsx", "tree README.md"],

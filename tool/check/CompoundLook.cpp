@@ -1,9 +1,13 @@
 #include "tool/check/CompoundLook.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <string_view>
+#include <vector>
 
+#include "tool/check/Shown.h"
+#include "tool/text/Unicode.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/base/Result.h"
 #include "vexpa/platform/Runtime.h"
@@ -57,20 +61,31 @@ ComPtr<IStorage> OpenStorage(const Container& file) {
     return storage;
 }
 
-// The first in our list of those below the root, or null.
-const KnownStream* FindKnownStream(IStorage& storage) {
-    const KnownStream* best = nullptr;
+std::vector<std::u16string> NamesBelowRoot(IStorage& storage) {
+    std::vector<std::u16string> names;
     ComPtr<IEnumSTATSTG> elements;
-    if (Failed(storage.EnumElements(0, nullptr, 0, elements.Out()))) return nullptr;
+    if (Failed(storage.EnumElements(0, nullptr, 0, elements.Out()))) return names;
     STATSTG element{};
     while (elements->Next(1, &element, nullptr) == S_OK) {
-        const std::u16string name = element.pwcsName == nullptr ? u"" : element.pwcsName;
+        names.emplace_back(element.pwcsName == nullptr ? u"" : element.pwcsName);
         _XCoTaskMemFree(element.pwcsName);
-        for (const KnownStream& known : kKnownStreams) {
-            if (known.name == name && (best == nullptr || &known < best)) best = &known;
-        }
     }
-    return best;
+    return names;
+}
+
+// The first in our list that is among the names, or null.
+const KnownStream* FindKnownStream(const std::vector<std::u16string>& names) {
+    for (const KnownStream& known : kKnownStreams) {
+        if (std::find(names.begin(), names.end(), known.name) != names.end()) return &known;
+    }
+    return nullptr;
+}
+
+std::string UnknownKind(const std::vector<std::u16string>& names) {
+    if (names.empty()) return "with nothing in it";
+    ShownList list;
+    for (const std::u16string& name : names) list.Add(ToUtf8(name));
+    return "of a kind not known here, with " + list.Text();
 }
 
 }  // namespace
@@ -79,9 +94,10 @@ CompoundLook LookAtCompoundFile(const Container& file) {
     if (file.FileSize() > kLargestFile)
         return {FindingId::OtherCompoundFile, "too large to look inside"};
     const ComPtr<IStorage> storage = OpenStorage(file);
-    if (!storage) return {FindingId::OtherCompoundFile, "that is damaged"};
-    const KnownStream* known = FindKnownStream(*storage.Get());
-    if (known == nullptr) return {FindingId::OtherCompoundFile, "of a kind not known here"};
+    if (!storage) return {FindingId::DamagedCompoundFile, "that is damaged"};
+    const std::vector<std::u16string> names = NamesBelowRoot(*storage.Get());
+    const KnownStream* known = FindKnownStream(names);
+    if (known == nullptr) return {FindingId::OtherCompoundFile, UnknownKind(names)};
     return {known->id, known->what};
 }
 

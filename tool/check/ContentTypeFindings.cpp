@@ -87,6 +87,7 @@ void ExplainMissing(const Subject& subject, Finding& finding) {
                subject.Find(kRelationshipsEntry) == nullptr) {
         finding.cause = "a zip archive, but no package: neither " + std::string(kContentTypesEntry) +
                         " nor " + kRelationshipsEntry + " is in it";
+        finding.hint = "look at its entries with 'vexpa ls'; if it should be a document, get it again";
     }
 }
 

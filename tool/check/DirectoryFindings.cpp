@@ -15,14 +15,17 @@ std::string Offset(std::uint64_t offset) {
     return "offset " + GroupedDigits(offset);
 }
 
+std::string NameOf(std::string_view entry) {
+    return entry.empty() ? "an entry without a name" : "the entry " + Shown(entry);
+}
+
 // Entries are told of by their local headers.
-std::string CauseOf(const DirectoryFault& fault) {
+std::string CauseOf(const DirectoryFault& fault, std::uint64_t fileSize) {
     const std::string entries = Counted(fault.count, "entry", "entries");
     const std::string noEnd = "no end record: the file ";
     switch (fault.kind) {
         case Kind::CutInsideEntry:
-            return noEnd + "ends before the entry " + Shown(fault.entry) + " does, the last of " +
-                   entries + " found";
+            return noEnd + "ends inside " + NameOf(fault.entry) + ", the last of " + entries + " found";
         case Kind::CutBeforeDirectory:
             return noEnd + "is cut off after " + entries + ", where its directory should begin";
         case Kind::CutInsideDirectory:
@@ -35,7 +38,9 @@ std::string CauseOf(const DirectoryFault& fault) {
                    Offset(fault.position);
         case Kind::NoDirectory:
             return "the end record says that the directory begins at " + Offset(fault.claimedOffset) +
-                   " and has " + GroupedDigits(fault.claimedSize) + " bytes, but there is none";
+                   " and has " + GroupedDigits(fault.claimedSize) + " bytes, but " +
+                   (fault.claimedOffset >= fileSize ? "the file has only " + GroupedDigits(fileSize)
+                                                    : "none is there");
         case Kind::DirectoryBreaksOff:
             return "the directory breaks off after " + entries + ": the header at " +
                    Offset(fault.position) + " reaches beyond its end";
@@ -61,7 +66,7 @@ void CheckDirectory(const Subject& subject, Findings& findings) {
     findings.AddStop(FindingId::NoDirectory, [&](Finding& finding) {
         const DirectoryFault fault = FindDirectoryFault(*subject.container);
         finding.offset = PlaceOf(fault);
-        finding.cause = CauseOf(fault);
+        finding.cause = CauseOf(fault, subject.container->FileSize());
     });
 }
 

@@ -19,7 +19,9 @@ std::string DamageText(EntryDamage damage) {
         case EntryDamage::ImpossibleSize:
             return "its size cannot be true";
         case EntryDamage::BadData:
-            return "its data does not unpack to the size that the directory says";
+            return "its packed data is broken";
+        case EntryDamage::WrongSize:
+            return "its data unpacks to another size than the directory says";
         case EntryDamage::WrongCrc:
             return "its data has another CRC than the directory says";
         case EntryDamage::None:

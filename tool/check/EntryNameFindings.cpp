@@ -1,4 +1,5 @@
-// VX104 to VX106, VX108, VX110, VX111, VX114, VX503 and VX606: the names of the entries.
+// VX104 to VX106, VX108, VX110, VX111, VX114, VX503, VX606 and VX609: the
+// names of the entries.
 
 #include <QString>
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include "tool/check/Shown.h"
 #include "tool/container/UnicodePath.h"
 #include "tool/text/Size.h"
+#include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
 
@@ -77,6 +79,15 @@ bool IsLastPiece(std::string_view name) {
     return name.ends_with("].last.piece");
 }
 
+// The raw name may have a NUL, of which the decoded name keeps nothing.
+bool IsDeceptive(std::string_view name, std::string_view rawName) {
+    if (rawName.find('\0') != rawName.npos) return true;
+    while (!name.empty()) {
+        if (IsUnsafeToPrint(TakeUtf8(name))) return true;
+    }
+    return false;
+}
+
 // The way that names take to the archive.
 bool SurvivesLocale(std::string_view name) {
     const QString text = QString::fromUtf8(name.data(), static_cast<int>(name.size()));
@@ -101,6 +112,7 @@ public:
         if (!vexpa_runtime::zip::IsUtf8(rawName)) codePage_.Add(entry);
         if (!SurvivesLocale(name)) outsideLocale_.Add(entry);
         if (LeavesItsFolder(name)) climbing_.Add(entry);
+        if (IsDeceptive(name, rawName)) deceptive_.Add(entry);
         LookForSecondName(entry);
     }
 
@@ -131,6 +143,10 @@ public:
                  {"has '.', '..' or empty segments, or a drive letter",
                   "have '.', '..' or empty segments, or a drive letter"},
                  findings_);
+        AddGroup(deceptive_, FindingId::DeceptiveName,
+                 {"has control characters or turns the direction of writing",
+                  "have control characters or turn the direction of writing"},
+                 findings_);
     }
 
 private:
@@ -156,7 +172,7 @@ private:
     const Container& container_;
     Findings& findings_;
     NameGroup backslash_, readAsSlash_, leadingSlash_, wildcard_, codePage_, outsideLocale_, pieces_,
-        climbing_;
+        climbing_, deceptive_;
 };
 
 void LookForRepeatedNames(const Subject& subject, Findings& findings) {

@@ -31,6 +31,7 @@ enum class FindingId : std::uint16_t {
     LegacyDocument = 12,
     EmptyFile = 13,
     OtherCompoundFile = 14,
+    DamagedCompoundFile = 15,
     UnknownReason = 99,
 
     NoDirectory = 101,
@@ -96,6 +97,7 @@ enum class FindingId : std::uint16_t {
     PathClimbs = 606,
     LoadedFromOutside = 607,
     TooManyEntries = 608,
+    DeceptiveName = 609,
 
     UnknownNamespaces = 701,
     UnknownNames = 702,

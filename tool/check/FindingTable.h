@@ -19,7 +19,7 @@ struct FindingKind {
     const char* hint;   // one sentence
 };
 
-inline constexpr std::size_t kFindingKinds = 68;
+inline constexpr std::size_t kFindingKinds = 70;
 
 // By id.
 extern const FindingKind kFindingTable[kFindingKinds];

@@ -27,7 +27,8 @@ const Finding* Findings::Stop() const {
 
 std::vector<Finding> Findings::TakeSorted() {
     std::stable_sort(kept_.begin(), kept_.end(), [](const Finding& a, const Finding& b) {
-        return std::tie(a.step, a.severity) < std::tie(b.step, b.severity);
+        return std::tuple(!a.stopsOpening, a.step, a.severity) <
+               std::tuple(!b.stopsOpening, b.step, b.severity);
     });
     return std::move(kept_);
 }

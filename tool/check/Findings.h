@@ -55,7 +55,7 @@ public:
 
     const FindingCounts& Counts() const noexcept { return counts_; }
 
-    // By step, then severity, then as they were found.
+    // What stops the opening, then the others by step, then severity, then as they were found.
     std::vector<Finding> TakeSorted();
 
 private:

@@ -13,7 +13,7 @@ void CheckFileItself(const Subject& subject, Findings& findings);
 // VX1xx
 void CheckDirectory(const Subject& subject, Findings& findings);   // why there is none
 void CheckLayout(const Subject& subject, Findings& findings);      // and VX602
-void CheckEntryNames(const Subject& subject, Findings& findings);  // and VX503, VX606
+void CheckEntryNames(const Subject& subject, Findings& findings);  // and VX503, VX606, VX609
 void CheckEntries(const Subject& subject, Findings& findings);     // and VX601, VX603, VX608
 
 // VX2xx. The first reads the rules, the second needs the model.

@@ -116,10 +116,12 @@ void CheckOverlaps(const Container& container, const Layout& layout, Findings& f
     for (std::uint64_t i = layout.overlaps.size(); i < layout.overlapCount; ++i) {
         findings.Add(FindingId::Overlap, [](Finding&) {});
     }
-    if (!layout.overlapsDirectory) return;
+    if (!layout.intoDirectory) return;
     findings.Add(FindingId::Overlap, [&](Finding& finding) {
-        finding.offset = container.End().directoryStart;
-        finding.cause = "an entry reaches into the directory";
+        const ContainerEntry& entry = container.Entries()[*layout.intoDirectory];
+        finding.entry = entry.name;
+        finding.offset = entry.headerPosition;
+        finding.cause = "reaches into the directory";
     });
 }
 

@@ -23,6 +23,10 @@ namespace {
 
 constexpr std::size_t kSignatureSize = 8;
 
+// An archive whose entries share no bytes unpacks to no more than this for each of its bytes.
+constexpr std::uint64_t kBestRatio = 1032;
+constexpr std::uint64_t kSlack = 1 << 20;
+
 bool SaysXml(std::string_view contentType) {
     const std::string type = FoldedCase(contentType.substr(0, contentType.find(';')));
     return type == "application/xml" || type == "text/xml" || type.ends_with("+xml");
@@ -36,7 +40,10 @@ bool SaysStorage(std::string_view contentType) {
 class PartData {
 public:
     PartData(const Subject& subject, Findings& findings)
-        : subject_(subject), findings_(findings), bytes_(subject) {
+        : subject_(subject),
+          findings_(findings),
+          bytes_(subject),
+          left_(subject.container->FileSize() * kBestRatio + kSlack) {
         if (subject.options.vocabulary != nullptr) names_.emplace(*subject.options.vocabulary);
     }
 
@@ -46,6 +53,8 @@ public:
         if (FindHeaderDamage(*subject_.container, entry) != EntryDamage::None) return;
         const std::string name(entry.name);
         if (entry.size > subject_.options.largestPart) return ReportTooLarge(entry);
+        if (entry.size > left_) return ReportTooMuch(entry);
+        left_ -= entry.size;
         opc::Part* part = bytes_.Find(name);
         if (part == nullptr) return;
         Read(*part, name);
@@ -116,9 +125,17 @@ private:
         });
     }
 
+    void ReportTooMuch(const ContainerEntry& entry) {
+        findings_.Add(FindingId::PartNotLookedAt, [&](Finding& finding) {
+            finding.entry = entry.name;
+            finding.cause = "was not read: the parts before it unpack to more than the file can hold";
+        });
+    }
+
     const Subject& subject_;
     Findings& findings_;
     PartBytes bytes_;
+    std::uint64_t left_;  // bytes to be read
     std::optional<VocabularyCounts> names_;
 };
 

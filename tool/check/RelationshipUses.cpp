@@ -8,6 +8,8 @@ namespace vexpa_tool {
 
 namespace {
 
+constexpr std::size_t kMostIds = 50'000;  // kept at a time
+
 // All attributes of these namespaces hold Ids (ECMA-376 Part 1, shared relationship reference).
 constexpr std::string_view kNamespaces[] = {
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships",
@@ -30,6 +32,7 @@ void RelationshipUses::Look(const XmlStartTag& tag, Findings& findings) {
 }
 
 void RelationshipUses::LookUp(const XmlStartTag& tag, const std::string& id, Findings& findings) {
+    if (seen_.size() == kMostIds) seen_.clear();
     if (!seen_.insert(id).second) return;
     if (part_.GetRelationshipById(FromUtf8(id).c_str()) != nullptr) return;
     findings.Add(FindingId::UnknownId, [&](Finding& finding) {

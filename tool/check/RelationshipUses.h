@@ -17,7 +17,7 @@ public:
     RelationshipUses(tarn::opc::Part& part, std::string entry)
         : part_(part), entry_(std::move(entry)) {}
 
-    // VX411, once for each Id that the part has no relationship for. Names resolved.
+    // VX411, as a rule once for each Id that the part has no relationship for. Names resolved.
     void Look(const XmlStartTag& tag, Findings& findings);
 
 private:

@@ -33,9 +33,9 @@ Ink InkOf(Severity severity) {
 std::string PlaceText(const Finding& finding) {
     if (finding.entry.empty()) return {};
     std::string place = Shown(finding.entry);
-    if (finding.line) place += ":" + std::to_string(*finding.line);
-    if (finding.column) place += ":" + std::to_string(*finding.column);
-    return place + ": ";
+    if (finding.line) place.append(":").append(std::to_string(*finding.line));
+    if (finding.column) place.append(":").append(std::to_string(*finding.column));
+    return place.append(": ");
 }
 
 std::string StepLine(const Finding& stop) {

@@ -2,16 +2,13 @@
 #define XML_DTD
 #include "tool/check/XmlScan.h"
 
-#include <expat.h>
-
 #include <algorithm>
 #include <exception>
-#include <new>
-#include <type_traits>
 #include <utility>
 
 #include "runtime/xml/Encoding.h"
 #include "runtime/xml/XmlParser.h"
+#include "tool/model/BoundedExpat.h"
 
 namespace vexpa_tool {
 
@@ -24,36 +21,31 @@ constexpr std::size_t kLongestUri = 1000;
 constexpr std::int64_t kSmallestPiece = 64 << 10;
 constexpr std::int64_t kLargestPiece = 256 << 20;
 
-struct FreeParser {
-    void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
-};
-
-using ParserHandle = std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser>;
-
-constexpr const char* kGrowth = "its entities make it grow without bound";
-
 // The parser's words, less what every message here begins with.
 const char* MessageOf(XML_Error error) {
-    return error == XML_ERROR_INVALID_TOKEN ? "invalid token" : XML_ErrorString(error);
+    switch (error) {
+        case XML_ERROR_INVALID_TOKEN:
+            return "invalid token";
+        case XML_ERROR_AMPLIFICATION_LIMIT_BREACH:
+            return "its entities make it grow without bound";
+        case XML_ERROR_NO_MEMORY:
+            return kTooMuchMemory;
+        default:
+            return XML_ErrorString(error);
+    }
 }
 
 XmlPlace PlaceOf(XML_Parser parser) {
     return {XML_GetCurrentLineNumber(parser), XML_GetCurrentColumnNumber(parser) + 1};
 }
 
-ParserHandle MakeParser(XmlScan::Names names) {
-    ParserHandle parser(names == XmlScan::Names::Resolved
-                            ? XML_ParserCreateNS(nullptr, XmlScan::kNamespaceEnd)
-                            : XML_ParserCreate(nullptr));
-    if (!parser) throw std::bad_alloc();
-    return parser;
-}
-
 }  // namespace
 
 class XmlScan::Parser {
 public:
-    Parser(Names names, Handler handler) : handler_(std::move(handler)), parser_(MakeParser(names)) {
+    Parser(Names names, Handler handler)
+        : handler_(std::move(handler)),
+          parser_(MakeExpat(names == Names::Resolved ? &kNamespaceEnd : nullptr)) {
         XML_SetUserData(parser_.get(), this);
         XML_SetStartElementHandler(parser_.get(), OnStart);
         XML_SetStartDoctypeDeclHandler(parser_.get(), OnDocumentType);
@@ -138,13 +130,13 @@ private:
 
     void NoteParserError() {
         const XML_Error error = XML_GetErrorCode(parser_.get());
-        if (error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
-        const bool isGrowth = error == XML_ERROR_AMPLIFICATION_LIMIT_BREACH;
-        fault_ = XmlFault{PlaceOf(parser_.get()), isGrowth ? kGrowth : MessageOf(error), isGrowth};
+        const bool isRefusal =
+            error == XML_ERROR_AMPLIFICATION_LIMIT_BREACH || error == XML_ERROR_NO_MEMORY;
+        fault_ = XmlFault{PlaceOf(parser_.get()), MessageOf(error), isRefusal};
     }
 
     Handler handler_;
-    ParserHandle parser_;
+    ExpatHandle parser_;
     std::string pending_;
     std::int64_t fed_ = 0;
     std::uint64_t grown_ = 0;

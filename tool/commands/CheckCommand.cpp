@@ -24,6 +24,7 @@ struct Arguments {
     Selection selection;
     Severity failOn = Severity::Error;
     bool isAll = false;
+    bool isQuiet = false;
 };
 
 class CheckRun {
@@ -34,7 +35,17 @@ public:
         arguments_.check.vocabulary = &*vocabulary_;
     }
 
-    ExitStatus Run() {
+    ExitStatus Run() { return RunFiles(arguments_.files, arguments_.isQuiet ? Quiet() : Telling()); }
+
+private:
+    FileCommand Quiet() {
+        FileCommand command;
+        command.heading = Heading::None;
+        command.showText = [this](const InputFile& file, Output&) { return StatusOf(Check(file)); };
+        return command;
+    }
+
+    FileCommand Telling() {
         FileCommand command;
         command.heading = Heading::None;
         command.showText = [this](const InputFile& file, Output& out) {
@@ -54,10 +65,9 @@ public:
             FillReportJson(report, json);
             return StatusOf(report);
         };
-        return RunFiles(arguments_.files, command);
+        return command;
     }
 
-private:
     CheckReport Check(const InputFile& file) {
         CheckReport report = CheckPackage(file, arguments_.check);
         arguments_.selection.Narrow(report);
@@ -118,6 +128,10 @@ CommandRun Declare(CLI::App& app) {
     app.add_option("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)")
         ->type_name("SIZE")
         ->transform(CLI::AsSizeValue(false));
+    app.add_option("--max-entries", arguments->check.mostEntries,
+                   "look at no more of the archive's entries (1048576)")
+        ->type_name("N");
+    AddQuiet(app, arguments->isQuiet);
     return [arguments] { return CheckRun(*arguments).Run(); };
 }
 

@@ -52,6 +52,11 @@ CLI::Option* AddJson(CLI::App& app, bool& json) {
     return app.add_flag("--json", json, "write JSON");
 }
 
+void AddQuiet(CLI::App& app, bool& quiet) {
+    app.add_flag("-q,--quiet", quiet, "print no result; the exit status tells")
+        ->excludes(app.get_option("--json"));
+}
+
 void AddAppearance(CLI::App& app, AppearanceOptions& options) {
     AddWhen(app, "--color", options.colour, "use colours");
     app.add_flag("--ascii", options.asciiOnly, "escape whatever is beyond ASCII");

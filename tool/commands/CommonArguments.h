@@ -20,6 +20,8 @@ void AddFile(CLI::App& app, std::string& file);
 // PART
 CLI::Option* AddPart(CLI::App& app, std::string& part, const std::string& use);
 CLI::Option* AddJson(CLI::App& app, bool& json);
+// -q, for a command whose exit status is an answer; after --json, which it excludes.
+void AddQuiet(CLI::App& app, bool& quiet);
 
 // --color and --ascii, which every command has.
 void AddAppearance(CLI::App& app, AppearanceOptions& options);

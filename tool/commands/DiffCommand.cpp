@@ -7,11 +7,7 @@
 
 #include "tool/commands/Command.h"
 #include "tool/commands/CommonArguments.h"
-#include "tool/model/OpenPackage.h"
-#include "tool/model/PackageDifference.h"
-#include "tool/model/PrettyXml.h"
-#include "tool/model/XmlElements.h"
-#include "tool/run/LineDifference.h"
+#include "tool/model/PackageComparison.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
 #include "tool/text/ShortNames.h"
@@ -27,13 +23,10 @@ namespace opc = tarn::opc;
 struct Arguments {
     std::string a;
     std::string b;
-    bool parts = false;
-    bool relationships = false;
-    bool types = false;
+    ComparedKinds kinds;
     bool xml = false;
     bool json = false;
-
-    bool ShowsAll() const { return !parts && !relationships && !types; }
+    bool quiet = false;
 };
 
 const char* MarkOf(Change change) {
@@ -47,59 +40,6 @@ Ink InkOf(Change change) {
 const char* WordFor(Change change) {
     return change == Change::Came ? "came" : change == Change::Went ? "went" : "changed";
 }
-
-// The packages, and what differs between them.
-class Comparison {
-public:
-    Comparison(const InputFile& fileA, const InputFile& fileB, const Arguments& arguments)
-        : fileA_(fileA), fileB_(fileB), packageA_(OpenPackage(fileA)), packageB_(OpenPackage(fileB)) {
-        const ComparedPackage a{fileA_, *packageA_.Get()}, b{fileB_, *packageB_.Get()};
-        const bool all = arguments.ShowsAll();
-        if (all || arguments.parts) parts = CompareParts(a, b);
-        if (all || arguments.relationships) relationships = CompareRelationships(a, b);
-        if (all || arguments.types) types = CompareTypes(a, b);
-    }
-
-    ExitStatus Status() const {
-        ExitStatus status = kDone;
-        if (!parts.empty() || !relationships.empty() || !types.empty()) status = kFindings;
-        for (const PartDifference& part : parts) {
-            if (part.isUnreadable) status = kReadOrWriteError;
-        }
-        return status;
-    }
-
-    // How the two forms of a changed XML part differ; not known for other parts.
-    std::optional<std::string> XmlDifference(const PartDifference& part) const {
-        if (part.change != Change::Changed || part.isUnreadable) return std::nullopt;
-        try {
-            return LineDifference(PrettyXml(ReadPart(fileA_, *packageA_.Get(), part.name)),
-                                  PrettyXml(ReadPart(fileB_, *packageB_.Get(), part.name)));
-        } catch (const XmlError&) {
-            return std::nullopt;
-        }
-    }
-
-    std::vector<PartDifference> parts;
-    std::vector<RelationshipDifference> relationships;
-    std::vector<TypeDifference> types;
-
-private:
-    static std::string ReadPart(const InputFile& file, opc::Package& package,
-                                const std::u16string& name) {
-        std::string bytes;
-        opc::Part* part = package.GetPart(opc::PartUri(name.c_str()));
-        if (part == nullptr) return bytes;
-        PartReader(file).Read(*part,
-                              [&](const char* piece, std::size_t size) { bytes.append(piece, size); });
-        return bytes;
-    }
-
-    const InputFile& fileA_;
-    const InputFile& fileB_;
-    tarn::Handle<opc::Package> packageA_;
-    tarn::Handle<opc::Package> packageB_;
-};
 
 std::string SizesText(const PartDifference& part) {
     const auto text = [](const std::optional<PartDigest>& digest) {
@@ -126,6 +66,13 @@ std::string TargetsText(const RelationshipDifference& one) {
     return TargetText(*one.before) + " => " + TargetText(*one.after);
 }
 
+ExitStatus StatusOf(const PackageComparison& comparison) {
+    for (const PartDifference& part : comparison.parts) {
+        if (part.isUnreadable) return kReadOrWriteError;
+    }
+    return comparison.IsEmpty() ? kDone : kFindings;
+}
+
 // The lines of a part's XML are document text: they may hold anything.
 void WriteXmlDifference(const std::string& difference, Output& out) {
     if (difference.empty()) return out.WriteLine("    only white space between tags");
@@ -138,7 +85,7 @@ void WriteXmlDifference(const std::string& difference, Output& out) {
     }
 }
 
-void ShowParts(const Comparison& comparison, bool withXml, Output& out) {
+void ShowParts(const PackageComparison& comparison, bool withXml, Output& out) {
     std::size_t width = 0;
     for (const PartDifference& part : comparison.parts) {
         width = std::max(width, DisplayWidth(Printable(part.name)));
@@ -153,7 +100,7 @@ void ShowParts(const Comparison& comparison, bool withXml, Output& out) {
     }
 }
 
-void ShowRelationships(const Comparison& comparison, Output& out) {
+void ShowRelationships(const PackageComparison& comparison, Output& out) {
     Table table;
     for (const RelationshipDifference& one : comparison.relationships) {
         const std::string source = one.source.empty() ? "/" : Printable(one.source);
@@ -163,7 +110,7 @@ void ShowRelationships(const Comparison& comparison, Output& out) {
     table.WriteTo(out);
 }
 
-void ShowTypes(const Comparison& comparison, Output& out) {
+void ShowTypes(const PackageComparison& comparison, Output& out) {
     Table table;
     for (const TypeDifference& one : comparison.types) {
         table.Add({Inked(Ink::Notice, "~ " + Printable(one.name)),
@@ -185,7 +132,7 @@ Json RelationshipJson(const opc::Relationship* relationship) {
             {"resolved_target", ToUtf8(relationship->GetResolvedTarget().name)}};
 }
 
-void FillJson(const Comparison& comparison, bool withXml, Json& json) {
+void FillJson(const PackageComparison& comparison, bool withXml, Json& json) {
     for (const PartDifference& part : comparison.parts) {
         Json item = {{"change", WordFor(part.change)},
                      {"name", ToUtf8(part.name)},
@@ -213,20 +160,21 @@ ExitStatus Run(const Arguments& arguments) {
     const InputFile other = TheFile(arguments.b);
     FileCommand command;
     command.showText = [&](const InputFile& file, Output& out) {
-        const Comparison comparison(file, other, arguments);
+        const PackageComparison comparison(file, other, arguments.kinds);
+        if (arguments.quiet) return StatusOf(comparison);
         ShowParts(comparison, arguments.xml, out);
         ShowRelationships(comparison, out);
         ShowTypes(comparison, out);
-        return comparison.Status();
+        return StatusOf(comparison);
     };
     command.members = {{"other", ToUtf8(FromLocal(other.name))},
                        {"parts", Json::array()},
                        {"relationships", Json::array()},
                        {"types", Json::array()}};
     command.fillJson = [&](const InputFile& file, Json& json) {
-        const Comparison comparison(file, other, arguments);
+        const PackageComparison comparison(file, other, arguments.kinds);
         FillJson(comparison, arguments.xml, json);
-        return comparison.Status();
+        return StatusOf(comparison);
     };
     return RunFile(arguments.a, arguments.json, command);
 }
@@ -235,11 +183,13 @@ CommandRun Declare(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
     app.add_option("A", arguments->a, "the package before; - is standard input")->required();
     app.add_option("B", arguments->b, "the package after")->required();
-    app.add_flag("--parts", arguments->parts, "compare the parts");
-    app.add_flag("--rels", arguments->relationships, "compare the relationships");
-    app.add_flag("--types", arguments->types, "compare the content types; without any of these, all");
+    app.add_flag("--parts", arguments->kinds.parts, "compare the parts");
+    app.add_flag("--rels", arguments->kinds.relationships, "compare the relationships");
+    app.add_flag("--types", arguments->kinds.types,
+                 "compare the content types; without any of these, all");
     app.add_flag("--xml", arguments->xml, "show how XML parts differ, tag by tag");
     AddJson(app, arguments->json);
+    AddQuiet(app, arguments->quiet);
     return [arguments] { return Run(*arguments); };
 }
 

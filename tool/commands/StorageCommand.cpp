@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tool/commands/Command.h"
@@ -70,11 +71,11 @@ ExitStatus ShowTree(const InputFile& file, const Arguments& arguments, Output& o
     const std::size_t sizeWidth = SizeWidth(tree);
     Table table;
     for (const StorageElement& element : tree.Elements()) {
-        const std::string indent(2 * std::min(element.level, kIndentedLevels), ' ');
+        std::string cell(2 * std::min(element.level, kIndentedLevels), ' ');
         const std::string name = NameText(element, part);
-        table.Add(
-            {indent + (element.isStorage ? "storage  " + Inked(Ink::Strong, name) : "stream  " + name),
-             ValueText(element, sizeWidth)});
+        cell += element.isStorage ? "storage  " : "stream  ";
+        cell += element.isStorage ? Inked(Ink::Strong, name) : name;
+        table.Add({std::move(cell), ValueText(element, sizeWidth)});
     }
     table.WriteTo(out);
     return kDone;

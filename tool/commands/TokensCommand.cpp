@@ -9,11 +9,13 @@
 #include "tool/commands/TokensOfPart.h"
 #include "tool/model/NameLookup.h"
 #include "tool/model/NamespacePrefixes.h"
+#include "tool/model/RelationshipTypeNames.h"
 #include "tool/text/JsonText.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
 #include "tool/text/Table.h"
 #include "tool/text/Unicode.h"
+#include "vexpa/base/Utf16.h"
 
 namespace vexpa_tool {
 
@@ -22,8 +24,10 @@ namespace {
 struct Arguments {
     std::string fileOrName;
     std::string part;
+    bool hasName = false;  // or file
     bool hasPart = false;
     bool namespaces = false;
+    bool types = false;
     bool json = false;
     bool annotate = false;
 };
@@ -46,8 +50,7 @@ void ShowNames(const Arguments& arguments) {
                 {{"uri", ToUtf8(name.uri)}, {"name", ToUtf8(name.name)}, {"token", name.token}}));
         }
     }
-    if (arguments.json) return;
-    for (const std::string& line : table.Lines()) StandardOutput().WriteLine(line);
+    if (!arguments.json) table.WriteTo(StandardOutput());
 }
 
 // The prefixes and ids under which a namespace is registered.
@@ -86,8 +89,39 @@ void ShowNamespaces(const Arguments& arguments) {
         all.json["names"] = names;
         StandardOutput().WriteLine(JsonLine(all.json));
     }
-    if (arguments.json) return;
-    for (const std::string& line : table.Lines()) StandardOutput().WriteLine(line);
+    if (!arguments.json) table.WriteTo(StandardOutput());
+}
+
+void ShowTypes(const Arguments& arguments) {
+    Table table;
+    table.AlignRight(0);
+    table.AddHeading({"Id", "Enumerator", "Type"});
+    for (std::size_t i = 0; i < kRelationshipTypeNameCount; ++i) {
+        const auto id = static_cast<tarn::opc::RelationshipTypeId>(i);
+        const std::u16string uri = tarn::CopyText(tarn::opc::GetRelationshipTypeUri(id));
+        table.Add({std::to_string(i), RelationshipTypeName(id), PrintableOrQuotes(uri)});
+        if (!arguments.json) continue;
+        StandardOutput().WriteLine(
+            JsonLine({{"id", i}, {"name", RelationshipTypeName(id)}, {"uri", ToUtf8(uri)}}));
+    }
+    if (!arguments.json) table.WriteTo(StandardOutput());
+}
+
+ExitStatus Run(const Arguments& arguments) {
+    if (arguments.namespaces) {
+        ShowNamespaces(arguments);
+    } else if (arguments.types) {
+        ShowTypes(arguments);
+    } else if (arguments.hasPart) {
+        const InputFile file = TheFile(arguments.fileOrName);
+        arguments.annotate ? AnnotatePart(file, arguments.part)
+                           : ShowTokensOfPart(file, arguments.part, arguments.json);
+    } else if (arguments.hasName) {
+        ShowNames(arguments);
+    } else {
+        throw CLI::RequiredError("FILE and PART, a name, --namespaces or --types");
+    }
+    return kDone;
 }
 
 CommandRun Declare(CLI::App& app) {
@@ -98,25 +132,18 @@ CommandRun Declare(CLI::App& app) {
     CLI::Option* part = app.add_option("PART", arguments->part, "the part whose names are shown");
     CLI::Option* namespaces =
         app.add_flag("--namespaces", arguments->namespaces, "list the namespaces");
+    app.add_flag("--types", arguments->types, "list the relationship types that have a number")
+        ->excludes(first)
+        ->excludes(namespaces);
     app.add_flag("--json", arguments->json, "a JSON object a line; for a part, one an element");
     namespaces->excludes(first);
     app.add_flag("--annotate", arguments->annotate,
                  "write the part as XML, each name followed by its {namespace:index}")
         ->needs(part);
     return [arguments, first, part] {
+        arguments->hasName = first->count() != 0;
         arguments->hasPart = part->count() != 0;
-        const bool isAsked = arguments->namespaces || first->count() != 0;
-        if (!isAsked) throw CLI::RequiredError("FILE and PART, a name or --namespaces");
-        if (arguments->namespaces) {
-            ShowNamespaces(*arguments);
-        } else if (arguments->hasPart) {
-            const InputFile file = TheFile(arguments->fileOrName);
-            arguments->annotate ? AnnotatePart(file, arguments->part)
-                                : ShowTokensOfPart(file, arguments->part, arguments->json);
-        } else {
-            ShowNames(*arguments);
-        }
-        return kDone;
+        return Run(*arguments);
     };
 }
 

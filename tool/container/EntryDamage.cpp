@@ -8,17 +8,31 @@
 #include <optional>
 #include <string>
 
-#include "runtime/zip/Inflate.h"
 #include "tool/container/LocalHeader.h"
 
 namespace vexpa_tool {
-
-namespace zip = vexpa_runtime::zip;
 
 namespace {
 
 constexpr std::uint64_t kBestRatio = 1032;
 constexpr std::uint64_t kRatioSlack = 64 << 10;
+
+EntryDamage InflateInto(void* out, std::size_t size, const std::string& data) {
+    if (data.empty() && size == 0) return EntryDamage::None;
+    const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> decompressor(
+        libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
+    if (!decompressor) throw std::bad_alloc();
+    std::size_t actual = 0;
+    switch (libdeflate_deflate_decompress(decompressor.get(), data.data(), data.size(), out, size,
+                                          &actual)) {
+        case LIBDEFLATE_SUCCESS:
+            return actual == size ? EntryDamage::None : EntryDamage::WrongSize;
+        case LIBDEFLATE_INSUFFICIENT_SPACE:
+            return EntryDamage::WrongSize;
+        default:
+            return EntryDamage::BadData;
+    }
+}
 
 EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
     const auto crcOf = [](const void* bytes, std::size_t size) {
@@ -30,11 +44,8 @@ EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
     }
     const std::unique_ptr<void, void (*)(void*)> inflated(std::malloc(size == 0 ? 1 : size), std::free);
     if (!inflated) throw std::bad_alloc();
-    const bool isNothing = data.empty() && size == 0;
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(data.data());
-    if (!isNothing && !zip::Inflate({bytes, data.size()}, inflated.get(), size)) {
-        return EntryDamage::BadData;
-    }
+    const EntryDamage damage = InflateInto(inflated.get(), size, data);
+    if (damage != EntryDamage::None) return damage;
     return crcOf(inflated.get(), size) == entry.crc ? EntryDamage::None : EntryDamage::WrongCrc;
 }
 

@@ -14,7 +14,8 @@ enum class EntryDamage {
     NoLocalHeader,   // where the directory says
     DataBeyondFile,  // the file ends before the data does
     ImpossibleSize,  // more than the data can hold
-    BadData,         // it does not inflate, or not to as many bytes as claimed
+    BadData,         // it does not inflate
+    WrongSize,       // it inflates to more or fewer bytes than claimed
     WrongCrc,
 };
 

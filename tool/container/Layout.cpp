@@ -79,7 +79,7 @@ void AddEntries(const Container& container, Layout& layout) {
         if (next.end > last->end) last = &next;
     }
     layout.afterEntries = GapAfter(*last, directory);
-    layout.overlapsDirectory = last->end > directory;
+    if (last->end > directory) layout.intoDirectory = last->entry;
 }
 
 }  // namespace

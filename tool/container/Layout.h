@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "tool/container/Container.h"
@@ -36,7 +37,7 @@ struct Layout {
     ByteRange firstGap;
     std::vector<Overlap> overlaps;   // the first kMostOverlaps
     std::uint64_t overlapCount = 0;  // entries that begin before another ends
-    bool overlapsDirectory = false;  // an entry reaches into the directory
+    std::optional<std::size_t> intoDirectory;  // the entry that reaches furthest into the directory
 
     static constexpr std::size_t kMostOverlaps = 1000;
 };

@@ -83,6 +83,7 @@ void DescribeHyperlinks(const GraphNode& node, NodeText& text) {
     std::stable_sort(sorted.begin(), sorted.end(),
                      [](const auto& a, const auto& b) { return a.second > b.second; });
     std::vector<std::string> lines;
+    lines.reserve(sorted.size());
     for (const auto& [host, count] : sorted) {
         lines.push_back(CutBack(host) + (count == 1 ? "" : " x" + std::to_string(count)));
     }
@@ -115,8 +116,12 @@ NodeText TextOf(const GraphNode& node, const InputFile& file) {
     return text;
 }
 
+std::string TypeText(const std::string& type) {
+    return CutBack(FromUtf8(type));
+}
+
 std::string EdgeText(const GraphEdge& edge) {
-    const std::string type = CutBack(FromUtf8(edge.type));
+    const std::string type = TypeText(edge.type);
     return edge.ids.size() == 1 ? type : type + " x" + std::to_string(edge.ids.size());
 }
 

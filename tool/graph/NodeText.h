@@ -18,6 +18,8 @@ struct NodeText {
 
 NodeText TextOf(const GraphNode& node, const InputFile& file);
 
+// "image": a type of GraphEdge, cut to a line
+std::string TypeText(const std::string& type);
 // "image x5", "slideLayout"
 std::string EdgeText(const GraphEdge& edge);
 // "rId1, rId2"

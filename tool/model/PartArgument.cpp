@@ -7,6 +7,7 @@
 #include "tool/model/EntryNames.h"
 #include "tool/model/OpenPackage.h"
 #include "tool/model/PartWalk.h"
+#include "tool/model/RelationshipQuery.h"
 #include "tool/text/Local.h"
 #include "tool/text/Unicode.h"
 
@@ -28,7 +29,7 @@ public:
     PartFinder(opc::Package& package, const InputFile& file, const std::string& argument)
         : package_(package), file_(file), argument_(argument) {}
 
-    // "rId7@rId4@main" is read from the right: each Id leads to the next part.
+    // "rId7@styles@main" is read from the right: each Id or type leads to the next part.
     opc::Part& Find(std::u16string_view text) const {
         std::vector<std::u16string> ids;
         opc::Part* part = FindWithoutIds(text);
@@ -91,6 +92,7 @@ private:
         const opc::Relationship* relationship = source == nullptr
                                                     ? package_.GetRelationshipById(id.c_str())
                                                     : source->GetRelationshipById(id.c_str());
+        if (relationship == nullptr) relationship = FindByType({&package_, source}, id);
         const std::string owner = source == nullptr ? "the package" : Printable(source->GetName().name);
         if (relationship == nullptr) Fail("no relationship " + Printable(id) + " of " + owner);
         opc::Part* part = TargetPart(package_, *relationship);
@@ -99,6 +101,26 @@ private:
                  " leads to no part: " + PrintableOrQuotes(relationship->GetTarget().name));
         }
         return *part;
+    }
+
+    // The library's answer to the search for the type. It has none for a type outside its table;
+    // then there may only be one. Null without any.
+    const opc::Relationship* FindByType(const RelationshipSource& source,
+                                        const std::u16string& type) const {
+        const RelationshipQuery query{type};
+        const opc::Relationship* found = nullptr;
+        std::size_t count = 0;
+        for (const auto& [id, relationship] : source.Relationships()) {
+            if (type.empty() || !query.Matches(*relationship)) continue;
+            if (source.IsFirst(*relationship)) return relationship;
+            found = relationship;
+            ++count;
+        }
+        if (count > 1) {
+            Fail(std::to_string(count) + " relationships have the type " + Printable(type) +
+                 ", which has no number to find one by");
+        }
+        return found;
     }
 
     [[noreturn]] void Fail(const std::string& what) const {

@@ -1,12 +1,10 @@
 #include "tool/model/XmlElements.h"
 
-#include <expat.h>
-
 #include <algorithm>
 #include <exception>
-#include <new>
 #include <utility>
 
+#include "tool/model/BoundedExpat.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -29,17 +27,11 @@ void SplitName(std::string_view name, std::u16string& uri, std::u16string& local
     local = FromUtf8(name.substr(end + 1));  // npos + 1 is 0
 }
 
-struct FreeParser {
-    void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
-};
-
 }  // namespace
 
 class XmlElements::Parser {
 public:
-    explicit Parser(ElementSink sink)
-        : sink_(std::move(sink)), parser_(XML_ParserCreateNS(nullptr, kSeparator)) {
-        if (!parser_) throw std::bad_alloc();
+    explicit Parser(ElementSink sink) : sink_(std::move(sink)), parser_(MakeExpat(&kSeparator)) {
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
         XML_SetStartDoctypeDeclHandler(parser_.get(), OnDocumentType);
@@ -116,8 +108,7 @@ private:
 
     [[noreturn]] void ThrowParserError() const {
         const XML_Error error = XML_GetErrorCode(parser_.get());
-        if (error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
-        Throw(XML_ErrorString(error));
+        Throw(error == XML_ERROR_NO_MEMORY ? kTooMuchMemory : XML_ErrorString(error));
     }
 
     [[noreturn]] void Throw(const std::string& what) const {
@@ -125,7 +116,7 @@ private:
     }
 
     ElementSink sink_;
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser> parser_;
+    ExpatHandle parser_;
     std::string pending_;
     std::int64_t fed_ = 0;
     std::uint64_t depth_ = 0;

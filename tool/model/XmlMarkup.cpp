@@ -1,29 +1,20 @@
 #include "tool/model/XmlMarkup.h"
 
-#include <expat.h>
-
 #include <climits>
 #include <exception>
-#include <memory>
-#include <new>
 #include <string>
-#include <type_traits>
 
+#include "tool/model/BoundedExpat.h"
 #include "tool/model/XmlElements.h"
 
 namespace vexpa_tool {
 
 namespace {
 
-struct FreeParser {
-    void operator()(XML_Parser parser) const noexcept { XML_ParserFree(parser); }
-};
-
 class MarkupParser {
 public:
     MarkupParser(std::string_view document, const MarkupSink& sink)
-        : document_(document), sink_(sink), parser_(XML_ParserCreate(nullptr)) {
-        if (!parser_) throw std::bad_alloc();
+        : document_(document), sink_(sink), parser_(MakeExpat(nullptr)) {
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
         XML_SetXmlDeclHandler(parser_.get(), OnDeclaration);
@@ -40,8 +31,7 @@ public:
         if (failure_) std::rethrow_exception(failure_);
         if (status == XML_STATUS_OK) return;
         const XML_Error error = XML_GetErrorCode(parser_.get());
-        if (error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
-        Throw(XML_ErrorString(error));
+        Throw(error == XML_ERROR_NO_MEMORY ? kTooMuchMemory : XML_ErrorString(error));
     }
 
 private:
@@ -115,7 +105,7 @@ private:
 
     const std::string_view document_;
     const MarkupSink& sink_;
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser> parser_;
+    ExpatHandle parser_;
     std::exception_ptr failure_;
 };
 

@@ -49,6 +49,9 @@ FindingRows EntryNameRows() {
         {"one dot", With("word/./a.png"), "VX410 VX606"},
         {"an empty segment", With("word//a.png"), "VX410 VX606"},
         {"a drive letter", With("c:/a.png"), "VX410 VX606"},
+        {"a control character", With("a\x1b.png"), "VX410 VX609"},
+        {"a NUL", With(std::string("a\0b.png", 7)), "VX410 VX609"},
+        {"a turn of the direction of writing", With("a\u202egnp.exe"), "VX410 VX609"},
         {"dots inside a segment are nothing", With("a..b/c...png"), "VX410"},
     };
 }

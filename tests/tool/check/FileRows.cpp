@@ -19,7 +19,7 @@ FindingRows FileRows() {
          CompoundBytes({{"WordDocument", "x"}, {"EncryptedPackage", "x"}}), "VX011"},
         {"no bytes", "", "VX013"},
         {"another compound file", CompoundBytes({{"Something", "x"}}), "VX014"},
-        {"a damaged compound file", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", "VX014"},
+        {"a damaged compound file", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", "VX015"},
         {"a compound file with a package behind it", CompoundBytes({{"Something", "x"}}) + sound,
          "VX014"},
         {"a package cut inside its directory", sound.substr(0, sound.rfind("PK\1\2") + 4), "VX101"},

@@ -22,6 +22,11 @@ using FindingRows = std::vector<FindingRow>;
 // The sound package after a change.
 std::string Spoiled(const std::function<void(SoundPackage&)>& spoil);
 
+// A package with a warning, information and nothing worse.
+std::string Dangling();
+// A package that does not open, as its last relationship has another letter case.
+std::string Refused();
+
 FindingRows FileRows();
 FindingRows ArchiveRows();
 FindingRows EntryNameRows();

@@ -1,8 +1,10 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>
 #include <sstream>
 
+#include "tests/runtime/com/CompoundBytes.h"
 #include "tests/tool/check/FindingRows.h"
 #include "tool/check/Groups.h"
 #include "tool/model/OpenPackage.h"
@@ -13,6 +15,19 @@ std::string Spoiled(const std::function<void(SoundPackage&)>& spoil) {
     SoundPackage package;
     spoil(package);
     return package.Bytes();
+}
+
+std::string Dangling() {
+    return Spoiled([](SoundPackage& p) {
+        p.partRelationships += Relation("rId2", OfficeType("theme"), "gone.xml");
+        p.partRelationships += Relation("rId3", "urn:x", "media/image1.png");
+    });
+}
+
+std::string Refused() {
+    return Spoiled([](SoundPackage& p) {
+        p.relationships += Relation("rId2", OfficeType("theme"), "Word/Document.xml");
+    });
 }
 
 namespace {
@@ -109,6 +124,48 @@ TEST(Findings, OfMoreEntriesThanAreLookedAt) {
     EXPECT_EQ(
         FindingOf(CheckBytes(SoundPackage().Bytes(), options), FindingId::TooManyEntries).severity,
         Severity::Warning);
+}
+
+// The backslash belongs to an earlier step, yet it is not why nothing opens.
+TEST(Findings, BeginWithWhatKeepsThePackageFromOpening) {
+    const CheckReport report = CheckBytes(Spoiled([](SoundPackage& p) {
+        p.Add("a/b\\c.png", "x");
+        p.relationships += Relation("rId9", OfficeType("theme"), "gone.xml");
+    }));
+    EXPECT_EQ(report.findings.front().id, FindingId::LastTargetMissing);
+    EXPECT_EQ(report.findings.front().id, report.Stop()->id);
+    EXPECT_EQ(report.findings[1].id, FindingId::Backslash);
+}
+
+TEST(Findings, NameTheCause) {
+    const struct {
+        const char* shows;
+        std::string bytes;
+        FindingId id;
+        const char* cause;
+    } rows[] = {
+        {"an unknown compound file", CompoundBytes({{"b", "x"}, {"a", "x"}}),
+         FindingId::OtherCompoundFile,
+         "not a zip: compound file of a kind not known here, with a and b"},
+        {"an empty compound file", CompoundBytes({}), FindingId::OtherCompoundFile,
+         "not a zip: compound file with nothing in it"},
+        {"a directory beyond the file", Spoiled([](SoundPackage& p) {
+             p.zip.directoryOffset = 70'000;
+             p.zip.directorySize = 9;
+         }),
+         FindingId::NoDirectory,
+         "the end record says that the directory begins at offset 70,000 and has 9 bytes, but the "
+         "file has only "},
+        {"broken data", Spoiled([](SoundPackage& p) { p.zip.entries[0].rawData = "\xFF\xFF"; }),
+         FindingId::DamagedData, "cannot be extracted: its packed data is broken"},
+        {"more data than claimed", Spoiled([](SoundPackage& p) { p.zip.entries[0].size = 1; }),
+         FindingId::DamagedData,
+         "cannot be extracted: its data unpacks to another size than the directory says"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.shows);
+        EXPECT_THAT(FindingOf(CheckDeeply(row.bytes), row.id).cause, testing::StartsWith(row.cause));
+    }
 }
 
 TEST(Findings, OfAPartLargerThanTheLimit) {

@@ -31,6 +31,21 @@ FindingRows ShapeRows() {
         {"two entries with the same bytes",
          Spoiled([](SoundPackage& p) { p.Add("word/media/image1.png", "\x89PNG").localOffset = 0; }),
          "VX103 VX105 VX602"},
+        {"an entry that reaches into the directory", Spoiled([](SoundPackage& p) {
+             p.Add("word/last.bin", "12345678").stored = true;
+             p.zip.entries.back().compressedSize = p.zip.entries.back().size = 9;
+         }),
+         "VX112 VX410 VX602"},
+        {"entries that unpack to more than the file can hold", Spoiled([](SoundPackage& p) {
+             Image(p).content = std::string(6 << 20, 'a');
+             ZipEntry again = Image(p);
+             again.name = "word/again.bin";
+             again.directoryOnly = true;
+             again.localOffset = 0;
+             again.localName = again.name;
+             p.zip.entries.push_back(again);
+         }),
+         "VX107 VX410 VX504 VX602 VX603"},
         {"a long run", Spoiled([](SoundPackage& p) { Image(p).content = std::string(2 << 20, 'a'); }),
          "VX603"},
         {"a short run is nothing",

@@ -76,6 +76,12 @@ TEST(XmlScan, TellsOfADocumentType) {
     EXPECT_TRUE(scan.HasDocumentType());
 }
 
+std::string Repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i) all += text;
+    return all;
+}
+
 TEST(XmlScan, RefusesWhatWouldCostTooMuch) {
     std::string entities = "<!DOCTYPE a [";
     for (int i = 0; i < 1001; ++i) entities += "<!ENTITY e" + std::to_string(i) + " ''>";
@@ -84,6 +90,7 @@ TEST(XmlScan, RefusesWhatWouldCostTooMuch) {
     const std::pair<const char*, std::string> rows[] = {
         {"entities", entities + "]><a/>"},
         {"defaults", defaults + "</a>"},
+        {"open elements", Repeated("<a>", 4'000'000)},
         {"a namespace name", "<a xmlns='" + std::string(2000, 'u') + "'/>"},
     };
     for (const auto& [shows, document] : rows) {

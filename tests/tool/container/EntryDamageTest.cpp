@@ -35,7 +35,9 @@ TEST(EntryDamage, IsTheFirstReasonThatDataCannotBeHad) {
          },
          EntryDamage::ImpossibleSize},
         {"bad data", [](ZipEntry& e) { e.rawData = "\xFF\xFF\xFF"; }, EntryDamage::BadData},
-        {"a wrong size", [](ZipEntry& e) { e.size = 3; }, EntryDamage::BadData},
+        {"fewer bytes than claimed", [](ZipEntry& e) { e.size = e.content.size() + 1; },
+         EntryDamage::WrongSize},
+        {"more bytes than claimed", [](ZipEntry& e) { e.size = 3; }, EntryDamage::WrongSize},
         {"a wrong CRC", [](ZipEntry& e) { e.crc = 3; }, EntryDamage::WrongCrc},
         {"a wrong CRC of stored data",
          [](ZipEntry& e) {

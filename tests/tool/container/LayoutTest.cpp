@@ -109,8 +109,8 @@ TEST(Layout, TellsOfAnEntryThatReachesIntoTheDirectory) {
     ZipFile zip = Letters();
     zip.entries[2].stored = true;
     zip.entries[2].compressedSize = 1001;
-    EXPECT_TRUE(LayoutOf(zip).overlapsDirectory);
-    EXPECT_FALSE(LayoutOf(Letters()).overlapsDirectory);
+    EXPECT_TRUE(LayoutOf(zip).intoDirectory.has_value());
+    EXPECT_FALSE(LayoutOf(Letters()).intoDirectory.has_value());
 }
 
 TEST(Layout, LeavesAsideAnEntryWhoseDataCannotBeThere) {
