@@ -78,6 +78,8 @@ TEST(Layout, OfTheEntriesOfTheVocabulary) {
     EXPECT_EQ(sizeof(NameInfo), 16u);
     EXPECT_EQ(offsetof(NameInfo, uri), 0u);
     EXPECT_EQ(offsetof(NameInfo, name), 8u);
+    EXPECT_EQ(sizeof(xmlfx::NSMap), 56u) << "the next entry stands behind the map in this one";
+    EXPECT_EQ(sizeof(xmlfx::NSMapInverse), 56u);
     EXPECT_EQ(sizeof(xmlfx::NSMap::iterator), 8u);
     EXPECT_EQ(sizeof(xmlfx::NSMapInverse::const_iterator), 8u);
 }
