@@ -26,6 +26,11 @@ class Cell:
         return [sample for times in self.rounds for sample in times]
 
     @property
+    def is_timed(self):
+        """Not where the clock, like the processor time of some machines, is too coarse."""
+        return bool(self.rounds) and all(statistics.median(times) > 0 for times in self.rounds)
+
+    @property
     def median(self):
         return statistics.median(self.samples)
 
@@ -51,7 +56,7 @@ class Row:
 
     def measured(self, name):
         cell = self.cells.get(name)
-        return cell if cell is not None and cell.rounds else None
+        return cell if cell is not None and cell.is_timed else None
 
     @property
     def limit(self):
@@ -62,7 +67,7 @@ class Row:
     @property
     def peers(self):
         return {name: cell for name, cell in self.cells.items()
-                if name not in (OURS, *LIMITS) and not cell.cold and cell.rounds}
+                if name not in (OURS, *LIMITS) and not cell.cold and cell.is_timed}
 
     @property
     def fastest_peer(self):
