@@ -3,20 +3,10 @@
 #include <cinttypes>
 #include <cstdio>
 
+#include "examples/Library.h"
 #include "examples/importer/PartStream.h"
-#include "vexpa/base/Lifecycle.h"
 
 namespace importer {
-
-namespace {
-
-// The namespace maps are filled for as long as this object lives.
-struct Vocabulary {
-    Vocabulary() { _vexpa_Initialize(); }
-    ~Vocabulary() { _vexpa_Terminate(); }
-};
-
-}  // namespace
 
 int RunImport(Importer& importer, int argc, char** argv) {
     if (argc != 2) {
@@ -24,7 +14,7 @@ int RunImport(Importer& importer, int argc, char** argv) {
         return 2;
     }
     try {
-        const Vocabulary vocabulary;
+        const Library library;  // the namespace maps are filled now
         const Tree tree = importer.Import(*OpenMainPart(argv[1]).Get());
         std::printf("%" PRIu64 " elements, %" PRIu64 " attributes with a token, %zu levels\n",
                     tree.elements, tree.attributes, tree.depth);

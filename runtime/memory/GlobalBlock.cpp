@@ -1,7 +1,6 @@
 #include "runtime/memory/GlobalBlock.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -12,11 +11,12 @@ namespace vexpa_runtime {
 
 namespace {
 
-// Blocks from here on are runs of pages.
-#ifdef __SANITIZE_ADDRESS__
-constexpr std::size_t kLarge = SIZE_MAX;  // the sanitizer sees the ends of its own blocks only
-#else
+// Blocks from here on are runs of pages; but a sanitizer knows the ends of malloc's blocks only.
 constexpr std::size_t kLarge = 64UL * 1024;
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kHasRuns = false;
+#else
+constexpr bool kHasRuns = true;
 #endif
 
 struct Memory {
@@ -32,7 +32,7 @@ Memory TakeRun(std::size_t size, bool zero) noexcept {
 
 // A block of no bytes still has an address, as callers lock it like any other.
 Memory TakeMemory(std::size_t size, bool zero) noexcept {
-    if (size >= kLarge) return TakeRun(size, zero);
+    if (kHasRuns && size >= kLarge) return TakeRun(size, zero);
     const std::size_t room = std::max<std::size_t>(size, 1);
     return {static_cast<std::byte*>(zero ? std::calloc(room, 1) : std::malloc(room)), 0};
 }

@@ -48,8 +48,8 @@ private:
     std::string name_;
 };
 
-Handle<XmlRoAttrImpl> SetOf(const Pairs& pairs, std::u16string value = {}) {
-    Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl(std::move(value)));
+Handle<XmlRoAttrImpl> SetOf(const Pairs& pairs, std::u16string_view value = {}) {
+    Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl(value));
     for (const auto& [token, text] : pairs) set->AddAttribute(token, NewLeaf(text.c_str()));
     return set;
 }
@@ -87,7 +87,7 @@ TEST(EmptySet, AHandleToItMayOutliveMain) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto holdAndExit = [] {
         heldUntilTheEnd = NullXmlRoAttrImpl::Get();
-        std::exit(0);
+        std::exit(0);  // NOLINT(concurrency-mt-unsafe): there is one thread
     };
     EXPECT_EXIT(holdAndExit(), ::testing::ExitedWithCode(0), "");
 }

@@ -80,6 +80,33 @@ TEST(RegistryMap, AnAddedValueIsEmpty) {
     EXPECT_EQ(tokens[1].name, nullptr);
 }
 
+TEST(RegistryMap, AnswersForTheKeyOfBeforeAndForAnother) {
+    Names names;
+    const std::u16string_view keys[] = {u"", u"a", u"b", u"ab", u"a"};
+    for (std::uint32_t i = 0; i < 4; ++i) names[keys[i]] = i;
+    for (std::uint32_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(names[keys[i]], i);
+        EXPECT_EQ(names[keys[i]], i);
+        EXPECT_EQ(names[keys[3 - i]], 3 - i);
+    }
+    Tokens tokens;
+    tokens[1].name = u"one";
+    EXPECT_EQ(tokens[2].name, nullptr);
+    EXPECT_EQ(tokens[1].name, std::u16string_view(u"one"));
+}
+
+TEST(RegistryMap, ForgetsTheKeyOfBeforeWhenItIsCleared) {
+    Names names;
+    for (std::uint32_t round = 0; round < 3; ++round) {
+        EXPECT_EQ(names[u"one"], 0U);
+        names[u"one"] = 1;
+        names.clear();
+        EXPECT_FALSE(names.contains(u"one"));
+    }
+    EXPECT_EQ(names[u"one"], 0U);
+    EXPECT_EQ(names.size(), 1U);
+}
+
 TEST(RegistryMap, TryEmplaceTellsWhetherItAdded) {
     Names names;
     const auto [first, added] = names.try_emplace(u"one");
@@ -153,6 +180,7 @@ TEST(RegistryMap, ReferencesOutliveAdditions) {
     first = 42;
     for (unsigned i = 0; i < 10000; ++i) names[Colliding(i)] = i;
     EXPECT_EQ(&names[u"first"], &first);
+    EXPECT_EQ(&names.find(u"first")->second, &first);
     EXPECT_EQ(names[u"first"], 42U);
     EXPECT_EQ(key, u"first");
 }

@@ -91,6 +91,15 @@ TEST(SlotOrder, ASetIsTwoTablesAndAValueString) {
     EXPECT_FALSE(std::is_trivially_copyable_v<Handle<XmlRoAttr>>);
 }
 
+TEST(SlotOrder, SlotOneEndsASet) {
+    Handle<XmlRoAttr> set = tarn::xmlfx::Transform(Units(u"a text that is too long for a string"), 5U);
+    CallSlot<void>(set.Detach(), 1);  // a leak is for the sanitizer to see
+}
+
+TEST(SlotOrder, AMapInAnEntryKeepsItsSize) {
+    EXPECT_EQ(sizeof(tarn::xmlfx::NSMap::mapped_type), 7 * sizeof(void*));
+}
+
 class Collector : public XmlAttrCallback {
 public:
     void OnElement(std::uint32_t token, XmlRoAttr* set) override {
@@ -134,7 +143,7 @@ TEST(SlotOrder, ReleaseOfANullBuilderDoesNothing) {
     const Handle<XmlAttrBuilder> builder = XmlAttrBuilder::New(&collector);
     using Release = void (*)(void*);
     const Release* table = nullptr;
-    std::memcpy(&table, builder.Get(), sizeof table);
+    std::memcpy(&table, static_cast<const void*>(builder.Get()), sizeof table);
     table[2](nullptr);
 }
 

@@ -78,6 +78,18 @@ TEST_F(Threads, ReadAFinishedSetTogether) {
     });
 }
 
+TEST_F(Threads, EndLeavesThatOutlivedTheirSetTogether) {
+    const AttributeList list(std::vector<TestAttribute>(kThreads, {kWordprocessing, u"val", u"value"}));
+    Handle<XmlRoAttr> set = tarn::xmlfx::Transform(&list, nullptr, nullptr);
+    std::vector<Handle<XmlRoAttr>> leaves;
+    for (unsigned i = 0; i < kThreads; ++i) leaves.push_back(set->GetAt(i, nullptr)->Share());
+    set.Reset();
+    OnEightThreads([&](unsigned i) {
+        ASSERT_EQ(vexpa_test::ValueOf(*leaves[i]), u"value");
+        leaves[i].Reset();
+    });
+}
+
 TEST_F(Threads, LookNamesUpTogether) {
     OnEightThreads([](unsigned) {
         for (int round = 0; round < 100; ++round) {

@@ -9,6 +9,7 @@
 #include "tests/xmlfx/RegistryFixture.h"
 #include "tests/xmlfx/SetText.h"
 #include "vexpa/xmlfx/NullXmlRoAttrImpl.h"
+#include "vexpa/xmlfx/RegisterNamespaces.h"
 #include "vexpa/xmlfx/Transform.h"
 
 namespace {
@@ -152,6 +153,106 @@ TEST_F(Transform, CopiesWhatItKeeps) {
     EXPECT_EQ(XmlMapper::GetNSMap().count(kWordprocessing), 1U);
 }
 
+// More than a set has room for at first.
+TEST_F(Transform, KeepsAThousandAttributesInOrder) {
+    const std::u16string text = u"0123456789";
+    std::vector<TestAttribute> attributes;
+    for (std::size_t i = 0; i < 1000; ++i) {
+        attributes.push_back({kWordprocessing, i % 2 == 0 ? u"val" : u"id", text.c_str() + i % 10});
+    }
+    attributes.push_back({kDrawing, u"val", u"last"});
+    const AttributeList list(attributes);
+    const Handle<XmlRoAttr> set = TransformOf(list);
+    ASSERT_EQ(set->GetCount(), 1001U);
+    for (std::uint32_t i = 0; i < 1000; ++i) {
+        std::uint32_t token = 0;
+        ASSERT_EQ(ValueOf(*set->GetAt(i, &token)), text.substr(i % 10));
+        ASSERT_EQ(token, i % 2 == 0 ? kWordVal : kWordId);
+    }
+    EXPECT_EQ(set->Find(kWordVal), set->GetAt(0, nullptr));
+    EXPECT_EQ(set->Find(kWordId), set->GetAt(1, nullptr));
+    EXPECT_EQ(set->Find(kDrawingVal), set->GetAt(1000, nullptr));
+    EXPECT_EQ(set->Find(12345), nullptr);
+    std::uint32_t token = 77;
+    EXPECT_EQ(set->GetAt(1001, &token), nullptr);
+    EXPECT_EQ(set->GetAt(0xFFFFFFFF, &token), nullptr);
+    EXPECT_EQ(token, 77U);
+}
+
+TEST_F(Transform, AValueOutlivesTheSetThroughAReferenceOfItsOwn) {
+    const AttributeList list{{kWordprocessing, u"val", u"a value too long for a short string"},
+                             {kWordprocessing, u"id", u"7"},
+                             {kWordprocessing, u"w", u"gone with the set, and a long one, too"}};
+    Handle<XmlRoAttr> set = TransformOf(list, u"", u"a text too long for a short string");
+    Handle<XmlRoAttr> val = set->Find(kWordVal)->Share();
+    Handle<XmlRoAttr> id = set->Find(kWordId)->Share();
+    Handle<XmlRoAttr> again = id->Share();
+    again.Reset();
+    set.Reset();
+    EXPECT_EQ(ValueOf(*val), u"a value too long for a short string");
+    val.Reset();
+    EXPECT_EQ(ValueOf(*id), u"7");
+    EXPECT_EQ(id->Share().Get(), id.Get());
+    EXPECT_EQ(id->GetCount(), 0U);
+}
+
+TEST_F(Transform, AValueThatOthersHeldForAWhileEndsWithTheSet) {
+    const AttributeList list{{kWordprocessing, u"val", u"a value too long for a short string"}};
+    Handle<XmlRoAttr> set = TransformOf(list);
+    set->GetAt(0, nullptr)->Share().Reset();
+    EXPECT_EQ(ValueOf(*set->GetAt(0, nullptr)), u"a value too long for a short string");
+}
+
+TEST_F(Transform, EveryOneOfManyValuesMayOutliveTheSet) {
+    const AttributeList list(std::vector<TestAttribute>(
+        100, {kWordprocessing, u"val", u"a value too long for a short string"}));
+    Handle<XmlRoAttr> set = TransformOf(list);
+    std::vector<Handle<XmlRoAttr>> values;
+    for (std::uint32_t i = 0; i < 100; ++i) values.push_back(set->GetAt(i, nullptr)->Share());
+    set.Reset();
+    for (Handle<XmlRoAttr>& value : values) {
+        EXPECT_EQ(ValueOf(*value), u"a value too long for a short string");
+        value.Reset();
+    }
+}
+
+TEST_F(Transform, TakesTheMapAsItIsAtEachCall) {
+    const AttributeList list{{kWordprocessing, u"val", u"1"}};
+    EXPECT_EQ(PairsOf(*TransformOf(list)), (Pairs{{kWordVal, u"1"}}));
+    XmlMapper::GetNSMap().clear();
+    EXPECT_EQ(TransformOf(list)->GetCount(), 0U);
+    XmlMapper::GetNSMap()[kWordprocessing][u"val"] = 0x00990001;
+    EXPECT_EQ(PairsOf(*TransformOf(list)), (Pairs{{0x00990001, u"1"}}));
+    XmlMapper::GetNSMap().clear();
+    XmlMapper::GetNSMapInverse().clear();
+    tarn::xmlfx::RegisterNamespaces();
+    EXPECT_EQ(PairsOf(*TransformOf(list)), (Pairs{{kWordVal, u"1"}}));
+}
+
+// A parser may write every URI it answers into the same place.
+class OneBufferList : public AttributeList {
+public:
+    using AttributeList::AttributeList;
+    const unsigned short* getURI(unsigned int index) const override {
+        uri_.reserve(200);
+        uri_.assign(tarn::CopyText(AttributeList::getURI(index)), 0);
+        return ToUnits(uri_.c_str());
+    }
+
+private:
+    mutable std::u16string uri_;
+};
+
+TEST_F(Transform, TellsUrisByTheirTextAndNotByTheirPlace) {
+    const OneBufferList list{
+        {kWordprocessing, u"val", u"1"},
+        {kDrawing, u"val", u"2"},
+        {kWordprocessing, u"val", u"3"},
+        {u"http://schemas.openxmlformats.org/wordprocessingml/2006/mail", u"val", u""}};
+    EXPECT_EQ(PairsOf(*TransformOf(list)),
+              (Pairs{{kWordVal, u"1"}, {kDrawingVal, u"2"}, {kWordVal, u"3"}}));
+}
+
 // A list whose length is another one each time it is asked.
 class ChangingList : public AttributeList {
 public:
@@ -243,6 +344,7 @@ TEST_F(Transform, OfANullStringIsTheEmptySet) {
 TEST_F(Transform, TwoHundredThousandCollidingNamespacesAreNoBurden) {
     std::vector<std::u16string> uris;
     std::vector<TestAttribute> attributes;
+    attributes.reserve(200'000);
     for (unsigned i = 0; i < 200'000; ++i) {
         std::u16string uri = u"http://collisions.example/namespace/of/a/hostile/document/000000";
         for (std::size_t n = 1, rest = i; rest != 0; ++n, rest /= 10) {

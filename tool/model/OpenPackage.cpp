@@ -18,8 +18,7 @@ tarn::Handle<opc::Package> OpenPackage(const InputFile& file) {
 }
 
 ToolError NotOpened(const InputFile& file) {
-    return ToolError(kNotOpened,
-                     PrintableLocal(file.name) + ": does not open: " + WhyNotOpened(file));
+    return ToolError(kNotOpened, PrintableLocal(file.name) + ": does not open: " + WhyNotOpened(file));
 }
 
 ToolError PartError(ExitStatus status, const InputFile& file, const std::string& part,

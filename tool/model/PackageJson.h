@@ -12,8 +12,7 @@ namespace vexpa_tool {
 void FillPackageJson(tarn::opc::Package& package, const InputFile& file, Json& json);
 
 Json RelationshipJson(tarn::opc::Package& package, const tarn::opc::Relationship& relationship);
-Json RelationshipsJson(tarn::opc::Package& package,
-                       const tarn::opc::RelationshipMap& relationships);
+Json RelationshipsJson(tarn::opc::Package& package, const tarn::opc::RelationshipMap& relationships);
 
 }  // namespace vexpa_tool
 

@@ -6,31 +6,45 @@
 
 namespace tarn {
 
-// Gives its reference up with Release() when it ends. Used inside; callers may use it too.
+// Holds one reference on a stream, storage or other platform object, and gives it up with
+// Release() when it ends. Used inside; callers may use it too.
+//
+// Lifetime  The caller's. As long as it holds the object, the object is there, also after the
+//           package that it came from is gone.
+// Errors    None: nothing here is allocated.
+// Threads   As the object it holds.
 template <class T>
 class ComPtr {
 public:
     ComPtr() noexcept = default;
     explicit ComPtr(T* object) noexcept : object_(object) {}  // takes over one reference
+
+    // Moving leaves the other one empty.
     ComPtr(ComPtr&& other) noexcept : object_(other.Detach()) {}
     ComPtr& operator=(ComPtr&& other) noexcept {
         ComPtr old(std::exchange(object_, other.Detach()));
         return *this;
     }
+
     ComPtr(const ComPtr&) = delete;
     ComPtr& operator=(const ComPtr&) = delete;
     ~ComPtr() {
         if (object_ != nullptr) object_->Release();
     }
 
-    // Where a call stores its result: gives up what was held before.
+    // [borrowed] Where a call stores its result, with the reference that comes with it: gives up
+    // what was held before.
     T** Out() noexcept {
         ComPtr old(Detach());
         return &object_;
     }
+
+    // [borrowed] The object, or null.
     T* Get() const noexcept { return object_; }
     T* operator->() const noexcept { return object_; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
+
+    // [owned] The object with its reference, or null; nothing is held any more.
     [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }
 
 private:

@@ -11,30 +11,39 @@ namespace tarn {
 // One pointer wide, with a destructor that is not trivial, hence returned through
 // memory: a second member, or a trivial destructor, breaks compiled callers.
 //
-// Threads  As the object it holds.
+// Lifetime  The caller's. As long as the handle holds it, the object is there.
+// Errors    None: nothing here is allocated.
+// Threads   As the object it holds.
 template <class T>
 class Handle {
 public:
     Handle() noexcept = default;
     explicit Handle(T* object) noexcept : object_(object) {}  // takes over one hold
+
+    // Moving leaves the other one empty.
     Handle(Handle&& other) noexcept : object_(other.Detach()) {}
     Handle& operator=(Handle&& other) noexcept {
         Handle(std::move(other)).Swap(*this);
         return *this;
     }
+
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
     ~Handle() {
         if (object_ != nullptr) object_->Release();
     }
 
-    T* Get() const noexcept { return object_; }  // [borrowed]
+    // [borrowed] The object, or null.
+    T* Get() const noexcept { return object_; }
     T* operator->() const noexcept { return object_; }
     T& operator*() const noexcept { return *object_; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
 
-    [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }  // [owned]
+    // [owned] The object, to be ended with Release(), or null; nothing is held any more.
+    [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }
+    // Gives up what is held.
     void Reset() noexcept { Handle().Swap(*this); }
+    // Exchanges what the two hold.
     void Swap(Handle& other) noexcept { std::swap(object_, other.object_); }
 
 private:

@@ -4,16 +4,25 @@
 
 #include "vexpa/base/Export.h"
 
-// Every user in the process calls _vexpa_Initialize before anything else and balances it
-// with _vexpa_Terminate. The first call starts the platform's XML service and fills the
-// namespace maps; the last one empties them and stops the service. Both always answer 0.
+extern "C" {
+
+// Every user in the process calls this before anything else, and balances it with
+// _vexpa_Terminate. The first call starts the platform's XML service and fills the namespace
+// maps; further ones only count. Always 0.
 //
 // Errors   Filling the maps may run out of memory: that throws std::bad_alloc, and the call
 //          counts as not made.
-// Threads  Serialised by the callers, against each other and any other use of the library.
-extern "C" {
+// Threads  Serialised by the callers, against all other use of the library.
 VEXPA_API int _vexpa_Initialize();
+
+// Ends what one _vexpa_Initialize began. The last call empties the namespace maps and stops
+// the XML service. Always 0. One call too many wraps the count, and the next
+// _vexpa_Initialize only brings it back.
+//
+// Errors   None.
+// Threads  As _vexpa_Initialize.
 VEXPA_API int _vexpa_Terminate();
-}
+
+}  // extern "C"
 
 #endif  // VEXPA_BASE_LIFECYCLE_H_

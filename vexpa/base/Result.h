@@ -7,6 +7,8 @@
 namespace tarn {
 
 // HRESULT, S_OK, E_OUTOFMEMORY, E_INVALIDARG, E_FAIL and E_ACCESSDENIED are the platform's.
+
+// Whether a result is one of a failure, and whether it is not.
 constexpr bool Failed(HRESULT result) noexcept {
     return result < 0;
 }

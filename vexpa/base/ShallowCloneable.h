@@ -8,9 +8,14 @@
 namespace tarn {
 
 // A second base, with a virtual table of its own, for interfaces whose objects may be shared.
+//
+// Lifetime  A shared object ends with the last handle to it.
+// Errors    An empty handle: the class cannot be shared.
+// Threads   Sharing and releasing the same object is serialised by the callers: the count of
+//           its handles is a plain integer.
 class ShallowCloneable {
 public:
-    // A new handle to the same object: nothing is copied. Empty when the class cannot be
+    // [shared] A new handle to the same object: nothing is copied. Empty when the class cannot be
     // shared. The handle's Object is the primary base of the interface that was asked.
     virtual Handle<Object> ShallowClone() = 0;
 

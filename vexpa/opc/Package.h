@@ -36,9 +36,10 @@ namespace tarn::opc {
 class Package : public Object, public ShallowCloneable {
 public:
     // [owned] Opens the package at `path` (NUL-terminated UTF-16, any file system path).
+    //
     // Empty when the file is not readable or is no zip archive, when [Content_Types].xml or
     // _rels/.rels is missing, damaged or malformed, or when the last relationship of the
-    // package has no part. `flags` has no effect.
+    // package has no part. A failure is not remembered. `flags` has no effect.
     VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
 
     // Ends all parts and relationships and closes the archive. Look-ups then find nothing;
@@ -74,14 +75,16 @@ public:
     // [borrowed] The part of this name if it is loaded already, else null: nothing is read.
     virtual Part* FindPart(const unsigned short* name) = 0;
 
-    // Empty: a package cannot be copied. Nor can it be shared: ShallowClone is empty, too.
+    // [owned] Empty: a package cannot be copied. Nor can it be shared: ShallowClone is empty, too.
     virtual Handle<Package> Clone() = 0;
 
-    // For callers whose text is char16_t.
+    // [owned] For callers whose text is char16_t.
     static Handle<Package> Open(const char16_t* path) { return Open(ToUnits(path), 0); }
     static Handle<Package> Open(const char16_t* path, unsigned int flags) {
         return Open(ToUnits(path), flags);
     }
+
+    // [borrowed] For callers whose text is char16_t: what the operation of the name answers.
     Relationship* GetRelationshipById(const char16_t* id) { return GetRelationshipById(ToUnits(id)); }
     Relationship* GetRelationshipByType(RelationshipTypeId type) {
         return GetRelationshipByType(type, nullptr);

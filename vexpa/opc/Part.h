@@ -14,7 +14,7 @@
 namespace tarn::opc {
 
 // A part's loaded data. Callers read it through Part::GetStream; the record is here because
-// LoadData hands it out.
+// LoadData hands it out. It is the part's, and lasts as long.
 struct PartData {
     std::uint8_t* bytes;      // null: the bytes are the stream's
     std::uint32_t length;     // of `bytes`
@@ -94,7 +94,7 @@ public:
     // 0: the value that the archive keeps for each entry and nothing sets.
     virtual std::int64_t GetEntryValue() = 0;
 
-    // For callers whose text is char16_t.
+    // [borrowed] For callers whose text is char16_t: what the operation of the name answers.
     Relationship* GetRelationshipById(const char16_t* id) { return GetRelationshipById(ToUnits(id)); }
     RelationshipRange GetRelationshipsByType(const char16_t* type) {
         return GetRelationshipsByType(ToUnits(type));

@@ -43,6 +43,7 @@ public:
     // The part that holds the relationship; empty for one of the package.
     virtual const PartUri& GetSource() const = 0;
 
+    // Whether the target is a part of the package or something outside it.
     virtual TargetMode GetTargetMode() const = 0;
 
     // The target as written.
@@ -52,13 +53,15 @@ public:
 // Relationships by Id, in the order of code units: rId10 stands before rId2.
 using RelationshipMap = std::map<std::u16string, Relationship*, std::less<>>;
 
-// What GetRelationshipByType can fill in besides its result.
+// What GetRelationshipByType can fill in besides its result. The caller's own record; the
+// relationship in it lasts as long as any other.
 struct RelationshipCursor {
     Relationship* current;    // [borrowed] the result once more; null when there is none
     std::uintptr_t position;  // 0
 };
 
-// Where the relationships of a type stand in the index by type.
+// Where the relationships of a type stand in the index by type: at most one does. The
+// relationships last as long as any other.
 struct RelationshipRange {
     Relationship* first;  // [borrowed] the one of this type, else the same as `next`
     Relationship* next;   // [borrowed] the one just after the range, null at the end of the index

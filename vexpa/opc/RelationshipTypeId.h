@@ -9,71 +9,77 @@
 
 namespace tarn::opc {
 
+// A known relationship type. Beside each stands its URI, as far as it does not begin with
+// http://schemas.openxmlformats.org/officedocument/2006/relationships/.
+//
 // The numbers are part of the binary interface: types are appended, never renumbered.
 enum RelationshipTypeId : std::uint32_t {
     // Begin of the list that make_relationship_types.py writes.
-    RelTypeAfChunk = 0,
-    RelTypeComments = 1,
-    RelTypeSettings = 2,
-    RelTypeEndnotes = 3,
-    RelTypeFontTable = 4,
-    RelTypeFooter = 5,
-    RelTypeFootnotes = 6,
-    RelTypeGlossaryDocument = 7,
-    RelTypeHeader = 8,
-    RelTypeOfficeDocument = 9,
-    RelTypeNumbering = 10,
-    RelTypeStyles = 11,
-    RelTypeWebSettings = 12,
-    RelTypeAttachedTemplate = 13,
-    RelTypeFrame = 14,
-    RelTypeSubDocument = 15,
-    RelTypeMailMergeSource = 16,
-    RelTypeMailMergeHeaderSource = 17,
-    RelTypeTransform = 18,
-    RelTypeImage = 19,
-    RelTypeTheme = 20,
-    RelTypeHyperlink = 21,
-    RelTypeCoreProperties = 22,
-    RelTypeVbaProject = 23,
-    RelTypeOleObject = 24,
-    RelTypeVmlDrawing = 25,
-    RelTypeSlideMaster = 26,
-    RelTypeSlideLayout = 27,
-    RelTypeViewProps = 28,
-    RelTypePresProps = 29,
-    RelTypeThemeOverride = 30,
-    RelTypeNotesSlide = 31,
-    RelTypeExtendedProperties = 32,
-    RelTypeCustomProperties = 33,
-    RelTypeThumbnail = 34,
-    RelTypeControl = 35,
-    RelTypeDiagramDrawing = 36,
-    RelTypeDiagramColors = 37,
-    RelTypeDiagramQuickStyle = 38,
-    RelTypeDiagramLayout = 39,
-    RelTypeDiagramData = 40,
-    RelTypeWordprocessingGroup = 41,
-    RelTypeWordprocessingShape = 42,
-    RelTypeWordprocessingCanvas = 43,
-    RelTypePicture = 44,
-    RelTypeDiagram = 45,
-    RelTypeChart = 46,
-    RelTypeLockedCanvas = 47,
-    RelTypeCompatibility = 48,
-    RelTypePackage = 49,
-    RelTypeCommentAuthors = 50,
-    RelTypeTableStyles = 51,
-    RelTypeCustomXml = 52,
-    RelTypeCustomXmlProps = 53,
-    RelTypeUserCustomization = 54,
-    RelTypeExtensibility = 55,
-    RelTypeExtensibility2007 = 56,
-    RelTypeActiveXControlBinary = 57,
-    RelTypeKeyMapCustomizations = 58,
-    RelTypeAttachedToolbars = 59,
+
+    RelTypeAfChunk = 0,                 // afchunk
+    RelTypeComments = 1,                // comments
+    RelTypeSettings = 2,                // settings
+    RelTypeEndnotes = 3,                // endnotes
+    RelTypeFontTable = 4,               // fonttable
+    RelTypeFooter = 5,                  // footer
+    RelTypeFootnotes = 6,               // footnotes
+    RelTypeGlossaryDocument = 7,        // glossarydocument
+    RelTypeHeader = 8,                  // header
+    RelTypeOfficeDocument = 9,          // officedocument
+    RelTypeNumbering = 10,              // numbering
+    RelTypeStyles = 11,                 // styles
+    RelTypeWebSettings = 12,            // websettings
+    RelTypeAttachedTemplate = 13,       // attachedtemplate
+    RelTypeFrame = 14,                  // frame
+    RelTypeSubDocument = 15,            // subdocument
+    RelTypeMailMergeSource = 16,        // mailmergesource
+    RelTypeMailMergeHeaderSource = 17,  // mailmergeheadersource
+    RelTypeTransform = 18,              // transform
+    RelTypeImage = 19,                  // image
+    RelTypeTheme = 20,                  // theme
+    RelTypeHyperlink = 21,              // hyperlink
+    RelTypeCoreProperties = 22,         // package/2006/relationships/metadata/core-properties
+    RelTypeVbaProject = 23,             // microsoft.com/office/2006/relationships/vbaproject
+    RelTypeOleObject = 24,              // oleobject
+    RelTypeVmlDrawing = 25,             // vmldrawing
+    RelTypeSlideMaster = 26,            // slidemaster
+    RelTypeSlideLayout = 27,            // slidelayout
+    RelTypeViewProps = 28,              // viewprops
+    RelTypePresProps = 29,              // presprops
+    RelTypeThemeOverride = 30,          // themeoverride
+    RelTypeNotesSlide = 31,             // notesslide
+    RelTypeExtendedProperties = 32,     // extended-properties
+    RelTypeCustomProperties = 33,       // custom-properties
+    RelTypeThumbnail = 34,              // package/2006/relationships/metadata/thumbnail
+    RelTypeControl = 35,                // control
+    RelTypeDiagramDrawing = 36,         // microsoft.com/office/2007/relationships/diagramdrawing
+    RelTypeDiagramColors = 37,          // diagramcolors
+    RelTypeDiagramQuickStyle = 38,      // diagramquickstyle
+    RelTypeDiagramLayout = 39,          // diagramlayout
+    RelTypeDiagramData = 40,            // diagramdata
+    RelTypeWordprocessingGroup = 41,    // microsoft.com/office/word/2010/wordprocessinggroup
+    RelTypeWordprocessingShape = 42,    // microsoft.com/office/word/2010/wordprocessingshape
+    RelTypeWordprocessingCanvas = 43,   // microsoft.com/office/word/2010/wordprocessingcanvas
+    RelTypePicture = 44,                // drawingml/2006/picture
+    RelTypeDiagram = 45,                // drawingml/2006/diagram
+    RelTypeChart = 46,                  // drawingml/2006/chart
+    RelTypeLockedCanvas = 47,           // drawingml/2006/lockedcanvas
+    RelTypeCompatibility = 48,          // drawingml/2006/compatibility
+    RelTypePackage = 49,                // package
+    RelTypeCommentAuthors = 50,         // commentauthors
+    RelTypeTableStyles = 51,            // tablestyles
+    RelTypeCustomXml = 52,              // customxml
+    RelTypeCustomXmlProps = 53,         // customxmlprops
+    RelTypeUserCustomization = 54,      // microsoft.com/office/2006/relationships/ui/usercustomization
+    RelTypeExtensibility = 55,          // microsoft.com/office/2006/relationships/ui/extensibility
+    RelTypeExtensibility2007 = 56,      // microsoft.com/office/2007/relationships/ui/extensibility
+    RelTypeActiveXControlBinary = 57,   // microsoft.com/office/2006/relationships/activexcontrolbinary
+    RelTypeKeyMapCustomizations = 58,   // microsoft.com/office/2006/relationships/keymapcustomizations
+    RelTypeAttachedToolbars = 59,       // microsoft.com/office/2006/relationships/attachedtoolbars
+
     // End of the list.
-    RelTypeUnknown = 0xFFFFFFFF,
+
+    RelTypeUnknown = 0xFFFFFFFF,  // any other type
 };
 
 // The id of a type URI, or RelTypeUnknown. Case does not matter, nor do blanks before the
@@ -82,7 +88,8 @@ enum RelationshipTypeId : std::uint32_t {
 // The thumbnail type answers RelTypeCustomProperties; RelTypeThumbnail only serves to
 // search for thumbnails.
 //
-// Threads  Both functions may be called from any thread at any time.
+// Errors   None but that of the standard library, out of memory.
+// Threads  May be called from any thread at any time.
 VEXPA_API RelationshipTypeId GetRelationshipTypeId(const unsigned short* type);
 inline RelationshipTypeId GetRelationshipTypeId(const char16_t* type) {
     return GetRelationshipTypeId(ToUnits(type));
@@ -90,6 +97,9 @@ inline RelationshipTypeId GetRelationshipTypeId(const char16_t* type) {
 
 // [borrowed] The type URI of an id, in lower case; it lasts as long as the library is
 // loaded. The empty text for RelTypeUnknown and any other value outside the list.
+//
+// Errors   As above.
+// Threads  As above.
 VEXPA_API const unsigned short* GetRelationshipTypeUri(RelationshipTypeId id);
 
 }  // namespace tarn::opc

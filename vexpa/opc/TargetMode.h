@@ -6,7 +6,7 @@
 
 namespace tarn::opc {
 
-// The values are part of the binary interface.
+// What a relationship's target is. The values are part of the binary interface.
 enum TargetMode : std::uint32_t {
     TargetModeInternal = 0,  // the target is a part of the same package
     TargetModeExternal = 1,  // the target is a resource elsewhere

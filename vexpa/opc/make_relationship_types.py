@@ -19,8 +19,8 @@ HEADER = FOLDER / "RelationshipTypeId.h"
 TABLE = FOLDER / "RelationshipTypeTable.generated.cpp"
 NAMES = FOLDER.parent.parent / "tool" / "model" / "RelationshipTypeNames.generated.cpp"
 
-BEGIN = "    // Begin of the list that make_relationship_types.py writes.\n"
-END = "    // End of the list.\n"
+BEGIN = "    // Begin of the list that make_relationship_types.py writes.\n\n"
+END = "\n    // End of the list.\n"
 
 TABLE_TEXT = """\
 // Written by vexpa/opc/make_relationship_types.py from relationship-types.tsv; do not edit.
@@ -65,11 +65,20 @@ def read_rows():
     return rows
 
 
+def short_uri(uri):
+    for start in ("http://schemas.", "openxmlformats.org/", "officedocument/2006/relationships/"):
+        uri = uri.removeprefix(start)
+    return uri
+
+
 def header_text(rows):
     text = HEADER.read_text(encoding="utf-8")
     before, rest = text.split(BEGIN)
     _, after = rest.split(END)
-    enumerators = "".join(f"    {row['enumerator']} = {row['id']},\n" for row in rows)
+    lines = [f"    {row['enumerator']} = {row['id']}," for row in rows]
+    width = max(len(line) for line in lines)
+    enumerators = "".join(f"{line:{width}}  // {short_uri(row['uri'])}\n"
+                          for line, row in zip(lines, rows))
     return before + BEGIN + enumerators + END + after
 
 

@@ -20,6 +20,7 @@
 #include <cstdint>
 
 #if defined(__GNUC__)
+// Marks the calls of the platform.
 #define VEXPA_RUNTIME_API __attribute__((visibility("default")))
 #else
 #define VEXPA_RUNTIME_API
@@ -28,8 +29,10 @@
 // ---------------------------------------------------------------------------------------
 // Results
 
+// Negative is failure.
 using HRESULT = std::int32_t;
 
+// The platform's codes.
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT S_FALSE = 1;
 inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80000001U);
@@ -45,13 +48,16 @@ inline constexpr HRESULT STG_E_FILENOTFOUND = static_cast<HRESULT>(0x80030002U);
 // ---------------------------------------------------------------------------------------
 // COM: the interfaces that callers get, in the standard slot order
 
+// Names an interface or a class.
 struct GUID {
+    // In the order in which a file has them.
     std::uint32_t Data1;
     std::uint16_t Data2;
     std::uint16_t Data3;
     std::uint8_t Data4[8];
 };
 
+// Whether all fields are equal.
 constexpr bool operator==(const GUID& a, const GUID& b) noexcept {
     if (a.Data1 != b.Data1 || a.Data2 != b.Data2 || a.Data3 != b.Data3) return false;
     for (int i = 0; i < 8; ++i) {
@@ -60,6 +66,7 @@ constexpr bool operator==(const GUID& a, const GUID& b) noexcept {
     return true;
 }
 
+// The ids of the interfaces below.
 #define VEXPA_COM_IID(first)             \
     GUID {                               \
         first, 0, 0, {                   \
@@ -74,8 +81,10 @@ inline constexpr GUID IID_ISequentialStream =
     GUID{0x0C733A30, 0x2A1C, 0x11CE, {0xAD, 0xE5, 0x00, 0xAA, 0x00, 0x44, 0x77, 0x3D}};
 #undef VEXPA_COM_IID
 
+// What every interface begins with: one reference count for all faces of an object.
 struct IUnknown {
-    // S_OK with one more reference in *out, or E_NOINTERFACE with null; E_INVALIDARG when out is null.
+    // [shared] S_OK with one more reference in *out, or E_NOINTERFACE with null; E_INVALIDARG when out
+    // is null.
     virtual HRESULT QueryInterface(const GUID& iid, void** out) = 0;
     // Both answer the new count.
     virtual std::uint32_t AddRef() = 0;
@@ -85,94 +94,140 @@ protected:
     ~IUnknown() = default;
 };
 
-struct FILETIME {  // 100 ns since 1601-01-01 UTC; 0 when not known
+// 100 ns since 1601-01-01 UTC; 0 when not known.
+struct FILETIME {
+    // The halves of the number.
     std::uint32_t dwLowDateTime;
     std::uint32_t dwHighDateTime;
 };
 
-enum STGTY : std::uint32_t { STGTY_STORAGE = 1, STGTY_STREAM = 2 };
-enum STATFLAG : std::uint32_t { STATFLAG_DEFAULT = 0, STATFLAG_NONAME = 1 };
-enum STREAM_SEEK : std::uint32_t { STREAM_SEEK_SET = 0, STREAM_SEEK_CUR = 1, STREAM_SEEK_END = 2 };
+// What an element of a storage is.
+enum STGTY : std::uint32_t {
+    STGTY_STORAGE = 1,  // a storage within the storage
+    STGTY_STREAM = 2,   // a stream
+};
 
+// Whether Stat gives the name.
+enum STATFLAG : std::uint32_t {
+    STATFLAG_DEFAULT = 0,  // with the name
+    STATFLAG_NONAME = 1,   // without it
+};
+
+// Where Seek counts from.
+enum STREAM_SEEK : std::uint32_t {
+    STREAM_SEEK_SET = 0,  // the start
+    STREAM_SEEK_CUR = 1,  // the seek position
+    STREAM_SEEK_END = 2,  // the end
+};
+
+// What Stat and IEnumSTATSTG tell of a stream or storage.
 struct STATSTG {
-    char16_t*
-        pwcsName;  // [owned] free with _XCoTaskMemFree; null for STATFLAG_NONAME or without a name
+    // [owned] Free it with _XCoTaskMemFree; null for STATFLAG_NONAME or without a name.
+    char16_t* pwcsName;
     std::uint32_t type;    // STGTY
     std::uint64_t cbSize;  // bytes; 0 for a storage
-    FILETIME mtime;
+    FILETIME mtime;        // last change
+    // Of no use to a reader; 0 when not known.
     FILETIME ctime;
     FILETIME atime;
     std::uint32_t grfMode;
     std::uint32_t grfLocksSupported;
-    GUID clsid;
+    GUID clsid;  // the class of a storage
+    // Of no use to a reader.
     std::uint32_t grfStateBits;
     std::uint32_t reserved;
 };
 
+// Bytes in a row.
 struct ISequentialStream : IUnknown {
     // Up to `size` bytes from the seek position on. S_OK also when fewer were left; *read
     // (may be null) tells how many. E_INVALIDARG when destination is null and size is not 0.
     virtual HRESULT Read(void* destination, std::uint32_t size, std::uint32_t* read) = 0;
+    // `size` bytes at the seek position; *written may be null. E_ACCESSDENIED for the stream of
+    // a storage.
     virtual HRESULT Write(const void* source, std::uint32_t size, std::uint32_t* written) = 0;
 
 protected:
     ~ISequentialStream() = default;
 };
 
+// Bytes with a seek position, which all holders of the stream share.
 struct IStream : ISequentialStream {
     // Moves the seek position; past the end is allowed, before the start is STG_E_INVALIDFUNCTION.
+    // *position, the new one, may be null.
     virtual HRESULT Seek(std::int64_t move, std::uint32_t origin, std::uint64_t* position) = 0;
+    // As with Write, a stream of a storage refuses.
     virtual HRESULT SetSize(std::uint64_t size) = 0;
+    // Up to `size` bytes from this seek position to that of `destination`. *read and *written
+    // may be null.
     virtual HRESULT CopyTo(IStream* destination, std::uint64_t size, std::uint64_t* read,
                            std::uint64_t* written) = 0;
+    // Nothing is buffered, so both do nothing.
     virtual HRESULT Commit(std::uint32_t flags) = 0;
     virtual HRESULT Revert() = 0;
+    // Both are STG_E_INVALIDFUNCTION.
     virtual HRESULT LockRegion(std::uint64_t offset, std::uint64_t size, std::uint32_t type) = 0;
     virtual HRESULT UnlockRegion(std::uint64_t offset, std::uint64_t size, std::uint32_t type) = 0;
+    // Size, name and times in *stat; `flags` is a STATFLAG.
     virtual HRESULT Stat(STATSTG* stat, std::uint32_t flags) = 0;
-    // A stream over the same bytes with a seek position of its own, at first the same.
+    // [shared] A stream over the same bytes with a seek position of its own, at first the same.
     virtual HRESULT Clone(IStream** out) = 0;
 
 protected:
     ~IStream() = default;
 };
 
+// The elements of a storage, one after the other.
 struct IEnumSTATSTG : IUnknown {
-    // S_OK when `count` elements were stored, S_FALSE when fewer; *fetched may be null when count is 1.
+    // [owned] The next elements; the caller frees their names. S_OK when `count` were stored,
+    // S_FALSE when fewer; *fetched tells how many, and may be null when count is 1.
     virtual HRESULT Next(std::uint32_t count, STATSTG* elements, std::uint32_t* fetched) = 0;
+    // S_OK when `count` elements were passed over, S_FALSE when fewer.
     virtual HRESULT Skip(std::uint32_t count) = 0;
+    // Begins again.
     virtual HRESULT Reset() = 0;
+    // [shared] Another one, at the same element.
     virtual HRESULT Clone(IEnumSTATSTG** out) = 0;
 
 protected:
     ~IEnumSTATSTG() = default;
 };
 
-// A storage of a compound file. Everything that would write answers E_ACCESSDENIED.
+// A storage of a compound file. Everything that would write answers E_ACCESSDENIED. Names are
+// matched without regard to case, as the format has it; modes, exclusions and what is reserved
+// are for other platforms.
 struct IStorage : IUnknown {
+    // Refused.
     virtual HRESULT CreateStream(const char16_t* name, std::uint32_t mode, std::uint32_t reserved1,
                                  std::uint32_t reserved2, IStream** out) = 0;
-    // STG_E_FILENOTFOUND when there is no stream of that name (case is ignored, as the format has it).
+    // [shared] A stream at its start. STG_E_FILENOTFOUND when there is none of that name.
     virtual HRESULT OpenStream(const char16_t* name, void* reserved1, std::uint32_t mode,
                                std::uint32_t reserved2, IStream** out) = 0;
+    // Refused.
     virtual HRESULT CreateStorage(const char16_t* name, std::uint32_t mode, std::uint32_t reserved1,
                                   std::uint32_t reserved2, IStorage** out) = 0;
+    // [shared] A storage within this one. STG_E_FILENOTFOUND when there is none of that name.
     virtual HRESULT OpenStorage(const char16_t* name, IStorage* priority, std::uint32_t mode,
                                 char16_t** exclude, std::uint32_t reserved, IStorage** out) = 0;
+    // Refused.
     virtual HRESULT CopyTo(std::uint32_t excludedCount, const GUID* excluded, char16_t** excludedNames,
                            IStorage* destination) = 0;
     virtual HRESULT MoveElementTo(const char16_t* name, IStorage* destination, const char16_t* newName,
                                   std::uint32_t flags) = 0;
+    // Nothing changes, so both do nothing.
     virtual HRESULT Commit(std::uint32_t flags) = 0;
     virtual HRESULT Revert() = 0;
+    // [shared] All elements. The arguments before `out` are 0.
     virtual HRESULT EnumElements(std::uint32_t reserved1, void* reserved2, std::uint32_t reserved3,
                                  IEnumSTATSTG** out) = 0;
+    // Refused, all of them.
     virtual HRESULT DestroyElement(const char16_t* name) = 0;
     virtual HRESULT RenameElement(const char16_t* oldName, const char16_t* newName) = 0;
     virtual HRESULT SetElementTimes(const char16_t* name, const FILETIME* ctime, const FILETIME* atime,
                                     const FILETIME* mtime) = 0;
     virtual HRESULT SetClass(const GUID& clsid) = 0;
     virtual HRESULT SetStateBits(std::uint32_t bits, std::uint32_t mask) = 0;
+    // Name, class and times in *stat; the outermost storage has no name. `flags` is a STATFLAG.
     virtual HRESULT Stat(STATSTG* stat, std::uint32_t flags) = 0;
 
 protected:
@@ -184,38 +239,49 @@ protected:
 //
 // Everything a document hands out belongs to it and ends with it. Matching is exact.
 
+// An attribute of an element.
 struct IDomAttribute {
-    virtual const char16_t* GetValue() = 0;  // may be null
+    // [borrowed] Its value; may be null.
+    virtual const char16_t* GetValue() = 0;
 
 protected:
     ~IDomAttribute() = default;
 };
 
+// The attributes of an element.
 struct IDomAttributes {
-    virtual IDomAttribute* GetNamedItem(const char16_t* name) = 0;  // by its full name; or null
+    // [borrowed] The one of this full name, prefix included, or null.
+    virtual IDomAttribute* GetNamedItem(const char16_t* name) = 0;
 
 protected:
     ~IDomAttributes() = default;
 };
 
+// An element.
 struct IDomNode {
-    virtual IDomAttributes* GetAttributes() = 0;  // null for an element without attributes
+    // [borrowed] Null for an element without attributes.
+    virtual IDomAttributes* GetAttributes() = 0;
 
 protected:
     ~IDomNode() = default;
 };
 
+// Elements in document order.
 struct IDomNodeList {
+    // How many there are.
     virtual std::uint32_t GetLength() = 0;
-    virtual IDomNode* GetItem(std::uint32_t index) = 0;  // null from GetLength() on
+    // [borrowed] The element, null from GetLength() on.
+    virtual IDomNode* GetItem(std::uint32_t index) = 0;
 
 protected:
     ~IDomNodeList() = default;
 };
 
+// A parsed document.
 struct IDomDocument {
-    virtual void Release() = 0;  // ends the document
-    // The elements whose local name (after an optional prefix) is `name`, in document order.
+    // Ends the document and everything it handed out.
+    virtual void Release() = 0;
+    // [borrowed] The elements whose local name (after an optional prefix) is `name`, in document order.
     // Never null: a name that no element has gives an empty list.
     virtual IDomNodeList* GetElementsByTagName(const char16_t* name) = 0;
 
@@ -227,8 +293,10 @@ protected:
 // Memory
 
 struct GlobalBlock;
-using HGBL = GlobalBlock*;  // a movable memory block; its bytes stand still between lock and unlock
+// A movable memory block; its bytes stand still between lock and unlock.
+using HGBL = GlobalBlock*;
 
+// A flag of _XGblAlloc.
 inline constexpr std::uint32_t kGblZeroInit = 0x40;
 
 // Text with its length before it: the 32 bits before the first unit count its bytes.
@@ -236,7 +304,7 @@ using BSTR = char16_t*;
 
 extern "C" {
 
-// A block of `size` bytes, zeroed when flags hold kGblZeroInit; null when memory is exhausted.
+// [owned] A block of `size` bytes, zeroed when flags hold kGblZeroInit; null when memory is exhausted.
 // A stream or storage made over the block with "free on release" ends it.
 VEXPA_RUNTIME_API HGBL _XGblAlloc(std::uint32_t flags, std::size_t size);
 // [borrowed] The block's bytes until _XGblUnlock, or null for a null block. Locks nest.
@@ -244,21 +312,21 @@ VEXPA_RUNTIME_API void* _XGblLock(HGBL block);
 // 0 when the last lock was given up, 1 when others remain.
 VEXPA_RUNTIME_API int _XGblUnlock(HGBL block);
 
-// Task memory: [owned] or null when memory is exhausted. Freeing null does nothing.
+// [owned] Task memory, or null when memory is exhausted. Freeing null does nothing.
 VEXPA_RUNTIME_API void* _XCoTaskMemAlloc(std::size_t size);
 VEXPA_RUNTIME_API void _XCoTaskMemFree(void* memory);
 
 // ---------------------------------------------------------------------------------------
 // Streams and storages
 
-// A stream over `block`; a null block gives an empty stream over new memory. With
+// [shared] A stream over `block`; a null block gives an empty stream over new memory. With
 // freeOnRelease the block belongs to this call from its start: it is freed with the last
 // reference, and when the call fails.
 //   E_INVALIDARG  out is null
 //   E_OUTOFMEMORY memory is exhausted; *out is null
 VEXPA_RUNTIME_API HRESULT _XCreateStreamOnHGBL(HGBL block, int freeOnRelease, IStream** out);
 
-// The compound file that `*block` holds, read-only. Ownership of the block as above.
+// [shared] The compound file that `*block` holds, read-only. Ownership of the block as above.
 //   E_INVALIDARG  block or out is null
 //   E_FAIL        *block is null or holds no compound file; *out is null
 VEXPA_RUNTIME_API HRESULT _XStgOpenStorageOnHGBL2(HGBL* block, int freeOnRelease, IStorage** out);
@@ -266,7 +334,7 @@ VEXPA_RUNTIME_API HRESULT _XStgOpenStorageOnHGBL2(HGBL* block, int freeOnRelease
 // ---------------------------------------------------------------------------------------
 // XML
 
-// Brackets the use of the XML service; may be repeated.
+// Brackets the use of the XML service; may be repeated. What they answer is ignored.
 VEXPA_RUNTIME_API int _XMLInitialize(std::uint32_t reserved);
 VEXPA_RUNTIME_API int _XMLTerminate();
 
@@ -302,13 +370,15 @@ struct UzpBuffer {
     char* strptr;             // [owned] free() it, also after a failure, when it is not null
 };
 
+// Switches, all of them off.
 struct UzpOpts {
-    char* exdir;
-    char* pwdarg;
-    int zipinfo_mode;
-    int flags[61];  // every switch of the largest build of that library; zero is off
+    char* exdir;       // null
+    char* pwdarg;      // null: no password
+    int zipinfo_mode;  // 0
+    int flags[61];     // every switch of the largest build of that library; zero is off
 };
 
+// What the library below would say or ask at a terminal.
 using MsgFn = int(void* globals, unsigned char* text, unsigned long size, int flag);
 using InputFn = int(void* globals, unsigned char* text, int* size, int flag);
 using PauseFn = void(void* globals, const char* prompt, int flag);
@@ -316,8 +386,10 @@ using PasswdFn = int(void* globals, int* retries, char* password, int size, cons
                      const char* entry);
 using StatCBFn = int(void* globals, int event, const char* zip, const char* entry, const void* details);
 
+// The callbacks of an extraction.
 struct UzpCB {
-    unsigned long structlen;
+    unsigned long structlen;  // the length that the caller states; not to be relied upon
+    // Any of them may be null, and none needs to be called.
     MsgFn* msgfn;
     InputFn* inputfn;
     PauseFn* pausefn;
@@ -340,20 +412,22 @@ VEXPA_RUNTIME_API int UzpUnzipToMemory(char* zip, char* entry, UzpOpts* options,
 // ---------------------------------------------------------------------------------------
 // Strings and files
 
-// [owned] A copy of `text`; null for null, or when memory is exhausted. Freeing null does nothing.
+// [owned] A copy of `text`; null for null, or when memory is exhausted.
 VEXPA_RUNTIME_API BSTR _XSysAllocString(const char16_t* text);
+// Ends such a copy; null does nothing.
 VEXPA_RUNTIME_API void _XSysFreeString(BSTR text);
 
 // Order without regard to the case of letters: negative, 0 or positive.
 VEXPA_RUNTIME_API int _Xu2_stricmp(const char16_t* a, const char16_t* b);
-// The first `unit` in `text`, or null; the terminating zero counts as a unit of the text.
+// [borrowed] The first `unit` in `text`, or null; the terminating zero counts as a unit of the text.
 VEXPA_RUNTIME_API char16_t* _Xu2_strchr(const char16_t* text, char16_t unit);
 
 // access(2) for a path in UTF-16; mode 4 asks for reading. 0 when allowed.
 VEXPA_RUNTIME_API int _Xaccess(const char16_t* path, int mode);
 
+// The length in units; 0 for null.
 VEXPA_RUNTIME_API std::size_t u_strlen(const char16_t* text);
-// At most `limit`; 0 for null.
+// The same, but at most `limit`.
 VEXPA_RUNTIME_API std::size_t u_strnlen_s(const char16_t* text, std::size_t limit);
 
 // The bounded calls answer 0, or EINVAL or ERANGE. Sizes are in units, for vmemcpy_s in

@@ -7,8 +7,10 @@ namespace tarn::xmlfx {
 // Implemented by the caller, or by the caller's parser as it is: an attribute list with
 // these slots is passed straight through.
 //
-// Texts are NUL-terminated UTF-16 and stay the parser's; the library copies what it keeps.
-// An operation may throw, and the exception passes to whoever called the library.
+// Lifetime  Texts are NUL-terminated UTF-16 and stay the parser's, until the next call at
+//           least; the library copies what it keeps.
+// Errors    An operation may throw, and the exception passes to whoever called the library.
+// Threads   Used by the thread that passes it, and only while that call lasts.
 //
 // The order of the virtual members is the binary interface: nothing is inserted,
 // moved or removed. tests/xmlfx/SlotOrderTest.cpp fails when it changes.
@@ -16,12 +18,16 @@ class Attributes {
 public:
     virtual ~Attributes() = default;
 
+    // How many attributes there are.
     virtual unsigned int getLength() const = 0;
-    // Null or empty for an attribute without a prefix.
+    // [borrowed] The namespace; null or empty for an attribute without a prefix.
     virtual const unsigned short* getURI(unsigned int index) const = 0;
+    // [borrowed] The name without its prefix.
     virtual const unsigned short* getLocalName(unsigned int index) const = 0;
-    virtual const unsigned short* getQName(unsigned int index) const = 0;  // not used
-    virtual const unsigned short* getType(unsigned int index) const = 0;   // not used
+    // [borrowed] Not used.
+    virtual const unsigned short* getQName(unsigned int index) const = 0;
+    virtual const unsigned short* getType(unsigned int index) const = 0;
+    // [borrowed] The value; null is the empty text.
     virtual const unsigned short* getValue(unsigned int index) const = 0;
 };
 

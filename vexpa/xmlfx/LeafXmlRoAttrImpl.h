@@ -3,21 +3,20 @@
 #define VEXPA_XMLFX_LEAFXMLROATTRIMPL_H_
 
 #include "vexpa/base/ShallowCloneableImpl.h"
-#include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/XmlRoAttr.h"
 
 namespace tarn::xmlfx {
 
 // The value of one attribute, or one run of an element's text.
-class LeafXmlRoAttrImpl final : public ShallowCloneableImpl<XmlRoAttr> {
+class LeafXmlRoAttrImpl : public ShallowCloneableImpl<XmlRoAttr> {
 public:
-    explicit LeafXmlRoAttrImpl(const unsigned short* value) : ShallowCloneableImpl(CopyText(value)) {}
+    explicit LeafXmlRoAttrImpl(const unsigned short* value) : ShallowCloneableImpl(value) {}
 
-    std::uint32_t GetCount() const override { return 0; }
-    XmlRoAttr* GetAt(std::uint32_t, std::uint32_t*) const override { return nullptr; }
-    XmlRoAttr* Find(std::uint32_t) const override { return nullptr; }
+    std::uint32_t GetCount() const final { return 0; }
+    XmlRoAttr* GetAt(std::uint32_t, std::uint32_t*) const final { return nullptr; }
+    XmlRoAttr* Find(std::uint32_t) const final { return nullptr; }
 
-private:
+protected:
     ~LeafXmlRoAttrImpl() override = default;
 };
 

@@ -11,7 +11,6 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "vexpa/base/Export.h"
 
@@ -41,6 +40,7 @@ class VEXPA_API RegistryMap {
     class Iterator;
 
 public:
+    // As std::unordered_map has them.
     using key_type = Key;
     using mapped_type = T;
     using value_type = std::pair<const Key, T>;
@@ -49,28 +49,35 @@ public:
     using iterator = Iterator<value_type>;
     using const_iterator = Iterator<const value_type>;
 
+    // An empty map. Only the library makes maps.
     RegistryMap() noexcept;
     ~RegistryMap();
+
     RegistryMap(const RegistryMap&) = delete;
     RegistryMap& operator=(const RegistryMap&) = delete;
 
+    // All entries, in the order in which they were added.
     iterator begin() noexcept;
     iterator end() noexcept { return iterator(); }
     const_iterator begin() const noexcept;
     const_iterator end() const noexcept { return const_iterator(); }
 
+    // How many entries there are, and how many buckets.
     [[nodiscard]] bool empty() const noexcept { return size() == 0; }
     size_type size() const noexcept;
     size_type bucket_count() const noexcept;
     float max_load_factor() const noexcept { return 1.0F; }
 
+    // The entry of `key`, or end(); nothing is added.
     iterator find(Key key) noexcept;
     const_iterator find(Key key) const noexcept;
     bool contains(Key key) const noexcept { return find(key) != end(); }
     size_type count(Key key) const noexcept { return contains(key) ? 1 : 0; }
 
-    // The value of `key`; of a new entry with an empty value when there was none.
+    // The value of `key`; of a new entry with an empty value when there was none. Asking for
+    // the same key again costs no more than comparing it.
     T& operator[](Key key);
+    // The same, and whether the entry is new.
     std::pair<iterator, bool> try_emplace(Key key);
 
     // Makes room for `count` entries at once; std::length_error when there can be none.
@@ -81,7 +88,8 @@ public:
 
 private:
     // Linked into its bucket's tree, and into the list of all entries. Compiled callers know
-    // where the entry and the next node are; the rest, and the map itself, is ours.
+    // where the entry and the next node are; the rest is ours, and so is the map itself, but
+    // for its size: an entry may hold a map.
     struct Node {
         explicit Node(Key key, std::uint32_t keyHash)
             : entry(std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>()),
@@ -127,6 +135,7 @@ private:
         Node* node_ = nullptr;
     };
 
+    std::pair<Node*, bool> FindOrAdd(Key key);
     Node* FindNode(Key key, std::uint32_t hash) const noexcept;
     Node* Add(Key key, std::uint32_t hash);
     void Link(Node* node) noexcept;
@@ -134,7 +143,9 @@ private:
     Node* MakeNode(Key key, std::uint32_t hash);
     std::pmr::memory_resource& Memory(size_type expected);
 
-    std::vector<Node*> buckets_;  // none, or a power of two of them
+    std::unique_ptr<Node*[]> buckets_;
+    size_type bucketCount_ = 0;  // or a power of two
+    Node* recent_ = nullptr;     // what operator[] answered last
     Node* first_ = nullptr;
     Node* last_ = nullptr;
     size_type size_ = 0;

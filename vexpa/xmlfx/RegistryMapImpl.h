@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <stdexcept>
 
@@ -48,7 +49,7 @@ struct RegistryKey<std::uint32_t> {
     static constexpr std::size_t kUsualTextBytes = 0;
 
     static std::uint32_t Hash(std::uint32_t key) noexcept { return key; }
-    static int Compare(std::uint32_t, std::uint32_t) noexcept { return 0; }  // the hash says it all
+    static int Compare(std::uint32_t a, std::uint32_t b) noexcept { return a < b ? -1 : a > b; }
     static std::size_t TextBytes(std::uint32_t) noexcept { return 0; }
     static std::uint32_t CopyTo(void*, std::uint32_t key) noexcept { return key; }
 };
@@ -78,7 +79,7 @@ auto RegistryMap<Key, T>::size() const noexcept -> size_type {
 
 template <class Key, class T>
 auto RegistryMap<Key, T>::bucket_count() const noexcept -> size_type {
-    return buckets_.size();
+    return bucketCount_;
 }
 
 template <class Key, class T>
@@ -93,20 +94,30 @@ auto RegistryMap<Key, T>::find(Key key) const noexcept -> const_iterator {
 
 template <class Key, class T>
 T& RegistryMap<Key, T>::operator[](Key key) {
-    return try_emplace(key).first->second;
+    // Most attributes of a document are of one namespace, so the key is mostly that of before.
+    if (recent_ == nullptr || RegistryKey<Key>::Compare(key, recent_->entry.first) != 0) {
+        recent_ = FindOrAdd(key).first;
+    }
+    return recent_->entry.second;
 }
 
 template <class Key, class T>
 auto RegistryMap<Key, T>::try_emplace(Key key) -> std::pair<iterator, bool> {
+    const auto [node, added] = FindOrAdd(key);
+    return {iterator(node), added};
+}
+
+template <class Key, class T>
+auto RegistryMap<Key, T>::FindOrAdd(Key key) -> std::pair<Node*, bool> {
     const std::uint32_t hash = RegistryKey<Key>::Hash(key);
-    if (Node* node = FindNode(key, hash)) return {iterator(node), false};
-    return {iterator(Add(key, hash)), true};
+    if (Node* node = FindNode(key, hash)) return {node, false};
+    return {Add(key, hash), true};
 }
 
 template <class Key, class T>
 auto RegistryMap<Key, T>::FindNode(Key key, std::uint32_t hash) const noexcept -> Node* {
-    if (buckets_.empty()) return nullptr;
-    Node* node = buckets_[hash & (buckets_.size() - 1)];
+    if (bucketCount_ == 0) return nullptr;
+    Node* node = buckets_[hash & (bucketCount_ - 1)];
     while (node != nullptr) {
         int order = hash < node->hash ? -1 : 1;
         if (hash == node->hash) order = RegistryKey<Key>::Compare(key, node->entry.first);
@@ -118,7 +129,7 @@ auto RegistryMap<Key, T>::FindNode(Key key, std::uint32_t hash) const noexcept -
 
 template <class Key, class T>
 auto RegistryMap<Key, T>::Add(Key key, std::uint32_t hash) -> Node* {
-    if (size_ == buckets_.size()) Grow(size_ + 1);
+    if (size_ == bucketCount_) Grow(size_ + 1);
     Node* node = MakeNode(key, hash);
     Link(node);
     (last_ == nullptr ? first_ : last_->next) = node;
@@ -133,7 +144,7 @@ void RegistryMap<Key, T>::Link(Node* node) noexcept {
         if (a.hash != b.hash) return a.hash < b.hash;
         return RegistryKey<Key>::Compare(a.entry.first, b.entry.first) < 0;
     };
-    Node*& root = buckets_[node->hash & (buckets_.size() - 1)];
+    Node*& root = buckets_[node->hash & (bucketCount_ - 1)];
     root = InsertIntoTree(root, node, less);
 }
 
@@ -163,7 +174,9 @@ std::pmr::memory_resource& RegistryMap<Key, T>::Memory(size_type expected) {
 template <class Key, class T>
 void RegistryMap<Key, T>::Grow(size_type count) {
     constexpr size_type kFewest = 8;
-    buckets_ = std::vector<Node*>(std::bit_ceil(std::max(count, kFewest)));
+    const size_type buckets = std::bit_ceil(std::max(count, kFewest));
+    buckets_ = std::make_unique<Node*[]>(buckets);
+    bucketCount_ = buckets;
     for (Node* node = first_; node != nullptr; node = node->next) {
         node->left = node->right = nullptr;
         node->level = 1;
@@ -173,8 +186,9 @@ void RegistryMap<Key, T>::Grow(size_type count) {
 
 template <class Key, class T>
 void RegistryMap<Key, T>::reserve(size_type count) {
-    if (count > buckets_.max_size() / 2) throw std::length_error("RegistryMap::reserve");
-    if (count > buckets_.size()) Grow(count);
+    constexpr size_type kMostBuckets = std::numeric_limits<size_type>::max() / sizeof(void*);
+    if (count > kMostBuckets / 2) throw std::length_error("RegistryMap::reserve");
+    if (count > bucketCount_) Grow(count);
     if (count > 0) Memory(count);
 }
 
@@ -183,9 +197,9 @@ void RegistryMap<Key, T>::clear() noexcept {
     for (Node* node = std::exchange(first_, nullptr); node != nullptr;) {
         std::exchange(node, node->next)->~Node();
     }
-    last_ = nullptr;
+    recent_ = last_ = nullptr;
     size_ = 0;
-    std::fill(buckets_.begin(), buckets_.end(), nullptr);
+    std::fill_n(buckets_.get(), bucketCount_, nullptr);
     memory_.reset();
 }
 

@@ -3,10 +3,9 @@
 #include <algorithm>
 
 #include "vexpa/base/Utf16.h"
-#include "vexpa/xmlfx/LeafXmlRoAttrImpl.h"
+#include "vexpa/xmlfx/FlatXmlRoAttrImpl.h"
 #include "vexpa/xmlfx/NullXmlRoAttrImpl.h"
 #include "vexpa/xmlfx/XmlMapper.h"
-#include "vexpa/xmlfx/XmlRoAttrImpl.h"
 
 namespace tarn::xmlfx {
 
@@ -34,8 +33,7 @@ Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defau
     // Kept: without attributes, `value` is lost. (OfNoAttributesIsTheEmptySetWhateverTheValue)
     if (length == 0) return NullXmlRoAttrImpl::Get();
 
-    Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl(CopyText(value)));
-    set->Reserve(std::min(length, kMostReserved));
+    Handle<FlatXmlRoAttrImpl> set = FlatXmlRoAttrImpl::New(value, std::min(length, kMostReserved));
     NSMap& namespaces = XmlMapper::GetNSMap();
     // The list is live, so its length is asked for again before every attribute.
     for (unsigned i = 0; i < attrs->getLength(); ++i) {
@@ -43,16 +41,15 @@ Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defau
         const unsigned short* name = attrs->getLocalName(i);
         const std::uint32_t token = TokenOf(namespaces, IsEmpty(uri) ? defaultUri : uri, name);
         if (token == kNullToken) continue;
-        set->AddAttribute(token, new LeafXmlRoAttrImpl(attrs->getValue(i)));
+        set->AddLeaf(token, attrs->getValue(i));
     }
     return Handle<XmlRoAttr>(set.Detach());
 }
 
 Handle<XmlRoAttr> Transform(const unsigned short* value, unsigned int token) {
     if (value == nullptr) return NullXmlRoAttrImpl::Get();
-    Handle<XmlRoAttrImpl> set(new XmlRoAttrImpl);
-    set->Reserve(1);
-    set->AddAttribute(token, new LeafXmlRoAttrImpl(value));
+    Handle<FlatXmlRoAttrImpl> set = FlatXmlRoAttrImpl::New(nullptr, 1);
+    set->AddLeaf(token, value);
     return Handle<XmlRoAttr>(set.Detach());
 }
 

@@ -9,7 +9,7 @@
 
 namespace tarn::xmlfx {
 
-// The set of an element whose attributes the parser lists in `attrs`. An attribute of the
+// [shared] The set of an element whose attributes the parser lists in `attrs`. An attribute of the
 // vocabulary becomes its token and its value, in the parser's order; any other is dropped.
 //
 //   attrs       may be null; without attributes the answer is the shared empty set, and
@@ -23,8 +23,11 @@ namespace tarn::xmlfx {
 VEXPA_API Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defaultUri,
                                       const unsigned short* value);
 
-// A set with one attribute: `token` with a value that has this value string. For a null
-// `value` the shared empty set.
+// [shared] A set with one attribute: `token` with a value that has this value string. For a
+// null `value` the shared empty set.
+//
+// Errors   Out of memory passes through; nothing is left behind.
+// Threads  Any thread at any time.
 VEXPA_API Handle<XmlRoAttr> Transform(const unsigned short* value, unsigned int token);
 
 }  // namespace tarn::xmlfx

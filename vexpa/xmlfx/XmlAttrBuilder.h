@@ -11,6 +11,11 @@ namespace tarn::xmlfx {
 
 // Builds the set of each element it is fed: the element's attributes first, then its text
 // and its child elements' sets in the order of their events.
+//
+// Lifetime  Releasing the handle ends the builder, its child handlers and its hold on the
+//           last set.
+// Errors    Out of memory and what the callback throws pass through.
+// Threads   One thread at a time.
 class XmlAttrBuilder : public XmlAttrHandler {
 public:
     // [owned] A builder that reports to `callback`, never null, which outlives it.

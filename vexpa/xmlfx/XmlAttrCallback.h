@@ -8,6 +8,10 @@ namespace tarn::xmlfx {
 class XmlRoAttr;
 
 // Implemented by the caller. It has one slot: a virtual destructor would shift it.
+//
+// Lifetime  The caller's; it outlives the builders that report to it.
+// Errors    What it throws passes through the builder to whoever fed it.
+// Threads   Called by the thread that feeds the builder.
 class XmlAttrCallback {
 public:
     // [borrowed] The finished set of an element; share it (ShallowClone) to keep it.

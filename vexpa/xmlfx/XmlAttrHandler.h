@@ -23,7 +23,8 @@ inline constexpr std::uint32_t kTextToken = 0xFFFFFFFF;
 //
 // Before the first StartElement only GetChildHandler and Reset may be called.
 //
-// Lifetime  A child handler belongs to its parent.
+// Lifetime  A child handler belongs to its parent. Texts are copied.
+// Errors    None but that of the standard library, out of memory.
 // Threads   One thread at a time for a handler and those below it.
 //
 // The order of the virtual members is the binary interface: nothing is inserted,

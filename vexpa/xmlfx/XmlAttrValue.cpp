@@ -1,7 +1,5 @@
 #include "vexpa/xmlfx/XmlAttrValue.h"
 
-#include "vexpa/base/Utf16.h"
-
 namespace tarn::xmlfx {
 
 const unsigned short* XmlAttrValue::GetValue() const noexcept {

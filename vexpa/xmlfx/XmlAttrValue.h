@@ -4,13 +4,18 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
+#include <string_view>
 
 #include "vexpa/base/Export.h"
+#include "vexpa/base/Utf16.h"
 
 namespace tarn::xmlfx {
 
-// Fixed when the object is made; empty when none was given.
+// A text that is fixed when the object is made; empty when none was given.
+//
+// Lifetime  The text lasts as long as the object.
+// Errors    None.
+// Threads   Read by any number of threads.
 class XmlAttrValue {
 public:
     // [borrowed] The value, NUL-terminated; never null.
@@ -23,7 +28,9 @@ public:
 
 protected:
     XmlAttrValue() noexcept = default;
-    explicit XmlAttrValue(std::u16string value) noexcept : value_(std::move(value)) {}
+    explicit XmlAttrValue(std::u16string_view value) : value_(value) {}
+    // A copy of a NUL-terminated text; null is the empty one.
+    explicit XmlAttrValue(const unsigned short* value) : value_(CopyText(value)) {}
     ~XmlAttrValue() = default;
 
 private:

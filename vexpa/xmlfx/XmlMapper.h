@@ -10,10 +10,10 @@
 
 namespace tarn::xmlfx {
 
-// What a token stands for. Both texts are static.
+// What a token stands for. Both texts last as long as the library is loaded.
 struct VEXPA_API NameInfo {
-    const char16_t* uri;
-    const char16_t* name;
+    const char16_t* uri;   // [borrowed] of the namespace
+    const char16_t* name;  // [borrowed] the local name
 };
 
 // Namespace URI -> local name -> token. Matching is exact, case included.
@@ -39,11 +39,14 @@ constexpr std::uint32_t NamespaceOf(std::uint32_t token) noexcept {
 //
 // Lifetime  Filled by the first _vexpa_Initialize, emptied by the last _vexpa_Terminate;
 //           the maps themselves live until the process ends.
+// Errors    A name or token that is not there is not found; adding may run out of memory.
 // Threads   Any number may read. Whatever writes is serialised by the callers: the two
 //           calls above, and Transform, which adds the namespace URIs it does not know.
 class XmlMapper {
 public:
+    // From names to tokens.
     VEXPA_API static NSMap& GetNSMap();
+    // From tokens to names.
     VEXPA_API static NSMapInverse& GetNSMapInverse();
 };
 

@@ -3,8 +3,7 @@
 #define VEXPA_XMLFX_XMLROATTR_H_
 
 #include <cstdint>
-#include <string>
-#include <utility>
+#include <string_view>
 
 #include "vexpa/base/Handle.h"
 #include "vexpa/base/Object.h"
@@ -27,6 +26,7 @@ namespace tarn::xmlfx {
 // moved or removed. tests/xmlfx/SlotOrderTest.cpp fails when it changes.
 class XmlRoAttr : public Object, public ShallowCloneable, public XmlAttrValue {
 public:
+    // How many (token, value) pairs there are.
     virtual std::uint32_t GetCount() const = 0;
     // [borrowed] The value at a position; its token goes to *token, unless token or the
     // answer is null.
@@ -34,14 +34,15 @@ public:
     // [borrowed] The first value with this token, or null.
     virtual XmlRoAttr* Find(std::uint32_t token) const = 0;
 
-    // ShallowClone under the set's own type.
+    // [shared] ShallowClone under the set's own type.
     Handle<XmlRoAttr> Share() {
         return Handle<XmlRoAttr>(static_cast<XmlRoAttr*>(ShallowClone().Detach()));
     }
 
 protected:
     XmlRoAttr() noexcept = default;
-    explicit XmlRoAttr(std::u16string value) noexcept : XmlAttrValue(std::move(value)) {}
+    explicit XmlRoAttr(std::u16string_view value) : XmlAttrValue(value) {}
+    explicit XmlRoAttr(const unsigned short* value) : XmlAttrValue(value) {}
     ~XmlRoAttr() override = default;
 };
 

@@ -19,7 +19,7 @@ bool AreOfOneClass(const XmlRoAttr& a, const XmlRoAttr& b) {
 }  // namespace
 
 XmlRoAttrDecorator::XmlRoAttrDecorator(XmlRoAttr& inner)
-    : XmlRoAttrImpl(std::u16string(FromUnits(inner.GetValue()), inner.GetValueLength())),
+    : XmlRoAttrImpl(std::u16string_view(FromUnits(inner.GetValue()), inner.GetValueLength())),
       inner_(inner.Share()),
       innerIsDecorator_(AreOfOneClass(inner, *this)) {}
 

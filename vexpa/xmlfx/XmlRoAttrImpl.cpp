@@ -1,6 +1,5 @@
 #include "vexpa/xmlfx/XmlRoAttrImpl.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace tarn::xmlfx {
@@ -47,23 +46,16 @@ XmlRoAttrImpl::~XmlRoAttrImpl() {
 }
 
 void XmlRoAttrImpl::DropAttributes() noexcept {
-    for (const Attribute& attribute : attributes_) attribute.value->Release();
-    attributes_.clear();
+    for (const auto& [token, value] : attributes_) value->Release();
+    attributes_.Clear();
     byToken_.reset();
 }
 
-void XmlRoAttrImpl::Reserve(std::uint32_t count) {
-    attributes_.reserve(count);
-}
-
 void XmlRoAttrImpl::AddAttribute(std::uint32_t token, XmlRoAttr* value) {
-    constexpr std::size_t kFewest = 4;
     Handle<XmlRoAttr> held(value);
-    if (attributes_.size() == attributes_.capacity()) {
-        attributes_.reserve(std::max(kFewest, 2 * attributes_.size()));
-    }
+    attributes_.MakeRoom();
     FileByToken(token, value);
-    attributes_.push_back({token, held.Detach()});
+    attributes_.Append({token, held.Detach()});
 }
 
 // Nothing below may fail half-way: a token filed before the set has its value would dangle.
@@ -71,7 +63,7 @@ void XmlRoAttrImpl::FileByToken(std::uint32_t token, XmlRoAttr* value) {
     if (attributes_.size() < kSearchedOneByOne) return;
     if (byToken_ == nullptr) {
         auto all = std::make_unique<FirstByToken>();
-        for (const Attribute& attribute : attributes_)
+        for (const TokenAndValue& attribute : attributes_)
             all->try_emplace(attribute.token, attribute.value);
         all->try_emplace(token, value);
         byToken_ = std::move(all);
@@ -91,7 +83,7 @@ XmlRoAttr* XmlRoAttrImpl::FindOwn(std::uint32_t token) const noexcept {
         const auto found = byToken_->find(token);
         return found == byToken_->end() ? nullptr : found->second;
     }
-    for (const Attribute& attribute : attributes_) {
+    for (const TokenAndValue& attribute : attributes_) {
         if (attribute.token == token) return attribute.value;
     }
     return nullptr;

@@ -4,17 +4,16 @@
 
 #include <map>
 #include <memory>
-#include <vector>
 
 #include "vexpa/base/ShallowCloneableImpl.h"
+#include "vexpa/xmlfx/ValueList.h"
 #include "vexpa/xmlfx/XmlRoAttr.h"
 
 namespace tarn::xmlfx {
 
 class XmlRoAttrImpl : public ShallowCloneableImpl<XmlRoAttr> {
 public:
-    explicit XmlRoAttrImpl(std::u16string value = {}) noexcept
-        : ShallowCloneableImpl(std::move(value)) {}
+    explicit XmlRoAttrImpl(std::u16string_view value = {}) : ShallowCloneableImpl(value) {}
 
     void Release() final;
     std::uint32_t GetCount() const override { return OwnCount(); }
@@ -22,9 +21,6 @@ public:
         return OwnAt(index, token);
     }
     XmlRoAttr* Find(std::uint32_t token) const override { return FindOwn(token); }
-
-    // Makes room for `count` attributes, while the set is being built.
-    void Reserve(std::uint32_t count);
 
     // Appends an attribute while the set is being built. Takes over the caller's reference
     // on `value`, also when it throws.
@@ -39,16 +35,12 @@ protected:
     void DropAttributes() noexcept;
 
 private:
-    struct Attribute {
-        std::uint32_t token;
-        XmlRoAttr* value;  // one reference
-    };
     using FirstByToken = std::map<std::uint32_t, XmlRoAttr*>;
 
     void FileByToken(std::uint32_t token, XmlRoAttr* value);
     void End() noexcept;
 
-    std::vector<Attribute> attributes_;
+    ValueList attributes_;  // with one reference on each value
 
     // The first value of each token, but only of sets too large to be searched one by one:
     // few are, and for the others it would cost more allocations than all the rest.

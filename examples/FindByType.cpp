@@ -1,0 +1,46 @@
+// Finds the styles and the headers of a text document: FindByType FILE
+
+#include <cstdio>
+#include <filesystem>
+
+#include "examples/Library.h"
+#include "vexpa/opc/Package.h"
+
+using namespace tarn;
+
+namespace {
+
+void Print(const char* what, const opc::Relationship* relationship) {
+    if (relationship == nullptr) {
+        std::printf("%s: none\n", what);
+        return;
+    }
+    const opc::PartUri& target = relationship->GetResolvedTarget();
+    std::printf("%s: %s\n", what, std::filesystem::path(target.name).c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) return 2;
+    const Library library;
+    const Handle<opc::Package> package =
+        opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
+    if (!package) return 3;
+    const opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
+    opc::Part* document = main == nullptr ? nullptr : package->GetPart(main->GetResolvedTarget());
+    if (document == nullptr) return 4;
+
+    // A document has one part of styles, so asking by type finds it.
+    Print("styles", document->GetRelationshipByType(opc::RelTypeStyles));
+
+    // It may have a header for each section, for first and for even pages. By type there is
+    // one answer, the first in the relationship stream, and no way to ask for the next.
+    Print("a header, by type", document->GetRelationshipByType(opc::RelTypeHeader));
+
+    // By Id there are all of them.
+    for (const auto& [id, relationship] : document->GetRelationships()) {
+        if (relationship->GetTypeId() != opc::RelTypeHeader) continue;
+        Print(std::filesystem::path(u"header " + id).c_str(), relationship);
+    }
+}

@@ -1,0 +1,44 @@
+// From a name to its token and back: LookUpNames URI NAME
+
+#include <cinttypes>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+
+#include "examples/Library.h"
+#include "vexpa/xmlfx/XmlMapper.h"
+
+using namespace tarn::xmlfx;
+
+namespace {
+
+// The token of a name, or kNullToken. Names are compared exactly, case included.
+std::uint32_t TokenOf(std::u16string_view uri, std::u16string_view name) {
+    const NSMap& namespaces = XmlMapper::GetNSMap();
+    const auto names = namespaces.find(uri);
+    if (names == namespaces.end()) return kNullToken;
+    const auto found = names->second.find(name);
+    return found == names->second.end() ? kNullToken : found->second;
+}
+
+// What a token stands for, or null.
+const NameInfo* NameOf(std::uint32_t token) {
+    const NSMapInverse& namespaces = XmlMapper::GetNSMapInverse();
+    const auto tokens = namespaces.find(NamespaceOf(token));
+    if (tokens == namespaces.end()) return nullptr;
+    const auto found = tokens->second.find(token);
+    return found == tokens->second.end() ? nullptr : &found->second;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) return 2;
+    const Library library;  // the maps are filled now
+    const std::uint32_t token =
+        TokenOf(std::filesystem::path(argv[1]).u16string(), std::filesystem::path(argv[2]).u16string());
+    const NameInfo* info = token == kNullToken ? nullptr : NameOf(token);
+    if (info == nullptr) return 4;  // not in the vocabulary
+    std::printf("0x%08" PRIX32 " {%s}%s\n", token, std::filesystem::path(info->uri).c_str(),
+                std::filesystem::path(info->name).c_str());
+}

@@ -1,0 +1,21 @@
+#!/usr/bin/env python3
+"""run_example.py EXPECTED STATUS PROGRAM ARGUMENT...: the program ends with this exit status, and
+prints the bytes of the file EXPECTED, or nothing when there is no such file."""
+
+import pathlib
+import subprocess
+import sys
+
+
+def main(expected, status, *command):
+    run = subprocess.run(command, stdout=subprocess.PIPE, check=False)
+    known = pathlib.Path(expected).read_bytes() if pathlib.Path(expected).exists() else b""
+    if run.returncode != int(status):
+        return f"exit status {run.returncode} instead of {status}"
+    if run.stdout != known:
+        return f"printed\n{run.stdout.decode()}\ninstead of\n{known.decode()}"
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
