@@ -16,7 +16,7 @@ using namespace vexpa_test;
 
 constexpr std::size_t kMegabyte = 1 << 20;
 constexpr std::size_t kLittle = 512 * 1024;      // the buffers of a thread, and the part's record
-constexpr std::size_t kAligned = 2 * kMegabyte;  // room to move a run of pages in, for a moment
+constexpr std::size_t kAligned = 4 * kMegabyte;  // room to align either copy in, for a moment
 constexpr std::size_t kPool = 32 * kMegabyte;    // what the process keeps of freed runs
 
 // Five parts of two megabytes and more.
