@@ -26,6 +26,13 @@ const Folding kFoldings[] = {
     {"blanks alone fold to nothing", u" \t\r\n", u""},
     {"the empty text stays empty", u"", u""},
     {"digits, signs and punctuation stay", u"a-1_2.3?x=#%41", u"a-1_2.3?x=#%41"},
+    {"control characters that are no white space stay",
+     u"a\x01"
+     u"B",
+     u"a\x01"
+     u"b"},
+    {"small letters beyond ASCII stay", u"\u00E9", u"\u00E9"},
+    {"capital letters beyond ASCII become small", u"\u00C9", u"\u00E9"},
     {"surrogates stay", u"\U0001F600", u"\U0001F600"},
 };
 

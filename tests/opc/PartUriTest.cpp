@@ -99,6 +99,13 @@ TEST(PartUri, KeepsANameThatDoesNotParse) {
     EXPECT_EQ(uri.name, u":a/b.xml");
 }
 
+// The conversion takes it for a mark of the byte order, which leaves nothing to split.
+TEST(PartUri, HasNoComponentsForAByteOrderMarkAlone) {
+    const PartUri uri(u"\uFEFF");
+    EXPECT_EQ(uri.name, u"\uFEFF");
+    EXPECT_TRUE(HasNoComponents(uri));
+}
+
 TEST(PartUri, HasNoComponentsWhenOnlyTheEndOfTheNameDoesNotParse) {
     const PartUri uri(u"http://example.org:1/a?b#c d");
     EXPECT_TRUE(HasNoComponents(uri));
