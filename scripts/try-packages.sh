@@ -8,7 +8,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 clean=$(mktemp -d)
 trap 'rm -rf --one-file-system "$clean"' EXIT
-debootstrap --variant=minbase bookworm "$clean" "${MIRROR:-http://deb.debian.org/debian}"
+debootstrap --variant=minbase bookworm "$clean" ${MIRROR:+"$MIRROR"}
 mkdir "$clean/packages" "$clean/consumers"
 cp "$1"/*.deb "$clean/packages"
 rm -f "$clean"/packages/*-dbgsym_*.deb
