@@ -14,7 +14,6 @@ namespace {
 using namespace vexpa_test;
 using Json = nlohmann::ordered_json;
 using testing::HasSubstr;
-using testing::Not;
 
 namespace fs = std::filesystem;
 
@@ -205,6 +204,7 @@ TEST(DumpCommand, WritesTheFileNameAsGiven) {
 }
 
 fs::path CorpusFolder() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread.
     const char* given = std::getenv("VEXPA_CORPUS");
     return given != nullptr ? fs::path(given)
                             : fs::path(VEXPA_SOURCE_DIR).parent_path() / "shared" / "corpus";

@@ -118,6 +118,7 @@ std::string PartBytes(tarn::opc::Part& part) {
 }
 
 TEST(PrettyXml, SaysTheSameOfEveryPartOfTheCorpus) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): there is one thread.
     const char* given = std::getenv("VEXPA_CORPUS");
     const std::filesystem::path corpus =
         given != nullptr ? given : VEXPA_SOURCE_DIR "/../shared/corpus";

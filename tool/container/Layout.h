@@ -35,8 +35,8 @@ struct Layout {
     std::uint64_t missingComment = 0;  // bytes of the comment that lie beyond the file
     std::uint64_t gapBytes = 0;        // between entries, in all
     ByteRange firstGap;
-    std::vector<Overlap> overlaps;   // the first kMostOverlaps
-    std::uint64_t overlapCount = 0;  // entries that begin before another ends
+    std::vector<Overlap> overlaps;             // the first kMostOverlaps
+    std::uint64_t overlapCount = 0;            // entries that begin before another ends
     std::optional<std::size_t> intoDirectory;  // the entry that reaches furthest into the directory
 
     static constexpr std::size_t kMostOverlaps = 1000;

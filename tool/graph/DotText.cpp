@@ -104,8 +104,8 @@ const char* EdgeStyle(const GraphNode& target) {
 std::string NodeLine(const GraphNode& node, const std::string& type, const InputFile& file) {
     const NodeText text = TextOf(node, file);
     const std::string style = StyleOf(node);
-    return " [label=" + Label(text, TypeBesideTitle(node, type)) +
-           ", tooltip=" + Quoted(text.tooltip) + (style.empty() ? "" : ", " + style) + "];\n";
+    return " [label=" + Label(text, TypeBesideTitle(node, type)) + ", tooltip=" + Quoted(text.tooltip) +
+           (style.empty() ? "" : ", " + style) + "];\n";
 }
 
 std::string EdgeLine(const GraphEdge& edge, const GraphNode& target, bool isTypeInNode) {
