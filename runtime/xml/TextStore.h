@@ -20,7 +20,7 @@ public:
     char16_t* Allocate(std::size_t units);
 
 private:
-    static constexpr std::size_t kPiece = 8 * 1024;  // units
+    static constexpr std::size_t kPiece = 8'192;  // units
 
     char16_t* NewPiece(std::size_t units);
 

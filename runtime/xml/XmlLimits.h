@@ -10,7 +10,7 @@ namespace vexpa_runtime {
 // and each short element costs many times its bytes. The largest real documents here are the
 // relationships of a sheet with as many hyperlinks as it can have, 65,530: some 330,000 nodes, and
 // 1,900 bytes may go to each link.
-constexpr std::uint64_t kMaxBytes = 128 * 1024 * 1024;
+constexpr std::uint64_t kMaxBytes = 128UL * 1024 * 1024;
 constexpr std::uint64_t kMaxNodes = 2'000'000;
 
 }  // namespace vexpa_runtime

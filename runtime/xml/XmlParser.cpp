@@ -14,7 +14,7 @@ namespace vexpa_runtime {
 namespace {
 
 constexpr int kSmallestPiece = 32 * 1024;
-constexpr std::uint64_t kSmallStream = 256 * 1024;
+constexpr std::uint64_t kSmallStream = 256UL * 1024;
 constexpr int kLargestPiece = 256 * 1024 * 1024;
 
 }  // namespace

@@ -37,6 +37,8 @@ RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type,
       type_(CopyText(type)),
       source_(std::move(source)),
       target_(target),
+      // The analyzer loses sight of the pointer on its way into the member.
+      // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
       resolvedTarget_(Resolved(*source_, target_)) {}
 
 std::size_t RelationshipImpl::MemoryUse() const noexcept {
