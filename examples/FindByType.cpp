@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "examples/Library.h"
+#include "examples/OpenDocument.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
@@ -24,11 +25,9 @@ void Print(const char* what, const opc::Relationship* relationship) {
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
     const Library library;
-    const Handle<opc::Package> package =
-        opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
+    const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;
-    const opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
-    opc::Part* document = main == nullptr ? nullptr : package->GetPart(main->GetResolvedTarget());
+    opc::Part* document = FindMainPart(*package);
     if (document == nullptr) return 4;
 
     // A document has one part of styles, so asking by type finds it.

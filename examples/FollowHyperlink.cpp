@@ -5,6 +5,7 @@
 #include <string>
 
 #include "examples/Library.h"
+#include "examples/OpenDocument.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
@@ -38,10 +39,9 @@ void PrintTarget(opc::Package& package, const opc::Relationship& link) {
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     const Library library;
-    const Handle<opc::Package> package = opc::Package::Open(Utf16(argv[1]).c_str());
+    const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;
-    const opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
-    opc::Part* document = main == nullptr ? nullptr : package->GetPart(main->GetResolvedTarget());
+    opc::Part* document = FindMainPart(*package);
     if (document == nullptr) return 4;
 
     // The document says <w:hyperlink r:id="...">, and the Id leads to the relationship.

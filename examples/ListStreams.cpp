@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "examples/Library.h"
+#include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/opc/Package.h"
 
@@ -55,12 +56,9 @@ void ListFolder(const Folder& folder, std::vector<Folder>& waiting) {
 int main(int argc, char** argv) {
     if (argc != 3) return 2;
     const Library library;
-    const Handle<opc::Package> package =
-        opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
+    const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;
-
-    const opc::PartUri name(std::filesystem::path(argv[2]).u16string().c_str());
-    opc::Part* part = package->GetPart(name);
+    opc::Part* part = FindPart(*package, argv[2]);
     if (part == nullptr) return 4;
 
     ComPtr<IStorage> root;

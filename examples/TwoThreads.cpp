@@ -2,12 +2,12 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <filesystem>
 #include <future>
 #include <set>
 #include <vector>
 
 #include "examples/Library.h"
+#include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/opc/Package.h"
 
@@ -30,8 +30,7 @@ std::uint64_t SizeOf(opc::Part& part) {
 // A package, and all that comes from it, stays in the thread that opened it.
 Sums ReadDocument(const char* file) {
     Sums sums;
-    const Handle<opc::Package> package =
-        opc::Package::Open(std::filesystem::path(file).u16string().c_str());
+    const Handle<opc::Package> package = OpenPackage(file);
     if (!package) return sums;
 
     // Relationships may lead back, so each part is taken once.

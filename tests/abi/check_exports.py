@@ -1,8 +1,12 @@
 #!/usr/bin/env python3
-"""Compares the symbols that a shared library defines with the list that was published."""
+"""check_exports.py LIBRARY LIST   compares the symbols that a library defines with a list of them."""
 
+import pathlib
 import subprocess
 import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
+from support import published_list  # noqa: E402
 
 
 def exported(library):
@@ -16,14 +20,7 @@ def exported(library):
 
 def main():
     library, published = sys.argv[1:]
-    with open(published, encoding="ascii") as lines:
-        expected = {line.strip() for line in lines if line.strip() and not line.startswith("#")}
-    found = exported(library)
-    for name in sorted(found - expected):
-        print(f"{library} exports {name}, which {published} does not list")
-    for name in sorted(expected - found):
-        print(f"{library} no longer exports {name}")
-    return 0 if found == expected else 1
+    return 0 if published_list.compare(exported(library), published) else 1
 
 
 if __name__ == "__main__":
