@@ -112,7 +112,7 @@ void AddFailOn(CLI::App& app, Severity& failOn) {
     };
     app.add_option_function<std::string>("--fail-on", take,
                                          "end with status 1 from error (the default) or warning on")
-        ->type_name("SEVERITY");
+        ->type_name("error|warning");
 }
 
 CommandRun Declare(CLI::App& app) {
@@ -125,12 +125,10 @@ CommandRun Declare(CLI::App& app) {
     AddPatterns(app, "--ignore", arguments->selection.ignored, "leave these findings out");
     app.add_flag("-a,--all", arguments->isAll,
                  "show all findings of one kind, and of several files the information, too");
-    app.add_option("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)")
-        ->type_name("SIZE")
-        ->transform(CLI::AsSizeValue(false));
-    app.add_option("--max-entries", arguments->check.mostEntries,
-                   "look at no more of the archive's entries (1048576)")
-        ->type_name("N");
+    TakesSize(app.add_option("--max-part-size", arguments->check.largestPart,
+                             "do not read larger parts (512M)"));
+    TakesNumber(app.add_option("--max-entries", arguments->check.mostEntries,
+                               "look at no more of the archive's entries (1048576)"));
     AddQuiet(app, arguments->isQuiet);
     return [arguments] { return CheckRun(*arguments).Run(); };
 }

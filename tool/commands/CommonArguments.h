@@ -19,6 +19,9 @@ void AddFileOptions(CLI::App& app, FileOptions& options);
 void AddFile(CLI::App& app, std::string& file);
 // PART
 CLI::Option* AddPart(CLI::App& app, std::string& part, const std::string& use);
+// The option's value is a whole number; or a size in bytes, with a unit or without.
+CLI::Option* TakesNumber(CLI::Option* option);
+CLI::Option* TakesSize(CLI::Option* option);
 CLI::Option* AddJson(CLI::App& app, bool& json);
 // -q, for a command whose exit status is an answer; after --json, which it excludes.
 void AddQuiet(CLI::App& app, bool& quiet);

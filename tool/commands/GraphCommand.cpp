@@ -110,7 +110,7 @@ CommandRun Declare(CLI::App& app) {
     CLI::Option* mermaid = app.add_flag("--mermaid", arguments->mermaid, "for Mermaid");
     app.add_flag("--full", arguments->isFull, "fold nothing: a node for every part and link");
     app.add_option("--from", arguments->from, "begin at a part")->type_name("PART");
-    app.add_option("--depth", arguments->depth, "go so many relationships far")->type_name("N");
+    TakesNumber(app.add_option("--depth", arguments->depth, "go so many relationships far"));
     CLI::Option* json = AddJson(app, arguments->json);
     for (CLI::Option* one : {svg, mermaid, json}) one->excludes(dot);
     svg->excludes(mermaid)->excludes(json);

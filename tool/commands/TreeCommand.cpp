@@ -168,7 +168,7 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
 CommandRun Declare(CLI::App& app) {
     const auto arguments = std::make_shared<Arguments>();
     AddFiles(app, arguments->options);
-    app.add_option("--depth", arguments->depth, "show so many levels")->type_name("N");
+    TakesNumber(app.add_option("--depth", arguments->depth, "show so many levels"));
     app.add_option("--from", arguments->from, "begin at a part")->type_name("PART");
     return [arguments] {
         FileCommand command;
