@@ -25,6 +25,9 @@ std::string SystemError(int error) {
 std::string WhyUnreadable(const std::string& path) {
     struct stat status;
     if (stat(path.c_str(), &status) != 0) return SystemError(errno);
+    if (S_ISDIR(status.st_mode)) {
+        return "is a folder; commands for several files take the documents below it with -r";
+    }
     // Reading a pipe could wait for ever.
     if (!S_ISREG(status.st_mode)) return "not a regular file";
     std::FILE* file = std::fopen(path.c_str(), "rb");
@@ -44,13 +47,18 @@ void CheckKind(const Subject& subject, Findings& findings) {
         const CompoundLook look = LookAtCompoundFile(file);
         findings.AddStop(look.id, [&](Finding& finding) {
             finding.cause = "not a zip: compound file " + look.what;
+            finding.namesAllItems = look.names.empty();
+            for (const std::string& name : look.names) findings.AddItem(finding, {{}, name});
         });
         return;
     }
     if (FindDirectoryFault(file).kind != DirectoryFault::Kind::NoArchive) return;
-    const std::string kind = LooksLike(start, FileNameOf(subject.file.path), file.FileSize());
+    const FileLook look = LookAtFile(start, FileNameOf(subject.file.path), file.FileSize());
     findings.AddStop(FindingId::NotAZip, [&](Finding& finding) {
-        finding.cause = kind.empty() ? "not a zip archive" : "not a zip: looks like " + kind;
+        finding.cause = "not a zip archive";
+        if (look.kind == nullptr) return;
+        finding.cause = "not a zip: looks like " + std::string(look.kind);
+        finding.hint = look.hint;
     });
 }
 

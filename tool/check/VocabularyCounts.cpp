@@ -66,15 +66,19 @@ VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::strin
 
 void VocabularyCounts::Report(Findings& findings) const {
     if (!namespaces_.IsEmpty()) {
-        findings.Add(FindingId::UnknownNamespaces, [this](Finding& finding) {
+        findings.Add(FindingId::UnknownNamespaces, [&](Finding& finding) {
             finding.cause = namespaces_.WordsText("namespace", "namespaces") +
                             " outside the vocabulary: " + namespaces_.Text(kMostWords);
+            finding.namesAllItems = namespaces_.IsWhole(kMostWords);
+            namespaces_.AddItems(findings, finding);
         });
     }
     if (names_.IsEmpty()) return;
-    findings.Add(FindingId::UnknownNames, [this](Finding& finding) {
+    findings.Add(FindingId::UnknownNames, [&](Finding& finding) {
         finding.cause = names_.WordsText("name", "names") +
                         " of known namespaces outside the vocabulary: " + names_.Text(kMostWords);
+        finding.namesAllItems = names_.IsWhole(kMostWords);
+        names_.AddItems(findings, finding);
     });
 }
 

@@ -18,6 +18,9 @@ namespace vexpa_tool {
 
 namespace {
 
+// Of a finding, where all are to be told: a hostile archive may have a million.
+constexpr std::size_t kMostItems = 10'000;
+
 struct Arguments {
     FileOptions files;
     CheckOptions check;
@@ -30,6 +33,7 @@ struct Arguments {
 class CheckRun {
 public:
     explicit CheckRun(Arguments arguments) : arguments_(std::move(arguments)) {
+        if (arguments_.isAll || arguments_.files.json) arguments_.check.mostItems = kMostItems;
         if (!arguments_.check.isDeep) return;
         vocabulary_.emplace();
         arguments_.check.vocabulary = &*vocabulary_;
@@ -124,7 +128,8 @@ CommandRun Declare(CLI::App& app) {
     AddPatterns(app, "--only", arguments->selection.only, "tell of these findings only: VX305, or VX3");
     AddPatterns(app, "--ignore", arguments->selection.ignored, "leave these findings out");
     app.add_flag("-a,--all", arguments->isAll,
-                 "show all findings of one kind, and of several files the information, too");
+                 "show all findings of one kind and all that a finding sums up; of several "
+                 "files the information, too");
     TakesSize(app.add_option("--max-part-size", arguments->check.largestPart,
                              "do not read larger parts (512M)"));
     TakesNumber(app.add_option("--max-entries", arguments->check.mostEntries,
@@ -133,7 +138,11 @@ CommandRun Declare(CLI::App& app) {
     return [arguments] { return CheckRun(*arguments).Run(); };
 }
 
-const HelpRegistration helpRegistration(FindingHelp);
+std::string Help(const std::string& word, bool asJson) {
+    return asJson ? FindingHelpJson(word) : FindingHelp(word);
+}
+
+const HelpRegistration helpRegistration(Help);
 
 const CommandRegistration registration({"check", "Tell why a package does not open, and what is wrong",
                                         Declare});

@@ -141,6 +141,10 @@ const ContainerEntry* Container::Find(std::string_view name) const {
     return index < entries_.size() ? &entries_[index] : nullptr;
 }
 
+bool Container::Has(std::string_view name) const {
+    return directory_ && directory_->Find(name) != nullptr;
+}
+
 std::string Container::Bytes(std::uint64_t position, std::uint64_t size) const {
     std::string bytes(static_cast<std::size_t>(size), '\0');
     if (!ReadAt(position, bytes.data(), bytes.size())) bytes.clear();

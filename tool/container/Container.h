@@ -95,8 +95,12 @@ public:
     const std::vector<ContainerEntry>& Entries() const noexcept { return entries_; }
     std::size_t EntryCount() const noexcept { return directory_ ? directory_->Count() : 0; }
 
-    // [borrowed] The first entry of this name, or null.
+    // [borrowed] The first entry of this name, or null; null also for one that is not told of.
     const ContainerEntry* Find(std::string_view name) const;
+    // Whether there is an entry of this name, told of or not.
+    bool Has(std::string_view name) const;
+    // Whether all entries are told of.
+    bool IsWhole() const noexcept { return entries_.size() == EntryCount(); }
 
     // With a directory only.
     const ContainerEnd& End() const noexcept { return end_; }
