@@ -21,13 +21,15 @@ std::string SystemError(int error) {
     return "cannot be read: " + std::generic_category().message(error);
 }
 
+bool IsFolder(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 // Empty when the file can be read.
 std::string WhyUnreadable(const std::string& path) {
     struct stat status;
     if (stat(path.c_str(), &status) != 0) return SystemError(errno);
-    if (S_ISDIR(status.st_mode)) {
-        return "is a folder; commands for several files take the documents below it with -r";
-    }
     // Reading a pipe could wait for ever.
     if (!S_ISREG(status.st_mode)) return "not a regular file";
     std::FILE* file = std::fopen(path.c_str(), "rb");
@@ -69,6 +71,13 @@ void CheckFileItself(const Subject& subject, Findings& findings) {
     if (!IsLocalText(subject.file.path)) {
         findings.AddStop(FindingId::NameOutsideLocale, [](Finding& finding) {
             finding.cause = "the file name is not text in the encoding of the locale";
+        });
+        return;
+    }
+    if (IsFolder(subject.file.path)) {
+        findings.AddStop(FindingId::UnreadableFile, [](Finding& finding) {
+            finding.cause = "is a folder; commands for several files take the documents below with -r";
+            finding.hint = "add -r, or name a file in it";
         });
         return;
     }

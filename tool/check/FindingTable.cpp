@@ -352,7 +352,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
     {FindingId::TooManyEntries, Severity::Warning, "more entries than are looked at",
      "The archive has more entries than the limit for looking (--max-entries; 1,048,576 without "
      "it). The library lists them all; the check has looked at the first ones only.",
-     "do not trust the file"},
+     "raise --max-entries if the file can be trusted"},
     {FindingId::DeceptiveName, Severity::Warning, "entry name that is not what it looks like",
      "The name has control characters, characters that turn the direction of writing, or "
      "non-characters, so what a person sees is not what a program compares. Here they are shown "

@@ -122,12 +122,12 @@ private:
 
     Outcome DoJson(const InputFile& file, Output& out) const {
         Json json = {{"package", ToUtf8(FromLocal(file.name))},
-                     {"opened", true},
+                     {"opened", nullptr},
                      {"status", 0},
                      {"error", nullptr}};
         json.update(command_.members);
         const Outcome outcome = Attempt(file, [&] { return command_.fillJson(file, json); });
-        if (outcome.status == kNotOpened) json["opened"] = false;
+        if (json["opened"].is_null()) json["opened"] = outcome.status != kNotOpened;
         json["status"] = static_cast<int>(outcome.status);
         if (!outcome.error.empty()) json["error"] = outcome.error;
         out.WriteLine(list_.isSeveral ? JsonLine(json) : JsonText(json));
