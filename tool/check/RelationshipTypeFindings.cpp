@@ -12,6 +12,7 @@
 #include "tool/check/PartNames.h"
 #include "tool/check/Shown.h"
 #include "tool/check/WordCounts.h"
+#include "tool/model/RelationshipQuery.h"
 #include "tool/model/StrictTypes.h"
 #include "tool/text/Size.h"
 #include "tool/text/Unicode.h"
@@ -45,14 +46,14 @@ std::string UnknownTypeWord(const opc::Relationship& relationship) {
     return Shown(tarn::CopyText(relationship.GetType()));
 }
 
-// Types of which several stand with one source. The library tells types apart by its numbers, so
-// spelling does not matter.
+// Types of which several stand with one source. Letter case does not matter to the look-up.
 class RepeatedTypes {
 public:
     void Look(const CheckedSource& source) {
         std::map<opc::RelationshipTypeId, std::vector<const opc::Relationship*>> types;
         for (const opc::Relationship* one : source.relationships) {
-            if (one->GetTypeId() != opc::RelTypeUnknown) types[one->GetTypeId()].push_back(one);
+            const opc::RelationshipTypeId type = SearchTypeId(*one);
+            if (type != opc::RelTypeUnknown) types[type].push_back(one);
         }
         for (const auto& [id, relationships] : types) {
             if (relationships.size() > 1) Add(source, *relationships.front(), relationships.size());
@@ -85,7 +86,7 @@ private:
     using Uses = std::vector<Use>;
 
     void Add(const CheckedSource& source, const opc::Relationship& first, std::uint64_t count) {
-        const auto [word, isNew] = words_.try_emplace(first.GetTypeId(), TypeTail(first));
+        const auto [word, isNew] = words_.try_emplace(SearchTypeId(first), TypeTail(first));
         types_[word->second].push_back({&source, count});
     }
 

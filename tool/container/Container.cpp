@@ -116,7 +116,7 @@ void Container::ReadLocalHeaders() {
     std::vector<zip::Entry> entries;
     std::string names;
     ScanLocalHeaders(*this, [&](const LocalHeader& header, const std::string& name) {
-        if (entries.size() == mostEntries_) return;
+        if (entries.size() == kMostEntries) return;
         const std::size_t nameAt = names.size();
         zip::AppendEntryName(names, name, kUnix);
         headers.push_back(header);

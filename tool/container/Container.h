@@ -78,8 +78,8 @@ class Container {
 public:
     static constexpr std::size_t kMostEntries = 1 << 20;
 
-    // Nothing when the path leads to no readable regular file. Entries beyond the most are counted,
-    // but not told of.
+    // Nothing when the path leads to no readable regular file. Entries of the directory beyond the
+    // most are counted, but not told of.
     static std::optional<Container> Read(const std::string& path,
                                          std::size_t mostEntries = kMostEntries);
 
