@@ -59,7 +59,7 @@ void AddFiles(CLI::App& app, FileOptions& options) {
 
 void AddFileOptions(CLI::App& app, FileOptions& options) {
     app.add_flag("-r,--recursive", options.files.recursive, "take the documents below a folder");
-    app.footer(DocumentsNote());
+    app.footer(DocumentsNote() + "\n" + app.get_footer());
     TakesNumber(app.add_option("-j,--jobs", options.jobs,
                                "files to read at the same time; 0 for all processors"));
     AddWhen(app, "--progress", options.progress, "show how far it is");
