@@ -200,12 +200,9 @@ ExitStatus Run(const Arguments& arguments) {
         ShowTypes(comparison, out);
         return StatusOf(comparison);
     };
-    command.members = {{"other", ToUtf8(FromLocal(other.name))},
-                       {"other_opened", true},
-                       {"parts", Json::array()},
-                       {"relationships", Json::array()},
-                       {"firsts", Json::array()},
-                       {"types", Json::array()}};
+    command.members = {
+        {"other", ToUtf8(FromLocal(other.name))}, {"other_opened", true},    {"parts", Json::array()},
+        {"relationships", Json::array()},         {"firsts", Json::array()}, {"types", Json::array()}};
     command.fillJson = [&](const InputFile& file, Json& json) {
         // The error alone does not tell which of them it is about.
         json["opened"] = static_cast<bool>(FindPackage(file));

@@ -34,7 +34,8 @@ ExitStatus Run(const CLI::App& program, const Arguments& arguments) {
     const std::string& word = arguments.word;
     std::string text = word.empty() ? HelpOfProgram(program) : HelpOfCommand(program, word);
     if (!text.empty() && arguments.json) {
-        throw CLI::ValidationError("--json", "findings are what there is as JSON: vexpa help VX --json");
+        throw CLI::ValidationError("--json",
+                                   "findings are what there is as JSON: vexpa help VX --json");
     }
     if (text.empty()) text = HelpOn(word, arguments.json);
     if (text.empty()) throw ToolError(kNoSuchPart, PrintableLocal(word) + ": no such command or topic");
