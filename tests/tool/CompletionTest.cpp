@@ -97,7 +97,8 @@ TEST(BashCompletion, NamesTheFilesAndThePartsInThem) {
     const std::string path = named.Path(), folder = path.substr(0, path.rfind('/') + 1);
     EXPECT_THAT(Complete({"tree", folder}), ElementsAre(path));
     EXPECT_THAT(Complete({"cat", path, "word/"}), ElementsAre("word/document.xml", "word/a\\ b.xml"));
-    EXPECT_THAT(Complete({"cat", path, "/word/"}), ElementsAre("/word/document.xml", "/word/a\\ b.xml"));
+    EXPECT_THAT(Complete({"cat", path, "/word/"}),
+                ElementsAre("/word/document.xml", "/word/a\\ b.xml"));
     EXPECT_THAT(Complete({"cat", path, "/m"}), IsEmpty());
     EXPECT_THAT(Complete({"cat", path, "["}), ElementsAre("\\[Content_Types\\].xml"));
     EXPECT_THAT(Complete({"cat", "--hex", path, "m"}), ElementsAre("main"));
@@ -183,10 +184,12 @@ TEST(ManPage, NamesEveryCommandAndOption) {
 TEST(ManPage, NamesTheExtensionsOfDocuments) {
     std::istringstream page(ManPage());
     std::vector<std::string> named;
-    for (std::string word; page >> word && word != ".\"documents";) {}
+    for (std::string word; page >> word && word != ".\"documents";) {
+    }
     for (std::string word; page >> word && word != ".PP";) named.push_back(word);
     std::vector<std::string> all;
-    for (const std::string_view extension : vexpa_tool::DocumentExtensions()) all.emplace_back(extension);
+    for (const std::string_view extension : vexpa_tool::DocumentExtensions())
+        all.emplace_back(extension);
     EXPECT_EQ(named, all);
     const std::string help = RunTool({"check", "--help"}).out;
     for (const std::string& extension : all) EXPECT_THAT(help, HasSubstr(" " + extension));

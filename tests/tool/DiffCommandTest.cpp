@@ -127,8 +127,9 @@ std::string DifferenceOf(const std::string& typeA, const std::string& modeA, con
 
 TEST(DiffCommandSides, DifferWhereOnlyTheModeDoes) {
     const std::string type = "urn:x/image";
-    EXPECT_EQ(DifferenceOf(type, "", type, "External"),
-              "~ word/document.xml  rId1  image [-] -> word/x.xml => image [-] -> word/x.xml (external)\n");
+    EXPECT_EQ(
+        DifferenceOf(type, "", type, "External"),
+        "~ word/document.xml  rId1  image [-] -> word/x.xml => image [-] -> word/x.xml (external)\n");
 }
 
 TEST(DiffCommandSides, HaveTheWholeTypeWhereTheEndsAreEqual) {
@@ -247,8 +248,7 @@ TEST_F(DiffCommand, AsJsonTellsWhichOfTheTwoDoesNotOpen) {
 TEST_F(DiffCommand, TellsOfXmlByAnotherProgram) {
     ToolSetting setting;
     setting.hasPath = false;
-    const ToolRun run =
-        RunTool({"diff", "--xml", a_.Write().Path(), b_.Write().Path()}, setting);
+    const ToolRun run = RunTool({"diff", "--xml", a_.Write().Path(), b_.Write().Path()}, setting);
     EXPECT_EQ(run.status, 5);
     EXPECT_EQ(run.err, "vexpa: --xml needs the program diff, which cannot be run\n");
 }

@@ -227,8 +227,7 @@ TEST(GraphCommand, KnowsTheTypesOfStrictDocuments) {
     file.Entry("word/_rels/document.xml.rels",
                RelationshipsXml(RelationshipXml("a", strict + "oleObject", "object.bin") +
                                 RelationshipXml("b", strict + "hyperlink", "http://x/", "External")));
-    const auto graph =
-        nlohmann::json::parse(RunTool({"graph", "--json", file.Write().Path()}).out);
+    const auto graph = nlohmann::json::parse(RunTool({"graph", "--json", file.Write().Path()}).out);
     std::vector<std::string> kinds;
     for (const auto& node : graph["nodes"]) kinds.push_back(node["kind"]);
     EXPECT_THAT(kinds, testing::ElementsAre("package", "main", "embedded", "external"));

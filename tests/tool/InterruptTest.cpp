@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-
 #include <unistd.h>
 
 #include <csignal>
@@ -83,10 +82,10 @@ TEST(Interrupt, WhileStandardInputIsReadEndsWithStatus130) {
         ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
         std::ofstream writer;
         const ToolRun run = RunTool({"parts", argument}, {.inputFile = pipe, .onStart = [&](int child) {
-                                        writer.open(pipe);
-                                        WaitUntilItHandlesInterrupts(child);
-                                        kill(child, SIGINT);
-                                    }});
+                                                              writer.open(pipe);
+                                                              WaitUntilItHandlesInterrupts(child);
+                                                              kill(child, SIGINT);
+                                                          }});
         EXPECT_EQ(run.status, 130);
         EXPECT_EQ(run.out + run.err, "");
     }

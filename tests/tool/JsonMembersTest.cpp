@@ -34,10 +34,17 @@ protected:
 TEST_F(JsonMembers, OfWhatIsSaidOfAFileBeginWithTheFile) {
     for (const std::string& path : {path_, text_.Path()}) {
         const std::vector<std::vector<std::string>> commands = {
-            {"check", path}, {"dump", path},  {"graph", path},
-            {"info", path},  {"ls", path},    {"parts", path},
-            {"rels", path},  {"tree", path},  {"types", path},
-            {"diff", path, path_}, {"storage", path, "main"},
+            {"check", path},
+            {"dump", path},
+            {"graph", path},
+            {"info", path},
+            {"ls", path},
+            {"parts", path},
+            {"rels", path},
+            {"tree", path},
+            {"types", path},
+            {"diff", path, path_},
+            {"storage", path, "main"},
         };
         for (std::vector<std::string> command : commands) {
             SCOPED_TRACE(command.front());

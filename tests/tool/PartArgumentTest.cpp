@@ -134,11 +134,10 @@ TEST(PartArgumentMain, MayLeadNowhere) {
 
 // Where the library finds no officeDocument relationship, `info` shows what stands in its place.
 TEST(PartArgumentMain, IsThePartThatInfoShows) {
-    for (const char* type :
-         {"http://purl.oclc.org/ooxml/officeDocument/relationships/officeDocument",
-          "http://schemas.microsoft.com/visio/2010/relationships/document",
-          "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
-          "http://schemas.microsoft.com/3dmanufacturing/2013/01/3dmodel"}) {
+    for (const char* type : {"http://purl.oclc.org/ooxml/officeDocument/relationships/officeDocument",
+                             "http://schemas.microsoft.com/visio/2010/relationships/document",
+                             "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
+                             "http://schemas.microsoft.com/3dmanufacturing/2013/01/3dmodel"}) {
         SCOPED_TRACE(type);
         PackageFile file;
         file.Relationship("r1", kStyles, "other.xml");

@@ -18,7 +18,7 @@ struct ToolRun {
 // What surrounds the tool.
 struct ToolSetting {
     std::vector<std::string> environment = {"LC_ALL=C.UTF-8"};  // all of it, save ToolEnvironment
-    std::string workFolder = {};     // where the tool is started
+    std::string workFolder = {};                                // where the tool is started
     std::string outputFile = {};     // where standard output goes instead of ToolRun::out
     std::string inputFile = {};      // what standard input is, when not what the tests have
     std::string input = {};          // what comes through a pipe as standard input

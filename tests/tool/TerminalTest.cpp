@@ -73,10 +73,17 @@ TEST_F(Terminal, ColourOnlyRepeatsWhatWordsSay) {
     const std::string otherPath = other.Write().Path();
     const ScratchFile text("plain text");
     const std::vector<std::vector<std::string>> commands = {
-        {"tree", path_},         {"rels", path_},        {"parts", path_},
-        {"types", path_},        {"ls", path_},          {"info", path_},
-        {"info", text.Path()},   {"check", path_},       {"check", text.Path()},
-        {"check", path_, text.Path()}, {"diff", path_, otherPath},
+        {"tree", path_},
+        {"rels", path_},
+        {"parts", path_},
+        {"types", path_},
+        {"ls", path_},
+        {"info", path_},
+        {"info", text.Path()},
+        {"check", path_},
+        {"check", text.Path()},
+        {"check", path_, text.Path()},
+        {"diff", path_, otherPath},
     };
     for (std::vector<std::string> command : commands) {
         SCOPED_TRACE(command.front() + " " + command.back());

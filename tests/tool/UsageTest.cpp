@@ -18,24 +18,30 @@ TEST(Usage, WhatIsWrongIsSaidOfOptionsFirst) {
         const char* error;
     } rows[] = {
         {"no command", {"--json"}, "a command is required (see vexpa --help)"},
-        {"an unknown command", {"trees", "a"},
-         "no such command or option: trees (see vexpa --help)"},
-        {"an unknown option and no file", {"check", "--bogus"},
+        {"an unknown command", {"trees", "a"}, "no such command or option: trees (see vexpa --help)"},
+        {"an unknown option and no file",
+         {"check", "--bogus"},
          "no such option: --bogus (see vexpa check --help)"},
-        {"an unknown short option", {"check", "-x.docx"},
+        {"an unknown short option",
+         {"check", "-x.docx"},
          "no such option: -x.docx (see vexpa check --help)"},
         {"no file", {"check"}, "FILE is required (see vexpa check --help)"},
         {"no part", {"cat", "a"}, "PART is required (see vexpa cat --help)"},
         {"a word too many", {"cat", "a", "b", "c"}, "one word too many: c (see vexpa cat --help)"},
-        {"an option without its value", {"check", "a", "--fail-on"},
+        {"an option without its value",
+         {"check", "a", "--fail-on"},
          "--fail-on: needs a value (see vexpa check --help)"},
-        {"an option of a command before it", {"--ascii", "tree", "a"},
+        {"an option of a command before it",
+         {"--ascii", "tree", "a"},
          "options stand behind the command: vexpa tree --ascii (see vexpa tree --help)"},
-        {"an option that the program has, too", {"--json", "check", "a"},
+        {"an option that the program has, too",
+         {"--json", "check", "a"},
          "options stand behind the command: vexpa check --json (see vexpa check --help)"},
-        {"an option of another command", {"--deep", "tree", "a"},
+        {"an option of another command",
+         {"--deep", "tree", "a"},
          "no such option: --deep (see vexpa tree --help)"},
-        {"help on a command as JSON", {"help", "cat", "--json"},
+        {"help on a command as JSON",
+         {"help", "cat", "--json"},
          "--json: findings are what there is as JSON: vexpa help VX --json (see vexpa help --help)"},
     };
     for (const auto& row : rows) {
@@ -108,8 +114,13 @@ TEST(Usage, WhatIsAListIsAllTaken) {
 
 TEST(Usage, NumbersAreDigits) {
     const std::vector<std::vector<std::string>> wrong = {
-        {"-j", ""},           {"-j", "-1"},      {"-j", "two"},   {"-j", "99999999999999999999"},
-        {"--max-entries", ""}, {"--max-entries", "-1"}, {"--max-entries", "1.5"},
+        {"-j", ""},
+        {"-j", "-1"},
+        {"-j", "two"},
+        {"-j", "99999999999999999999"},
+        {"--max-entries", ""},
+        {"--max-entries", "-1"},
+        {"--max-entries", "1.5"},
     };
     for (const auto& options : wrong) {
         SCOPED_TRACE(options[0] + " " + options[1]);

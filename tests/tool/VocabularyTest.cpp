@@ -39,15 +39,24 @@ TEST_F(VocabularyOfCommands, IsFilledWhereNamesAreLookedUp) {
 // Starting then takes milliseconds less.
 TEST_F(VocabularyOfCommands, IsLeftEmptyByAllOthers) {
     const std::vector<std::vector<std::string>> commands = {
-        {"--help"},          {"--version"},
-        {"cat", path_, "main"}, {"cat", "--pretty", path_, "main"},
-        {"check", path_},    {"completion", "bash"},
-        {"diff", path_, path_}, {"dump", path_},
-        {"graph", path_},    {"graph", "--mermaid", path_},
-        {"help", "VX305"},   {"info", path_},
-        {"ls", path_},       {"parts", path_},
-        {"rels", path_},     {"storage", path_, "main"},
-        {"tokens", "--types"}, {"tree", path_},
+        {"--help"},
+        {"--version"},
+        {"cat", path_, "main"},
+        {"cat", "--pretty", path_, "main"},
+        {"check", path_},
+        {"completion", "bash"},
+        {"diff", path_, path_},
+        {"dump", path_},
+        {"graph", path_},
+        {"graph", "--mermaid", path_},
+        {"help", "VX305"},
+        {"info", path_},
+        {"ls", path_},
+        {"parts", path_},
+        {"rels", path_},
+        {"storage", path_, "main"},
+        {"tokens", "--types"},
+        {"tree", path_},
         {"types", path_},
     };
     for (const std::vector<std::string>& arguments : commands) {

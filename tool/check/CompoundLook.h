@@ -12,7 +12,7 @@ namespace vexpa_tool {
 
 struct CompoundLook {
     FindingId id = FindingId::OtherCompoundFile;
-    std::string what;  // "with EncryptedPackage (password-protected document)"
+    std::string what;                     // "with EncryptedPackage (password-protected document)"
     std::vector<std::string> names = {};  // below the root, where they are all that is known
 };
 

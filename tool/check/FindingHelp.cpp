@@ -15,14 +15,15 @@ namespace {
 
 std::string StepsText(FindingId id) {
     std::string text;
-    for (const Step step : StepsOf(id)) text += (text.empty() ? "" : " or ") + std::string(StepText(step));
+    for (const Step step : StepsOf(id))
+        text += (text.empty() ? "" : " or ") + std::string(StepText(step));
     return text;
 }
 
 std::string Explain(const FindingKind& kind) {
     return IdText(kind.id) + "  " + kind.title + "\n" + SeverityText(kind.severity) +
-           ", found at the step: " + StepsText(kind.id) + "\n\n" +
-           Wrapped(kind.text, "  ", "  ") + "\n" + Wrapped(kind.hint, "  hint: ", "        ");
+           ", found at the step: " + StepsText(kind.id) + "\n\n" + Wrapped(kind.text, "  ", "  ") +
+           "\n" + Wrapped(kind.hint, "  hint: ", "        ");
 }
 
 std::string List(const std::vector<const FindingKind*>& kinds) {
@@ -47,12 +48,9 @@ std::vector<const FindingKind*> KindsOf(const std::string& word) {
 Json KindJson(const FindingKind& kind) {
     Json steps = Json::array();
     for (const Step step : StepsOf(kind.id)) steps.push_back(StepText(step));
-    return {{"id", IdText(kind.id)},
-            {"severity", SeverityText(kind.severity)},
-            {"steps", std::move(steps)},
-            {"title", kind.title},
-            {"text", kind.text},
-            {"hint", kind.hint}};
+    return {{"id", IdText(kind.id)},     {"severity", SeverityText(kind.severity)},
+            {"steps", std::move(steps)}, {"title", kind.title},
+            {"text", kind.text},         {"hint", kind.hint}};
 }
 
 }  // namespace

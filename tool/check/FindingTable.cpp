@@ -346,7 +346,8 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "rename the entry; do not unpack the file by name"},
     {FindingId::LoadedFromOutside, Severity::Info, "target outside that is loaded unasked",
      "An attached template, a linked object or image, a frame, a sub-document, an imported document "
-     "or a data source lies outside of the package, and editors load it without a click. It is a warning where the target is on "
+     "or a data source lies outside of the package, and editors load it without a click. It is a "
+     "warning where the target is on "
      "another machine: templates from the network are a known way of attack.",
      "remove the relationship, or embed what it leads to"},
     {FindingId::TooManyEntries, Severity::Warning, "more entries than are looked at",

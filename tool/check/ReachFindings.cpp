@@ -50,7 +50,8 @@ void CheckReach(const Subject& subject, Findings& findings) {
             finding.hint = "look for the names in the XML of the document and its pages";
         }
         finding.namesAllItems = names.IsWhole();
-        for (const ContainerEntry* entry : entries) findings.AddItem(finding, {std::string(entry->name)});
+        for (const ContainerEntry* entry : entries)
+            findings.AddItem(finding, {std::string(entry->name)});
     });
 }
 

@@ -70,7 +70,8 @@ public:
             for (const auto& [type, uses] : types_) {
                 list.Add(type + " (" + UsesText(uses, only != nullptr) + ")");
                 if (uses.size() > 1) finding.namesAllItems = false;
-                for (const Use& use : uses) findings.AddItem(finding, {use.source->entry, type, use.count});
+                for (const Use& use : uses)
+                    findings.AddItem(finding, {use.source->entry, type, use.count});
             }
             finding.cause = "a look-up by type answers the first of several: " + list.Text();
             finding.namesAllItems = finding.namesAllItems && list.IsWhole();

@@ -90,9 +90,9 @@ void CheckStray(const Subject& subject, const ContainerEntry& entry, Findings& f
     findings.Add(FindingId::StrayRelationships, severity, [&](Finding& finding) {
         finding.entry = name;
         const std::string part = Shown(variant == nullptr ? std::string_view(*source) : variant->name);
-        finding.cause = isMissed ? "misses the part " + part +
-                                       " by the case of its letters, and is not read"
-                                 : "there is no part " + part;
+        finding.cause = isMissed
+                            ? "misses the part " + part + " by the case of its letters, and is not read"
+                            : "there is no part " + part;
     });
 }
 

@@ -24,7 +24,7 @@ public:
     // Throws a ToolError when one of them does not open.
     PackageComparison(const InputFile& fileA, const InputFile& fileB, const ComparedKinds& kinds);
 
-    bool IsEmpty() const { 
+    bool IsEmpty() const {
         return parts.empty() && relationships.empty() && firsts.empty() && types.empty();
     }
 

@@ -68,7 +68,8 @@ private:
         const opc::Relationship* main = MainRelationship(package_);
         if (main == nullptr) Fail("no such part: the package has no relationship to a main part");
         opc::Part* part = TargetPart(package_, *main);
-        if (part == nullptr) Fail("no such part: the " + TypeEnd(*main) + " relationship leads to none");
+        if (part == nullptr)
+            Fail("no such part: the " + TypeEnd(*main) + " relationship leads to none");
         return part;
     }
 

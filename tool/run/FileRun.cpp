@@ -67,8 +67,7 @@ private:
     static unsigned Processors() { return std::max(1U, std::thread::hardware_concurrency()); }
 
     std::size_t CountJobs() const {
-        const unsigned wanted =
-            options_.jobs == 0 ? Processors() : std::min(options_.jobs, kMostJobs);
+        const unsigned wanted = options_.jobs == 0 ? Processors() : std::min(options_.jobs, kMostJobs);
         return std::min<std::size_t>(wanted, list_.files.size());
     }
 

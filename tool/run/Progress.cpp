@@ -69,7 +69,9 @@ std::string ProgressText(const ProgressState& state, std::size_t width) {
 
 ProgressPace::ProgressPace(bool isTerminal, bool isEager)
     : pause_(isTerminal ? kTerminalPause : kLogPause),
-      next_(!isTerminal ? kLogPause : isEager ? 0 : kQuietSeconds) {}
+      next_(!isTerminal ? kLogPause
+            : isEager   ? 0
+                        : kQuietSeconds) {}
 
 bool ProgressPace::IsDue(double seconds) {
     if (seconds < next_) return false;

@@ -23,7 +23,8 @@ QString Decode(const std::string& local) {
 // "\xff"
 std::string ByteText(char byte) {
     char text[8];
-    std::snprintf(text, sizeof text, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+    std::snprintf(text, sizeof text, "\\x%02x",
+                  static_cast<unsigned>(static_cast<unsigned char>(byte)));
     return text;
 }
 
@@ -59,7 +60,8 @@ std::string PrintableLocal(const std::string& local) {
         wchar_t character = 0;
         const std::size_t size = std::mbrtowc(&character, rest.data(), rest.size(), &state);
         const bool isText = size != 0 && size <= rest.size();
-        printable += isText ? Printable(FromLocal(std::string(rest.substr(0, size)))) : ByteText(rest[0]);
+        printable +=
+            isText ? Printable(FromLocal(std::string(rest.substr(0, size)))) : ByteText(rest[0]);
         rest.remove_prefix(isText ? size : 1);
         if (!isText) state = {};
     }

@@ -84,8 +84,9 @@ TEST(CheckCommand, SaysThatAFolderIsOneAndWhatToDo) {
 
 TEST(CheckCommand, SaysThatPagesAreReferredToByName) {
     const ScratchFile pages(Spoiled([](SoundPackage& p) {
-        p.relationships = Relation(
-            "rId1", "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation", "word/document.xml");
+        p.relationships =
+            Relation("rId1", "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
+                     "word/document.xml");
         p.Add("pages/1.png", "x");
     }));
     const ScratchFile other(Spoiled([](SoundPackage& p) { p.Add("pages/1.png", "x"); }));

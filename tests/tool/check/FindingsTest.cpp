@@ -162,12 +162,10 @@ TEST(Findings, NameTheCause) {
          FindingId::NoDirectory,
          "the end record says that the directory begins at offset 70,000 and has 9 bytes, but the "
          "file has only "},
-        {"a name that is written with backslashes", Spoiled([](SoundPackage& p) {
-             p.Add("a\\c.png", "x").madeBy = 0x0014;
-         }),
-         FindingId::Backslash, "the name is written with '\\' and read with '/': a\\c.png"},
-        {"a NUL in a name",
-         Spoiled([](SoundPackage& p) { p.Add(std::string("a\0b.png", 7), "x"); }),
+        {"a name that is written with backslashes",
+         Spoiled([](SoundPackage& p) { p.Add("a\\c.png", "x").madeBy = 0x0014; }), FindingId::Backslash,
+         "the name is written with '\\' and read with '/': a\\c.png"},
+        {"a NUL in a name", Spoiled([](SoundPackage& p) { p.Add(std::string("a\0b.png", 7), "x"); }),
          FindingId::DeceptiveName,
          "the name has control characters or turns the direction of writing: a\\x00b.png"},
         {"broken data", Spoiled([](SoundPackage& p) { p.zip.entries[0].rawData = "\xFF\xFF"; }),

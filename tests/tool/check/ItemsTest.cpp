@@ -56,8 +56,14 @@ TEST(Items, AreAllInJson) {
         {"VX104", 10, Item("x\\9/a.png", nullptr, nullptr)},
         {"VX111", 10, Item("\u00fc9.png", nullptr, nullptr)},
         {"VX405", 10, Item(nullptr, "9", 1)},
-        {"VX410", 30, Item("bell\x07" "9.png", nullptr, nullptr)},
-        {"VX609", 10, Item("bell\x07" "9.png", nullptr, nullptr)},
+        {"VX410", 30,
+         Item("bell\x07"
+              "9.png",
+              nullptr, nullptr)},
+        {"VX609", 10,
+         Item("bell\x07"
+              "9.png",
+              nullptr, nullptr)},
         {"VX701", 10, Item(nullptr, "urn:9", 1)},
         {"VX702", 10, Item(nullptr, "w:n9", 1)},
     };
@@ -122,9 +128,10 @@ std::string Repeating(int sources) {
             for (const char* id : {"t1", "t2", "t3"}) {
                 themes += Relation(id, OfficeType("theme"), "media/image1.png");
             }
-            p.Add("word/_rels/" + part + ".rels",
-                  "<Relationships xmlns='http://schemas.openxmlformats.org/package/2006/relationships'>" +
-                      themes + "</Relationships>");
+            p.Add(
+                "word/_rels/" + part + ".rels",
+                "<Relationships xmlns='http://schemas.openxmlformats.org/package/2006/relationships'>" +
+                    themes + "</Relationships>");
         }
     });
 }

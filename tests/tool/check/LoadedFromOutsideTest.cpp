@@ -45,8 +45,7 @@ TEST(LoadedFromOutside, IsToldByItsType) {
         for (const std::string& type : {OfficeType(loaded.type), kStrict + loaded.type}) {
             SCOPED_TRACE(type);
             const Finding finding = FindingOf(CheckWith(type, kServer), FindingId::LoadedFromOutside);
-            EXPECT_EQ(finding.cause,
-                      std::string(loaded.what) + " lies on another machine: " + kServer);
+            EXPECT_EQ(finding.cause, std::string(loaded.what) + " lies on another machine: " + kServer);
             EXPECT_EQ(finding.entry, "word/document.xml");
             EXPECT_EQ(finding.relationship, "rId2");
         }

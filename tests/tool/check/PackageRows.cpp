@@ -15,8 +15,7 @@ std::string With(const std::string& before, const std::string& after) {
     return Spoiled([&](SoundPackage& p) { p.relationships = before + p.relationships + after; });
 }
 
-const std::string kMetadata =
-    "http://schemas.openxmlformats.org/package/2006/relationships/metadata/";
+const std::string kMetadata = "http://schemas.openxmlformats.org/package/2006/relationships/metadata/";
 const std::string kUri = "'http://schemas.openxmlformats.org/package/2006/relationships'";
 
 }  // namespace
@@ -77,15 +76,15 @@ FindingRows PackageRows() {
          ""},
         {"a target with a fragment",
          With(Relation("rId2", OfficeType("theme"), "word/document.xml#a"), ""), "VX302 VX404"},
-        {"a target with a dot",
-         With(Relation("rId2", OfficeType("theme"), "./word/document.xml"), ""), "VX302 VX407"},
+        {"a target with a dot", With(Relation("rId2", OfficeType("theme"), "./word/document.xml"), ""),
+         "VX302 VX407"},
         {"a relationship without an Id",
          With("<Relationship Type='" + OfficeType("theme") + "' Target='word/document.xml'/>", ""),
          "VX409"},
         {"pages that the XML names", Spoiled([](SoundPackage& p) {
-             p.relationships = Relation(
-                 "rId1", "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
-                 "word/document.xml");
+             p.relationships =
+                 Relation("rId1", "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
+                          "word/document.xml");
              p.Add("pages/1.png", "x");
          }),
          "VX303 VX405 VX410"},
