@@ -66,6 +66,22 @@ TEST(Growth, OfPartsWithContentAndRelationships) {
     });
 }
 
+// Each spelling that is a part has the relationships of the entry once more.
+TEST(Growth, OfSpellingsOfOneName) {
+    ExpectWalkGrowsWithSize(200, [](std::size_t n) {
+        const auto spelling = [](std::size_t i) {
+            std::string name = "a";
+            for (std::size_t bit = 0; bit < 12; ++bit) name += (i >> bit & 1) != 0 ? "\\a" : "/a";
+            return name;
+        };
+        const auto all = Each(n, [&](std::size_t i) { return Related(Number(i), "/" + spelling(i)); });
+        ZipFile zip = PackageOf(all);
+        AddEmpty(zip, spelling(0));
+        zip.Add("a/a/a/a/a/a/a/a/a/a/a/a/_rels/a.rels", Root(all));
+        return zip;
+    });
+}
+
 TEST(Growth, OfRelationshipsOfThePackage) {
     ExpectWalkGrowsWithSize(1'000, [](std::size_t n) {
         return PackageOf(Each(n, [](std::size_t i) { return Related(Number(i), "a.xml"); }));

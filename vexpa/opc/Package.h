@@ -47,7 +47,8 @@ public:
     virtual void Close() = 0;
 
     // [borrowed] The part of this name, loaded with its relationships on first use; null
-    // when the archive has no such entry.
+    // when the archive has no such entry. '\' stands for '/', so an entry can be a part under
+    // several names; of names with '\' that is 16 for each entry, and null for the others.
     virtual Part* GetPart(const PartUri& name) = 0;
 
     // Whether the archive has an entry for this name, which must begin with '/'.

@@ -15,6 +15,7 @@
 #include "vexpa/opc/PartImpl.h"
 #include "vexpa/opc/RelationshipAllowance.h"
 #include "vexpa/opc/RelationshipIndex.h"
+#include "vexpa/opc/SpellingAllowance.h"
 #include "vexpa/zip/UnZipArchive.h"
 
 namespace tarn::opc {
@@ -46,12 +47,14 @@ public:
 private:
     HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
     PartImpl* FindLoaded(std::u16string_view key) const;
+    bool MayLoad(std::u16string_view key);
     PartImpl* LoadPart(const PartUri& name, std::u16string_view key);
     void ReadPartRelationships(PartImpl& part);
 
     lumo::Compression::Zip::UnZipArchive archive_;
     OwnedObjects ownedObjects_;  // relationships that their Id map refused
     RelationshipAllowance allowance_;
+    SpellingAllowance spellings_;
     // By key, where the part stands in parts_. Close empties only the list, so that an index
     // beyond its end is one of a closed package.
     std::map<std::u16string, std::size_t, std::less<>> partsByName_;

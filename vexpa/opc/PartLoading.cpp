@@ -18,7 +18,13 @@ Part* PackageImpl::GetPart(const PartUri& name) {
     const std::u16string_view key = PartNameKey(name.name);
     if (PartImpl* loaded = FindLoaded(key)) return loaded;
     if (!archive_.HasEntry(key.data())) return nullptr;  // the end of the name, so it has its NUL
-    return LoadPart(name, key);
+    return MayLoad(key) ? LoadPart(name, key) : nullptr;
+}
+
+// Whether the entry of this key, which is there, may be a part under it.
+bool PackageImpl::MayLoad(std::u16string_view key) {
+    if (key.find(u'\\') == key.npos) return true;
+    return spellings_.Take(archive_.GetImpl()->entryIndexByName.find(EntryName(key))->second);
 }
 
 PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
