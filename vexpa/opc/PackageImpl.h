@@ -16,6 +16,7 @@
 #include "vexpa/opc/RelationshipAllowance.h"
 #include "vexpa/opc/RelationshipIndex.h"
 #include "vexpa/opc/SpellingAllowance.h"
+#include "vexpa/opc/TypeText.h"
 #include "vexpa/zip/UnZipArchive.h"
 
 namespace tarn::opc {
@@ -55,6 +56,7 @@ private:
     OwnedObjects ownedObjects_;  // relationships that their Id map refused
     RelationshipAllowance allowance_;
     SpellingAllowance spellings_;
+    TypeTexts types_;
     // By key, where the part stands in parts_. Close empties only the list, so that an index
     // beyond its end is one of a closed package.
     std::map<std::u16string, std::size_t, std::less<>> partsByName_;

@@ -61,14 +61,15 @@ HRESULT PackageImpl::ReadPackageRelationships() {
 
     // Kept: each relationship overwrites the result, so the last one alone decides whether
     // the package opens. (PackageOpen.TheLastRelationshipDecides)
-    ReadRelationships(*document.Get(), {}, [&](std::unique_ptr<RelationshipImpl> relationship) {
+    const auto file = [&](std::unique_ptr<RelationshipImpl> relationship) {
         result = E_FAIL;
         if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         const Relationship& filed = *relationship;
         relationships_.File(std::move(relationship), ownedObjects_);
         if (GetPart(filed.GetTarget()) != nullptr) result = S_OK;
         return true;
-    });
+    };
+    ReadRelationships(*document.Get(), {}, types_, file);
     return result;
 }
 

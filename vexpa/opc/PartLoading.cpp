@@ -68,7 +68,7 @@ void PackageImpl::ReadPartRelationships(PartImpl& part) {
         ++count;
         return true;
     };
-    if (document) ReadRelationships(*document.Get(), source, file);
+    if (document) ReadRelationships(*document.Get(), source, types_, file);
     allowance_.CountText(size, count);
 }
 

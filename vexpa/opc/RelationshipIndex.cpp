@@ -3,28 +3,18 @@
 #include <utility>
 
 #include "vexpa/base/Utf16.h"
-#include "vexpa/opc/NormalizeRelationshipType.h"
 
 namespace tarn::opc {
 
-void RelationshipIndex::File(std::unique_ptr<Relationship> relationship, OwnedObjects& refused) {
-    Relationship* filed = relationship.get();
+void RelationshipIndex::File(std::unique_ptr<RelationshipImpl> relationship, OwnedObjects& refused) {
+    RelationshipImpl* filed = relationship.get();
     const bool isNew = relationshipsById_.try_emplace(CopyText(filed->GetId()), filed).second;
     if (isNew) {
         static_cast<void>(relationship.release());
     } else {
         refused.push_back(std::move(relationship));
     }
-    FileByType(filed);
-}
-
-// Relationships of one type mostly follow each other, and folding a type takes longer than seeing
-// that it is the one that was folded last.
-void RelationshipIndex::FileByType(Relationship* relationship) {
-    const std::u16string_view type = FromUnits(relationship->GetType());
-    if (!relationshipsByType_.empty() && type == lastType_) return;
-    relationshipsByType_.try_emplace(NormalizeRelationshipType(type), relationship);
-    lastType_ = type;
+    relationshipsByType_.try_emplace(filed->FoldedType(), filed);
 }
 
 Relationship* RelationshipIndex::FindById(const unsigned short* id) const {
@@ -42,7 +32,8 @@ Relationship* RelationshipIndex::FindByType(RelationshipTypeId type, Relationshi
 }
 
 RelationshipRange RelationshipIndex::FindRange(const unsigned short* type) const {
-    const auto [begin, end] = relationshipsByType_.equal_range(CopyText(type));
+    const std::u16string folded = CopyText(type);
+    const auto [begin, end] = relationshipsByType_.equal_range(folded);
     const auto at = [this](auto place) {
         return place == relationshipsByType_.end() ? nullptr : place->second;
     };
@@ -51,7 +42,6 @@ RelationshipRange RelationshipIndex::FindRange(const unsigned short* type) const
 
 void RelationshipIndex::Clear() noexcept {
     relationshipsByType_.clear();
-    lastType_.clear();
     RelationshipMap owned;
     owned.swap(relationshipsById_);
     for (const auto& entry : owned) delete entry.second;
