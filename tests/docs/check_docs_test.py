@@ -1,28 +1,19 @@
 #!/usr/bin/env python3
-"""Whether the checks beside this file find what they are there to find."""
+"""Whether check_docs.py and check_contracts.py find what they are there to find."""
 
 import contextlib
 import io
-import pathlib
-import tempfile
 import unittest
 
 import check_contracts
 import check_docs
-import check_includes
+from scratch_folder import FolderTest
 
 
-class DocsTest(unittest.TestCase):
+class DocsTest(FolderTest):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.root = pathlib.Path(folder.name)
+        super().setUp()
         self.write("docs/kept-behaviour.md", "")
-
-    def write(self, name, text):
-        path = self.root / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(text, encoding="utf-8")
 
     def found(self, check):
         with contextlib.redirect_stdout(io.StringIO()) as output:
@@ -122,63 +113,6 @@ class DocsTest(unittest.TestCase):
     def test_a_row_of_the_page_without_a_test(self):
         self.write("docs/kept-behaviour.md", "| What | Why | Test |\n|---|---|---|\n| odd | so | none |\n")
         self.assertIn("no test for 'odd", self.found("kept"))
-
-
-LAYERS = """## Layers
-
-| code in | may include |
-|---|---|
-| `vexpa/base` | nothing |
-| `vexpa/base/Start.cpp` | `vexpa/base`, `vexpa/opc` |
-| `vexpa/opc` | `vexpa/base` |
-| `tool` | public headers |
-
-## More
-"""
-
-
-class IncludesTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.root = pathlib.Path(folder.name).resolve()
-        self.write("docs/design.md", LAYERS)
-        for path in ("vexpa/base/Base.h", "vexpa/opc/Package.h", "vexpa/opc/PackageImpl.h", "tool/Main.cpp"):
-            self.write(path, "")
-        self.write("vexpa/base/Start.cpp", '#include "vexpa/opc/Package.h"\n')
-
-    def write(self, name, text):
-        path = self.root / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(text, encoding="utf-8")
-
-    def found(self):
-        return list(check_includes.problems(self.root, {"vexpa/opc/Package.h"}))
-
-    def test_what_the_table_allows(self):
-        self.write("vexpa/opc/PackageImpl.h", '#include "vexpa/base/Base.h"\n#include "vexpa/opc/Package.h"\n')
-        self.write("tool/Main.cpp", '#include "vexpa/opc/Package.h"\n#include "tool/Other.h"\n')
-        self.assertEqual(self.found(), [])
-
-    def test_an_include_against_the_arrow(self):
-        self.write("vexpa/base/Base.h", '#include "vexpa/opc/Package.h"\n')
-        self.assertEqual(self.found(), ["vexpa/base/Base.h: includes vexpa/opc/Package.h"])
-
-    def test_a_private_header_where_public_ones_may_go(self):
-        self.write("tool/Main.cpp", "#include <vexpa/opc/PackageImpl.h>\n")
-        self.assertEqual(self.found(), ["tool/Main.cpp: includes vexpa/opc/PackageImpl.h"])
-
-    def test_a_file_that_no_row_is_about(self):
-        self.write("vexpa/zip/Archive.h", "")
-        self.assertEqual(self.found(), ["vexpa/zip/Archive.h: in no folder of the table"])
-
-    def test_a_row_about_nothing(self):
-        self.write("docs/design.md", LAYERS.replace("`tool`", "`tools`"))
-        self.assertEqual(self.found(), ["docs/design.md: there is no tools"])
-
-    def test_a_page_without_the_table(self):
-        self.write("docs/design.md", "## Layers\n")
-        self.assertEqual(self.found(), ["docs/design.md: no table of what may include what"])
 
 
 CLASS = """// vexpa/Part.h - a part.
