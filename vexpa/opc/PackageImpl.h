@@ -42,6 +42,7 @@ public:
     RelationshipRange GetRelationshipsByType(const unsigned short* type) override;
     bool HasRelationshipById(const unsigned short* id) override;
     Part* FindPart(const unsigned short* name) override;
+    // Kept: no copy and no share; the slots are published. (PackageClone.IsEmptyEitherWay)
     Handle<Package> Clone() override { return {}; }
     Handle<Object> ShallowClone() override { return {}; }
 

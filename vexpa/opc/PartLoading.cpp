@@ -27,6 +27,8 @@ bool PackageImpl::MayLoad(std::u16string_view key) {
     return spellings_.Take(archive_.GetImpl()->entryIndexByName.find(EntryName(key))->second);
 }
 
+// Kept: a part has the name that it was first asked for by, with or without a slash, and its
+// targets are resolved against that. (GetPart.KeepsTheNameAsItWasFirstGiven)
 PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
     auto part = std::make_unique<PartImpl>(name, EntryName(key), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
@@ -45,6 +47,9 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
 // Files the relationships of `part` on it. A part without a readable relationship
 // stream simply has none: most parts do not, and one broken .rels entry must not
 // cost the caller the part itself.
+//
+// Kept: this happens once. What cannot be read now, be it for want of memory, the part goes
+// without. (RelationshipStream.OfAFailingPlatformDoesNotCostThePart)
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
     const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));

@@ -21,6 +21,9 @@ std::unique_ptr<RelationshipImpl> MakeRelationship(
 
 }  // namespace
 
+// Kept: an element counts wherever it stands, under any root, and one that lacks its Id, type or
+// target has an empty one. (RelationshipStream.CountsElementsUnderAnyRootAndNamespace,
+// RelationshipStream.LeavesAMissingAttributeEmpty)
 void ReadRelationships(IDomDocument& document, const std::u16string& source, TypeTexts& types,
                        const RelationshipSink& sink) {
     const auto sharedSource = std::make_shared<const RelationshipSource>(source.c_str());
@@ -33,6 +36,8 @@ void ReadRelationships(IDomDocument& document, const std::u16string& source, Typ
     }
 }
 
+// Kept: a name that does not fit has no relationships.
+// (RelationshipEntryName.IsEmptyForANameThatOverflows)
 std::u16string RelationshipEntryName(const std::u16string& source) {
     // Fixed, as compiled platforms know them, in UTF-16 units. Only their first units are set, as
     // there are parts by the thousand.
