@@ -54,6 +54,12 @@ TEST(Growth, OfParts) {
     ExpectWalkGrowsWithSize(500, [](std::size_t n) { return PackageOfParts(n, Number); });
 }
 
+// The directory is read anew for each until the file has been there for long enough.
+TEST(Growth, OfPartsInAFileThatIsStampedAheadOfTheClock) {
+    const FilesOfTheFuture ahead;
+    ExpectWalkGrowsWithSize(500, [](std::size_t n) { return PackageOfParts(n, Number); });
+}
+
 TEST(Growth, OfPartsWithContentAndRelationships) {
     ExpectWalkGrowsWithSize(200, [](std::size_t n) {
         ZipFile zip = PackageOf(Each(n, [](std::size_t i) { return Related(Number(i), Number(i)); }));
