@@ -10,8 +10,8 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-// Documents open at once are few. The bytes are room for some hundred thousand entries.
-constexpr std::size_t kMostFiles = 8;
+// Documents open at once are few. The bytes are room for a hundred thousand entries.
+constexpr std::size_t kMostFiles = 64;
 constexpr std::size_t kMostBytes = 32UL * 1024 * 1024;
 // Files so much smaller than the room are kept whole.
 constexpr std::size_t kFilesKeptWhole = 4;
@@ -36,7 +36,10 @@ std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identi
     const std::lock_guard lock(mutex_);
     const auto isIt = [&identity](const Kept& kept) { return kept.identity == identity; };
     const auto found = std::find_if(kept_.begin(), kept_.end(), isIt);
-    if (found == kept_.end()) return nullptr;
+    if (found == kept_.end()) {
+        if (bytes_ > mostBytes_) DropOldest();  // the only one
+        return nullptr;
+    }
     std::rotate(found, found + 1, kept_.end());
     return kept_.back().directory;
 }
@@ -65,12 +68,14 @@ void DirectoryCache::Keep(const FileIdentity& identity,
         bytes_ -= kept.directory->MemoryUse();
         return true;
     });
-    while (!kept_.empty() && (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_)) {
-        bytes_ -= kept_.front().directory->MemoryUse();
-        kept_.erase(kept_.begin());
-    }
+    while (!kept_.empty() && (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_)) DropOldest();
     kept_.push_back({identity, directory});
     bytes_ += size;
+}
+
+void DirectoryCache::DropOldest() {
+    bytes_ -= kept_.front().directory->MemoryUse();
+    kept_.erase(kept_.begin());
 }
 
 DirectoryCache& SharedDirectoryCache() {

@@ -27,9 +27,10 @@ namespace vexpa_runtime::zip {
 // Threads  All functions may be called from any thread.
 class DirectoryCache {
 public:
-    // Keeps at most `mostFiles` directories, together at most `mostBytes` large; one that is
-    // larger is kept alone. To read it again for each of its entries would never end. A file of up
-    // to a quarter of the bytes is kept whole. The clocks are those of Settling.
+    // Keeps at most `mostFiles` directories, together at most `mostBytes` large. One that is larger
+    // is kept alone, until another file is asked for: to read it again for each of its entries
+    // would never end. A file of up to a quarter of the bytes is kept whole. The clocks are those
+    // of Settling.
     DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Settling::Clock stamping,
                    Settling::Clock steady = SteadyClock);
 
@@ -51,6 +52,7 @@ private:
         std::shared_ptr<const Directory> directory;
     };
 
+    void DropOldest();
     void Keep(const FileIdentity& identity, const std::shared_ptr<const Directory>& directory);
 
     const std::size_t mostFiles_;

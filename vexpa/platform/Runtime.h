@@ -357,7 +357,8 @@ VEXPA_RUNTIME_API HRESULT _XDOMParse(IDomDocument** out, IStream* stream, std::u
 VEXPA_RUNTIME_API HRESULT _XGetZipFileCount(const char16_t* path, std::int32_t* count);
 
 // Stores the name of each entry, in directory order, in names[0 .. count). The names are
-// [borrowed]: they are the runtime's, and end with the calling thread or its next call here.
+// [borrowed]: they are the runtime's, and end with the calling thread or its next call of any of
+// the three zip functions.
 //   E_FAIL        as for the count, or the archive no longer has exactly `count` entries;
 //                 names is left as it was
 //   E_OUTOFMEMORY memory is exhausted; names is left as it was

@@ -125,16 +125,16 @@ TEST_F(ZipDirectoryCache, ForgetsTheFileUsedLongestAgo) {
 
 TEST_F(ZipDirectoryCache, StaysWithinItsBytes) {
     ZipFile large;
-    for (int i = 0; i < 6'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
+    for (int i = 0; i < 2'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
     const ScratchFile a(large.Bytes()), b(large.Bytes());
     const auto first = Open(a);
     ASSERT_GT(first->MemoryUse(), kRoom / 3);
     ASSERT_LT(first->MemoryUse(), kRoom);
     EXPECT_TRUE(Keeps(a));
 
-    for (int i = 6'000; i < 9'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
+    for (int i = 2'000; i < 3'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
     b.Write(large.Bytes());
-    EXPECT_EQ(Open(b)->Count(), 9'000u);
+    EXPECT_EQ(Open(b)->Count(), 3'000u);
     EXPECT_TRUE(Keeps(b));
     EXPECT_FALSE(Keeps(a));
 }
@@ -150,6 +150,18 @@ TEST_F(ZipDirectoryCache, KeepsWhatIsTooLargeAlone) {
     Open(small);
     EXPECT_FALSE(Keeps(file));
     EXPECT_TRUE(Keeps(small));
+}
+
+// Also for one that is not kept itself.
+TEST_F(ZipDirectoryCache, KeepsWhatIsTooLargeUntilAnotherFileIsAskedFor) {
+    ZipFile large;
+    for (int i = 0; i < 20'000; ++i) large.Add("entry" + std::to_string(i), "").stored = true;
+    const ScratchFile file(large.Bytes()), other("plain text");
+    const auto directory = Open(file);
+    ASSERT_GT(directory->MemoryUse(), kRoom);
+    EXPECT_EQ(Open(file), directory);
+    EXPECT_EQ(Open(other), nullptr);
+    EXPECT_EQ(directory.use_count(), 1);
 }
 
 TEST_F(ZipDirectoryCache, DoesNotKeepWhatItReadFromAFileThatChangedMeanwhile) {
