@@ -23,7 +23,7 @@ std::u16string& ListedNames() {
 // Those of a large archive do not stay with the thread for good.
 void ForgetLargeList() {
     constexpr std::size_t kMostKept = 64UL * 1024 / sizeof(char16_t);
-    if (ListedNames().capacity() > kMostKept) ListedNames() = {};
+    if (ListedNames().capacity() > kMostKept) std::u16string().swap(ListedNames());
 }
 
 // What every call begins with. No exception leaves a C call.
