@@ -327,6 +327,7 @@ VEXPA_RUNTIME_API void _XCoTaskMemFree(void* memory);
 VEXPA_RUNTIME_API HRESULT _XCreateStreamOnHGBL(HGBL block, int freeOnRelease, IStream** out);
 
 // [shared] The compound file that `*block` holds, read-only. Ownership of the block as above.
+// This call and those of what it gives need a megabyte of stack at most.
 //   E_INVALIDARG  block or out is null
 //   E_FAIL        *block is null or holds no compound file; *out is null
 VEXPA_RUNTIME_API HRESULT _XStgOpenStorageOnHGBL2(HGBL* block, int freeOnRelease, IStorage** out);
