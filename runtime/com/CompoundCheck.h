@@ -22,6 +22,9 @@ bool IsSoundCompoundFile(std::span<const std::byte> bytes);
 constexpr std::size_t kMaxDirectoryDepth = 2'048;
 constexpr std::size_t kMaxStorageElements = 2'048;
 constexpr std::size_t kMaxTableEntries = 1 << 22;
+// To put an element among those that its storage has already, libgsf goes over them. As many steps
+// in all as 32 of the widest storages take, which is half a second.
+constexpr std::size_t kMaxSiblingSteps = 32 * kMaxStorageElements * (kMaxStorageElements + 1) / 2;
 
 }  // namespace vexpa_runtime
 
