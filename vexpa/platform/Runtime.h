@@ -336,6 +336,7 @@ VEXPA_RUNTIME_API void _XCoTaskMemFree(void* memory);
 VEXPA_RUNTIME_API HRESULT _XCreateStreamOnHGBL(HGBL block, int freeOnRelease, IStream** out);
 
 // [shared] The compound file that `*block` holds, read-only. Ownership of the block as above.
+// This call and those of what it gives need a megabyte of stack at most.
 //   E_INVALIDARG  block or out is null
 //   E_FAIL        *block is null or holds no compound file; *out is null
 VEXPA_RUNTIME_API HRESULT _XStgOpenStorageOnHGBL2(HGBL* block, int freeOnRelease, IStorage** out);
@@ -366,7 +367,8 @@ VEXPA_RUNTIME_API HRESULT _XDOMParse(IDomDocument** out, IStream* stream, std::u
 VEXPA_RUNTIME_API HRESULT _XGetZipFileCount(const char16_t* path, std::int32_t* count);
 
 // Stores the name of each entry, in directory order, in names[0 .. count). The names are
-// [borrowed]: they are the runtime's, and end with the calling thread or its next call here.
+// [borrowed]: they are the runtime's, and end with the calling thread or its next call of any of
+// the three zip functions.
 //   E_FAIL        as for the count, or the archive no longer has exactly `count` entries;
 //                 names is left as it was
 //   E_OUTOFMEMORY memory is exhausted; names is left as it was

@@ -238,7 +238,8 @@ TEST_F(ReadingAhead, DoesWithoutForAnEntryLargerThanAPiece) {
 }
 
 TEST_F(ReadingAhead, KeepsNothingOfAFileThatHasNotSettled) {
-    DirectoryCache unsettled(4, 1, [] { return std::timespec{0, 0}; });
+    constexpr auto kNoTime = [] { return std::timespec{0, 0}; };
+    DirectoryCache unsettled(4, 1, kNoTime, kNoTime);
     const ScratchFile file(ManyEntries(300));
     for (const char* entry : {"0", "1"}) {
         auto prospect = LookUp(unsettled, file.Path().c_str(), entry);
