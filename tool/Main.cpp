@@ -1,9 +1,11 @@
 // vexpa, the inspector of packages: reads the command line and runs one command.
 
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <memory>
 #include <new>
 #include <string>
 #include <utility>
@@ -37,7 +39,7 @@ struct CommonOptions {
 
 Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     app.name("vexpa");
-    app.formatter(std::make_shared<HelpFormatter>());
+    FormatHelp(app);
     app.set_help_flag("-h,--help", "Print this help and exit");
     // Before the version, which is printed as soon as it is met.
     app.add_flag("--json", options.versionAsJson, "Print the version as JSON");
@@ -51,8 +53,9 @@ Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     for (const Command& command : AllCommands()) {
         CLI::App* arguments = app.add_subcommand(command.name, command.summary);
         arguments->group("Commands");
-        runs.emplace_back(arguments, command.declare(*arguments));
-        AddAppearance(*arguments, options.appearance);
+        const CommandLine line(*arguments);
+        runs.emplace_back(arguments, command.declare(line));
+        AddAppearance(line, options.appearance);
     }
     return runs;
 }
@@ -61,8 +64,12 @@ Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
 std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> unknown = app.remaining();
     const bool hasCommand = !app.get_subcommands().empty();
-    if (hasCommand || unknown.empty()) return PrintableLocal(error.what());
-    return "no such command or option: " + PrintableLocal(unknown.front());
+    if (hasCommand || unknown.empty()) return error.what();
+    return "no such command or option: " + unknown.front();
+}
+
+ExitStatus EndAsWrongUsage(const std::string& what) {
+    return ComplainAndEnd(kWrongUsage, PrintableLocal(what) + " (see vexpa --help)");
 }
 
 ExitStatus RunCommandLine(int argc, char** argv) {
@@ -87,7 +94,9 @@ ExitStatus RunCommandLine(int argc, char** argv) {
         StandardOutput().WriteLine(options.versionAsJson ? JsonText({{"vexpa", number}})
                                                          : "vexpa " + number);
     } catch (const CLI::ParseError& error) {
-        return ComplainAndEnd(kWrongUsage, UsageError(app, error) + " (see vexpa --help)");
+        return EndAsWrongUsage(UsageError(app, error));
+    } catch (const WrongUsage& error) {
+        return EndAsWrongUsage(error.what());
     }
     FlushOutput();
     return status;
