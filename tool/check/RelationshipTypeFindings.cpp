@@ -5,7 +5,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "tool/check/CheckedSources.h"
@@ -13,6 +12,8 @@
 #include "tool/check/PartNames.h"
 #include "tool/check/Shown.h"
 #include "tool/check/WordCounts.h"
+#include "tool/model/RelationshipQuery.h"
+#include "tool/model/StrictTypes.h"
 #include "tool/text/Size.h"
 #include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
@@ -41,63 +42,76 @@ std::set<std::string> KnownTails() {
 std::string UnknownTypeWord(const opc::Relationship& relationship) {
     static const std::set<std::string> known = KnownTails();
     const std::string tail = TypeTail(relationship);
-    const std::u16string type = tarn::CopyText(relationship.GetType());
-    const bool isStrict = FoldedCase(ToUtf8(type)).starts_with("http://purl.oclc.org/ooxml/");
-    return known.count(FoldedCase(tail)) == 0 || isStrict ? tail : Shown(type);
+    if (known.count(FoldedCase(tail)) == 0 || IsStrictType(relationship)) return tail;
+    return Shown(tarn::CopyText(relationship.GetType()));
 }
 
-// Types of which several stand with one source.
+// Types of which several stand with one source. Letter case does not matter to the look-up.
 class RepeatedTypes {
 public:
     void Look(const CheckedSource& source) {
-        std::map<std::string, std::uint64_t> counts;
+        std::map<opc::RelationshipTypeId, std::vector<const opc::Relationship*>> types;
         for (const opc::Relationship* one : source.relationships) {
-            if (one->GetTypeId() != opc::RelTypeUnknown) ++counts[TypeTail(*one)];
+            const opc::RelationshipTypeId type = SearchTypeId(*one);
+            if (type != opc::RelTypeUnknown) types[type].push_back(one);
         }
-        for (const auto& [type, count] : counts) {
-            if (count > 1) Add(type, count, source.entry);
+        for (const auto& [id, relationships] : types) {
+            if (relationships.size() > 1) Add(source, *relationships.front(), relationships.size());
         }
     }
 
     void Report(Findings& findings) const {
         if (types_.empty()) return;
-        findings.Add(FindingId::RepeatedType, [this](Finding& finding) {
-            finding.entry = OnlySource();
+        findings.Add(FindingId::RepeatedType, [&](Finding& finding) {
+            const CheckedSource* only = OnlySource();
+            if (only != nullptr) finding.entry = only->entry;
+            if (only != nullptr) finding.step = StepThatReads(*only);
             ShownList list(kMostWords);
-            for (const auto& [type, repeated] : types_) {
-                list.Add(type + " (" + GroupedDigits(repeated.most) +
-                         (repeated.sources == 1 ? "" : " or less in " + Sources(repeated.sources)) +
-                         ")");
+            for (const auto& [type, uses] : types_) {
+                list.Add(type + " (" + UsesText(uses, only != nullptr) + ")");
+                if (uses.size() > 1) finding.namesAllItems = false;
+                for (const Use& use : uses) findings.AddItem(finding, {use.source->entry, type, use.count});
             }
             finding.cause = "a look-up by type answers the first of several: " + list.Text();
+            finding.namesAllItems = finding.namesAllItems && list.IsWhole();
         });
     }
 
 private:
-    struct Repeated {
-        std::uint64_t sources = 0;
-        std::uint64_t most = 0;
-        std::string source;  // the first
+    // A source with several relationships of a type.
+    struct Use {
+        const CheckedSource* source;
+        std::uint64_t count;
     };
+    using Uses = std::vector<Use>;
 
-    static std::string Sources(std::uint64_t count) { return GroupedDigits(count) + " parts"; }
-
-    void Add(const std::string& type, std::uint64_t count, const std::string& source) {
-        Repeated& repeated = types_[type];
-        if (repeated.sources++ == 0) repeated.source = source;
-        repeated.most = std::max(repeated.most, count);
+    void Add(const CheckedSource& source, const opc::Relationship& first, std::uint64_t count) {
+        const auto [word, isNew] = words_.try_emplace(SearchTypeId(first), TypeTail(first));
+        types_[word->second].push_back({&source, count});
     }
 
-    // Empty when there are several.
-    std::string OnlySource() const {
-        const std::string& source = types_.begin()->second.source;
+    // "3", "3 in word/document.xml", "up to 3 in 2 parts, first in word/document.xml"
+    static std::string UsesText(const Uses& uses, bool isSourceKnown) {
+        std::uint64_t most = 0;
+        for (const Use& use : uses) most = std::max(most, use.count);
+        std::string text = (uses.size() == 1 ? "" : "up to ") + GroupedDigits(most);
+        if (isSourceKnown) return text;
+        text += " in ";
+        if (uses.size() > 1) text += GroupedDigits(uses.size()) + " parts, first in ";
+        return text + Shown(uses.front().source->entry);
+    }
+
+    // Null when there are several.
+    const CheckedSource* OnlySource() const {
+        const CheckedSource* source = types_.begin()->second.front().source;
         const bool isOnly = std::all_of(types_.begin(), types_.end(), [&](const auto& type) {
-            return type.second.sources == 1 && type.second.source == source;
+            return type.second.size() == 1 && type.second.front().source == source;
         });
-        return isOnly ? source : std::string();
+        return isOnly ? source : nullptr;
     }
 
-    std::map<std::string, Repeated> types_;
+    std::map<opc::RelationshipTypeId, std::string> words_;  // as it is spelled first
+    std::map<std::string, Uses> types_;
 };
 
 // What code or other documents the package holds.
@@ -105,7 +119,7 @@ class ActiveContent {
 public:
     void Look(const opc::Relationship& relationship) {
         if (relationship.GetTargetMode() == opc::TargetModeExternal) return;
-        switch (relationship.GetTypeId()) {
+        switch (MeantType(relationship)) {
             case opc::RelTypeVbaProject:
                 ++macros_;
                 break;
@@ -178,7 +192,7 @@ bool IsRemote(std::string_view target) {
 
 void CheckLoaded(const CheckedSource& source, const opc::Relationship& relationship,
                  Findings& findings) {
-    const char* what = LoadedAs(relationship.GetTypeId());
+    const char* what = LoadedAs(MeantType(relationship));
     if (what == nullptr) return;
     const std::string target = ToUtf8(relationship.GetTarget().name);
     const bool isRemote = IsRemote(target);
@@ -196,6 +210,8 @@ void ReportExternal(const WordCounts& external, Findings& findings) {
     findings.Add(FindingId::ExternalTargets, [&](Finding& finding) {
         finding.cause = Counted(external.Total(), "external target: ", "external targets: ") +
                         external.Text(kMostWords);
+        finding.namesAllItems = external.IsWhole(kMostWords);
+        external.AddItems(findings, finding);
     });
 }
 
@@ -205,6 +221,8 @@ void ReportUnknown(const WordCounts& unknown, Findings& findings) {
         finding.cause = Counted(unknown.Total(), "relationship", "relationships") + " of " +
                         unknown.WordsText("type", "types") +
                         " outside the table: " + unknown.Text(kMostWords);
+        finding.namesAllItems = unknown.IsWhole(kMostWords);
+        unknown.AddItems(findings, finding);
     });
 }
 
@@ -214,7 +232,8 @@ void CheckRelationshipTypes(const Subject& subject, Findings& findings) {
     RepeatedTypes repeated;
     ActiveContent active;
     WordCounts external, unknown;
-    for (const CheckedSource& source : CheckedSources(subject)) {
+    const std::vector<CheckedSource> sources = CheckedSources(subject);
+    for (const CheckedSource& source : sources) {
         repeated.Look(source);
         for (const opc::Relationship* relationship : source.relationships) {
             active.Look(*relationship);

@@ -32,6 +32,13 @@ struct RelationshipDifference {
     const tarn::opc::Relationship* after;   // [borrowed] null for one that went
 };
 
+// Of a type that both have, another relationship is the first, and leads elsewhere.
+struct FirstDifference {
+    std::u16string source;                  // empty for the package
+    const tarn::opc::Relationship* before;  // [borrowed]
+    const tarn::opc::Relationship* after;   // [borrowed]
+};
+
 struct TypeDifference {
     std::u16string name;
     std::u16string before;
@@ -52,6 +59,10 @@ std::vector<PartDifference> CompareParts(const ComparedPackage& a, const Compare
 // or went come and go with it.
 std::vector<RelationshipDifference> CompareRelationships(const ComparedPackage& a,
                                                          const ComparedPackage& b);
+
+// What the look-up by type answers, where the Ids do not tell that it has changed: a relationship may
+// only have moved in its stream.
+std::vector<FirstDifference> CompareFirsts(const ComparedPackage& a, const ComparedPackage& b);
 
 // Of the parts that both have.
 std::vector<TypeDifference> CompareTypes(const ComparedPackage& a, const ComparedPackage& b);

@@ -54,8 +54,7 @@ public:
 
     ExitStatus Run() {
         std::vector<std::thread> threads;
-        // The first of the workers is this thread.
-        for (unsigned i = 1; i < CountJobs(); ++i) threads.emplace_back([this] { Work(); });
+        StartOthers(threads);
         Work();
         for (std::thread& thread : threads) thread.join();
         if (failure_) std::rethrow_exception(failure_);
@@ -68,6 +67,18 @@ private:
         const unsigned all = std::max(1U, std::thread::hardware_concurrency());
         const unsigned wanted = options_.jobs == 0 ? all : std::min(options_.jobs, kMostJobs);
         return std::min<std::size_t>(wanted, list_.files.size());
+    }
+
+    // The first of the workers is the thread that calls this. One that cannot be had, for want of
+    // memory or by a limit, is one fewer.
+    void StartOthers(std::vector<std::thread>& threads) {
+        const std::size_t jobs = CountJobs();
+        threads.reserve(jobs);
+        try {
+            for (std::size_t i = 1; i < jobs; ++i) threads.emplace_back([this] { Work(); });
+        } catch (const std::exception&) {
+            return;
+        }
     }
 
     void Work() noexcept {
@@ -111,12 +122,12 @@ private:
 
     Outcome DoJson(const InputFile& file, Output& out) const {
         Json json = {{"package", ToUtf8(FromLocal(file.name))},
-                     {"opened", true},
+                     {"opened", nullptr},
                      {"status", 0},
                      {"error", nullptr}};
         json.update(command_.members);
         const Outcome outcome = Attempt(file, [&] { return command_.fillJson(file, json); });
-        if (outcome.status == kNotOpened) json["opened"] = false;
+        if (json["opened"].is_null()) json["opened"] = outcome.status != kNotOpened;
         json["status"] = static_cast<int>(outcome.status);
         if (!outcome.error.empty()) json["error"] = outcome.error;
         out.WriteLine(list_.isSeveral ? JsonLine(json) : JsonText(json));
