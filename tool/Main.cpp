@@ -113,7 +113,8 @@ int main(int argc, char** argv) {
         if (error.Status() == kInterrupted) return kInterrupted;
         return ComplainAndEnd(error.Status(), error.what());
     } catch (const std::bad_alloc&) {
-        return ComplainAndEnd(kReadOrWriteError, "out of memory");
+        std::fputs("vexpa: out of memory\n", stderr);  // to say so may take none
+        return kReadOrWriteError;
     } catch (const std::exception& error) {
         return ComplainAndEnd(kReadOrWriteError, error.what());
     }

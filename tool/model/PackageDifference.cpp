@@ -56,9 +56,14 @@ void ForEachSource(const ComparedPackage& a, const ComparedPackage& b, const Vis
     }
 }
 
-// An Id of its own alone would be told of as one that came.
-bool HasMoved(const opc::Relationship& before, const opc::Relationship& after) {
-    return tarn::CopyText(before.GetId()) != tarn::CopyText(after.GetId()) &&
+// Whether `before`, the first of its type, still is there, and `after` has become the first. That of
+// one which went another takes the place is plain to see.
+bool IsDisplaced(const opc::Relationship& before, const opc::Relationship& after,
+                 const RelationshipSource& now) {
+    const opc::RelationshipMap& relationships = now.Relationships();
+    const auto same = relationships.find(tarn::CopyText(before.GetId()));
+    return same != relationships.end() && same->second != &after &&
+           SearchTypeId(*same->second) == SearchTypeId(before) &&
            before.GetResolvedTarget().name != after.GetResolvedTarget().name;
 }
 
@@ -127,7 +132,7 @@ std::vector<FirstDifference> CompareFirsts(const ComparedPackage& a, const Compa
             if (!types.insert(type).second) continue;
             const opc::Relationship* first = before.FirstOfType(type);
             const opc::Relationship* now = after.FirstOfType(type);
-            if (first != nullptr && now != nullptr && HasMoved(*first, *now))
+            if (first != nullptr && now != nullptr && IsDisplaced(*first, *now, after))
                 differences.push_back({name, first, now});
         }
     });

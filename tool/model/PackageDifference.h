@@ -32,7 +32,8 @@ struct RelationshipDifference {
     const tarn::opc::Relationship* after;   // [borrowed] null for one that went
 };
 
-// Of a type that both have, another relationship is the first, and leads elsewhere.
+// Another relationship is the first of its type, though the former one is still there; and it leads
+// elsewhere.
 struct FirstDifference {
     std::u16string source;                  // empty for the package
     const tarn::opc::Relationship* before;  // [borrowed]
@@ -60,8 +61,8 @@ std::vector<PartDifference> CompareParts(const ComparedPackage& a, const Compare
 std::vector<RelationshipDifference> CompareRelationships(const ComparedPackage& a,
                                                          const ComparedPackage& b);
 
-// What the look-up by type answers, where the Ids do not tell that it has changed: a relationship may
-// only have moved in its stream.
+// What the look-up by type answers, where that is not told already: a relationship may only have moved
+// in its stream.
 std::vector<FirstDifference> CompareFirsts(const ComparedPackage& a, const ComparedPackage& b);
 
 // Of the parts that both have.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <latch>
 #include <mutex>
 #include <new>
 #include <string>
@@ -63,22 +64,32 @@ public:
     }
 
 private:
+    static unsigned Processors() { return std::max(1U, std::thread::hardware_concurrency()); }
+
     std::size_t CountJobs() const {
-        const unsigned all = std::max(1U, std::thread::hardware_concurrency());
-        const unsigned wanted = options_.jobs == 0 ? all : std::min(options_.jobs, kMostJobs);
+        const unsigned wanted =
+            options_.jobs == 0 ? Processors() : std::min(options_.jobs, kMostJobs);
         return std::min<std::size_t>(wanted, list_.files.size());
     }
 
-    // The first of the workers is the thread that calls this. One that cannot be had, for want of
-    // memory or by a limit, is one fewer.
+    // The first of the workers is the thread that calls this. When one cannot be had, for want of
+    // memory or by a limit, those that are there have taken all: then those go that do no good.
     void StartOthers(std::vector<std::thread>& threads) {
         const std::size_t jobs = CountJobs();
         threads.reserve(jobs);
         try {
-            for (std::size_t i = 1; i < jobs; ++i) threads.emplace_back([this] { Work(); });
+            while (threads.size() + 1 < jobs) {
+                threads.emplace_back([this, number = threads.size()] {
+                    start_.wait();
+                    if (number < others_) Work();
+                });
+            }
+            others_ = threads.size();
         } catch (const std::exception&) {
-            return;
+            others_ = std::min<std::size_t>(threads.size() / 2, Processors() - 1);
         }
+        start_.count_down();
+        for (; threads.size() > others_; threads.pop_back()) threads.back().join();
     }
 
     void Work() noexcept {
@@ -139,6 +150,8 @@ private:
     const FileList list_;
     Progress progress_;
     ResultOrder order_;
+    std::latch start_{1};
+    std::size_t others_ = 0;  // known from the start on
     std::atomic<std::size_t> next_ = 0;
     std::mutex mutex_;
     ExitStatus worst_;
