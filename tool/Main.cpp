@@ -1,9 +1,11 @@
 // vexpa, the inspector of packages: reads the command line and runs one command.
 
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <memory>
 #include <new>
 #include <string>
 #include <utility>
@@ -39,7 +41,7 @@ struct CommonOptions {
 
 Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     app.name("vexpa");
-    app.formatter(std::make_shared<HelpFormatter>());
+    FormatHelp(app);
     // Scripts append to options that they were given: the last one counts.
     app.option_defaults()->take_last();
     app.set_help_flag("-h,--help", "Print this help and exit");
@@ -55,8 +57,9 @@ Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     for (const Command& command : AllCommands()) {
         CLI::App* arguments = app.add_subcommand(command.name, command.summary);
         arguments->group("Commands");
-        runs.emplace_back(arguments, command.declare(*arguments));
-        AddAppearance(*arguments, options.appearance);
+        const CommandLine line(*arguments);
+        runs.emplace_back(arguments, command.declare(line));
+        AddAppearance(line, options.appearance);
     }
     return runs;
 }
@@ -84,6 +87,8 @@ ExitStatus RunCommandLine(int argc, char** argv) {
         StandardOutput().WriteLine(options.versionAsJson ? JsonText({{"vexpa", number}})
                                                          : "vexpa " + number);
     } catch (const CLI::ParseError& error) {
+        return ComplainAndEnd(kWrongUsage, UsageError(app, error));
+    } catch (const WrongUsage& error) {
         return ComplainAndEnd(kWrongUsage, UsageError(app, error));
     }
     FlushOutput();

@@ -66,12 +66,12 @@ ExitStatus Run(const Arguments& arguments) {
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    AddFile(app, arguments->file);
-    AddPart(app, arguments->part, "what to write")->required();
-    CLI::Option* pretty = app.add_flag("--pretty", arguments->isPretty, "XML with a line for each tag");
-    app.add_flag("--hex", arguments->isHex, "bytes as hexadecimal numbers")->excludes(pretty);
+    AddFile(line, arguments->file);
+    AddPart(line, arguments->part, "what to write").Required();
+    const Argument pretty = line.Flag("--pretty", arguments->isPretty, "XML with a line for each tag");
+    line.Flag("--hex", arguments->isHex, "bytes as hexadecimal numbers").Excludes(pretty);
     return [arguments] { return Run(*arguments); };
 }
 

@@ -92,49 +92,39 @@ private:
     CheckSummary summary_;
 };
 
-void AddPatterns(CLI::App& app, const std::string& name, std::vector<FindingPattern>& patterns,
-                 const std::string& use) {
-    const auto take = [name, &patterns](const std::vector<std::string>& texts) {
-        for (const std::string& text : texts) {
-            const FindingPattern pattern(text);
-            if (!pattern.IsKnown()) throw CLI::ValidationError(name, "no such finding: " + text);
-            patterns.push_back(pattern);
-        }
+void AddPatterns(const CommandLine& line, const std::string& name,
+                 std::vector<FindingPattern>& patterns, const std::string& use) {
+    const auto take = [name, &patterns](const std::string& text) {
+        const FindingPattern pattern(text);
+        if (!pattern.IsKnown()) throw WrongUsage(name + ": no such finding: " + text);
+        patterns.push_back(pattern);
     };
-    app.add_option_function<std::vector<std::string>>(name, take, use)
-        ->type_name("VX...")
-        ->delimiter(',')
-        ->allow_extra_args(false);
+    line.List(name, take, use).Called("VX...");
 }
 
-void AddFailOn(CLI::App& app, Severity& failOn) {
-    const auto take = [&failOn](const std::string& word) {
-        if (word != "error" && word != "warning") {
-            throw CLI::ValidationError("--fail-on", "is error or warning");
-        }
-        failOn = word == "error" ? Severity::Error : Severity::Warning;
-    };
-    app.add_option_function<std::string>("--fail-on", take,
-                                         "end with status 1 from error (the default) or warning on")
-        ->type_name("error|warning");
+void AddFailOn(const CommandLine& line, Severity& failOn) {
+    line.Choice<Severity>("--fail-on", failOn,
+                          {{"error", Severity::Error}, {"warning", Severity::Warning}},
+                          "end with status 1 from error (the default) or warning on")
+        .Called("error|warning");
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    AddFiles(app, arguments->files);
-    app.add_flag("--deep", arguments->check.isDeep,
-                 "read every part, parse the XML, open the compound files");
-    AddFailOn(app, arguments->failOn);
-    AddPatterns(app, "--only", arguments->selection.only, "tell of these findings only: VX305, or VX3");
-    AddPatterns(app, "--ignore", arguments->selection.ignored, "leave these findings out");
-    app.add_flag("-a,--all", arguments->isAll,
-                 "show all findings of one kind and all that a finding sums up; of several "
-                 "files the information, too");
-    TakesSize(app.add_option("--max-part-size", arguments->check.largestPart,
-                             "do not read larger parts (512M)"));
-    TakesNumber(app.add_option("--max-entries", arguments->check.mostEntries,
-                               "look at no more of the archive's entries (1048576)"));
-    AddQuiet(app, arguments->isQuiet);
+    AddFiles(line, arguments->files);
+    line.Flag("--deep", arguments->check.isDeep,
+              "read every part, parse the XML, open the compound files");
+    AddFailOn(line, arguments->failOn);
+    AddPatterns(line, "--only", arguments->selection.only,
+                "tell of these findings only: VX305, or VX3");
+    AddPatterns(line, "--ignore", arguments->selection.ignored, "leave these findings out");
+    line.Flag("-a,--all", arguments->isAll,
+              "show all findings of one kind and all that a finding sums up; of several files the "
+              "information, too");
+    line.Size("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)");
+    line.Option("--max-entries", arguments->check.mostEntries,
+                "look at no more of the archive's entries (1048576)");
+    AddQuiet(line, arguments->isQuiet);
     return [arguments] { return CheckRun(*arguments).Run(); };
 }
 

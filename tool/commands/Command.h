@@ -2,14 +2,12 @@
 #ifndef VEXPA_TOOL_COMMANDS_COMMAND_H_
 #define VEXPA_TOOL_COMMANDS_COMMAND_H_
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "tool/ExitStatus.h"
+#include "tool/commands/CommandLine.h"
 
 namespace vexpa_tool {
 
@@ -23,7 +21,7 @@ struct Command {
     const char* summary;
     // Declares the command's arguments on its part of the command line, and answers what
     // runs once they are read. It answers how the tool ends, or throws a ToolError.
-    CommandRun (*declare)(CLI::App& arguments);
+    CommandRun (*declare)(const CommandLine& line);
 };
 
 class CommandRegistration {

@@ -11,23 +11,20 @@
 namespace vexpa_tool {
 
 // FILE... and what goes with several: -r, -j, --progress; and --json.
-void AddFiles(CLI::App& app, FileOptions& options);
+void AddFiles(const CommandLine& line, FileOptions& options);
 // The same without FILE..., for a command with positional arguments of its own.
-void AddFileOptions(CLI::App& app, FileOptions& options);
+void AddFileOptions(const CommandLine& line, FileOptions& options);
 
 // FILE, the one of a command that takes one.
-void AddFile(CLI::App& app, std::string& file);
+void AddFile(const CommandLine& line, std::string& file);
 // PART
-CLI::Option* AddPart(CLI::App& app, std::string& part, const std::string& use);
-// The option's value is a whole number; or a size in bytes, with a unit or without.
-CLI::Option* TakesNumber(CLI::Option* option);
-CLI::Option* TakesSize(CLI::Option* option);
-CLI::Option* AddJson(CLI::App& app, bool& json);
+Argument AddPart(const CommandLine& line, std::string& part, const std::string& use);
+Argument AddJson(const CommandLine& line, bool& json);
 // -q, for a command whose exit status is an answer; after --json, which it excludes.
-void AddQuiet(CLI::App& app, bool& quiet);
+void AddQuiet(const CommandLine& line, bool& quiet);
 
 // --color and --ascii, which every command has.
-void AddAppearance(CLI::App& app, AppearanceOptions& options);
+void AddAppearance(const CommandLine& line, AppearanceOptions& options);
 
 }  // namespace vexpa_tool
 

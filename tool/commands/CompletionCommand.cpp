@@ -20,15 +20,10 @@ ExitStatus Run(const CLI::App& program, const std::string& shell) {
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto shell = std::make_shared<std::string>();
-    app.add_option("bash|zsh|fish", *shell, "the shell")
-        ->required()
-        ->check([](const std::string& word) {
-            const bool isKnown = word == "bash" || word == "zsh" || word == "fish";
-            return isKnown ? std::string() : "is bash, zsh or fish";
-        });
-    return [&app, shell] { return Run(*app.get_parent(), *shell); };
+    line.Option("bash|zsh|fish", *shell, "the shell").Required().OneOf({"bash", "zsh", "fish"});
+    return [line, shell] { return Run(line.Program(), *shell); };
 }
 
 const CommandRegistration registration({"completion", "Write the script that completes this in a shell",

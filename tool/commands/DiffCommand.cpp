@@ -214,17 +214,17 @@ ExitStatus Run(const Arguments& arguments) {
     return RunFile(arguments.a, arguments.json, command);
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    app.add_option("A", arguments->a, "the package before; - is standard input")->required();
-    app.add_option("B", arguments->b, "the package after")->required();
-    app.add_flag("--parts", arguments->kinds.parts, "compare the parts");
-    app.add_flag("--rels", arguments->kinds.relationships, "compare the relationships");
-    app.add_flag("--types", arguments->kinds.types,
-                 "compare the content types; without any of these, all");
-    app.add_flag("--xml", arguments->xml, "show how XML parts differ, tag by tag");
-    AddJson(app, arguments->json);
-    AddQuiet(app, arguments->quiet);
+    line.Option("A", arguments->a, "the package before; - is standard input").Required();
+    line.Option("B", arguments->b, "the package after").Required();
+    line.Flag("--parts", arguments->kinds.parts, "compare the parts");
+    line.Flag("--rels", arguments->kinds.relationships, "compare the relationships");
+    line.Flag("--types", arguments->kinds.types,
+              "compare the content types; without any of these, all");
+    line.Flag("--xml", arguments->xml, "show how XML parts differ, tag by tag");
+    AddJson(line, arguments->json);
+    AddQuiet(line, arguments->quiet);
     return [arguments] { return Run(*arguments); };
 }
 

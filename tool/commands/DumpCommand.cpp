@@ -17,9 +17,9 @@ ExitStatus Fill(const InputFile& file, Json& json) {
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto options = std::make_shared<FileOptions>();
-    AddFiles(app, *options);
+    AddFiles(line, *options);
     return [options] {
         options->json = true;
         FileCommand command;

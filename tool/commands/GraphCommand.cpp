@@ -102,19 +102,19 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    AddFile(app, arguments->file);
-    CLI::Option* dot = app.add_flag("--dot", arguments->dot, "for Graphviz; this is the default");
-    CLI::Option* svg = app.add_flag("--svg", arguments->svg, "a picture");
-    CLI::Option* mermaid = app.add_flag("--mermaid", arguments->mermaid, "for Mermaid");
-    app.add_flag("--full", arguments->isFull, "fold nothing: a node for every part and link");
-    app.add_option("--from", arguments->from, "begin at a part")->type_name("PART");
-    TakesNumber(app.add_option("--depth", arguments->depth, "go so many relationships far"));
-    CLI::Option* json = AddJson(app, arguments->json);
-    for (CLI::Option* one : {svg, mermaid, json}) one->excludes(dot);
-    svg->excludes(mermaid)->excludes(json);
-    mermaid->excludes(json);
+    AddFile(line, arguments->file);
+    const Argument dot = line.Flag("--dot", arguments->dot, "for Graphviz; this is the default");
+    const Argument svg = line.Flag("--svg", arguments->svg, "a picture");
+    const Argument mermaid = line.Flag("--mermaid", arguments->mermaid, "for Mermaid");
+    line.Flag("--full", arguments->isFull, "fold nothing: a node for every part and link");
+    line.Option("--from", arguments->from, "begin at a part").Called("PART");
+    line.Option("--depth", arguments->depth, "go so many relationships far");
+    const Argument json = AddJson(line, arguments->json);
+    for (const Argument& one : {svg, mermaid, json}) one.Excludes(dot);
+    svg.Excludes(mermaid).Excludes(json);
+    mermaid.Excludes(json);
     return [arguments] {
         FileCommand command;
         command.showText = [&](const InputFile& file, Output& out) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tool/commands/Command.h"
+#include "tool/commands/HelpFormatter.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
 
@@ -16,26 +17,11 @@ struct Arguments {
     bool json = false;
 };
 
-std::string HelpOfProgram(const CLI::App& program) {
-    // Asked for its help, the program would give that of the command it runs: this one.
-    const auto formatter = program.get_formatter();
-    return formatter->make_help(&program, program.get_name(), CLI::AppFormatMode::Normal);
-}
-
-// Empty for what is no command.
-std::string HelpOfCommand(const CLI::App& program, const std::string& word) {
-    for (const CLI::App* command : program.get_subcommands({})) {
-        if (command->get_name() == word) return command->help(program.get_name());
-    }
-    return {};
-}
-
 ExitStatus Run(const CLI::App& program, const Arguments& arguments) {
     const std::string& word = arguments.word;
     std::string text = word.empty() ? HelpOfProgram(program) : HelpOfCommand(program, word);
     if (!text.empty() && arguments.json) {
-        throw CLI::ValidationError("--json",
-                                   "findings are what there is as JSON: vexpa help VX --json");
+        throw WrongUsage("--json: findings are what there is as JSON: vexpa help VX --json");
     }
     if (text.empty()) text = HelpOn(word, arguments.json);
     if (text.empty()) throw ToolError(kNoSuchPart, PrintableLocal(word) + ": no such command or topic");
@@ -43,12 +29,12 @@ ExitStatus Run(const CLI::App& program, const Arguments& arguments) {
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    app.add_option("WORD", arguments->word,
-                   "a command, a finding (VX305), or the beginning of several (VX3, VX)");
-    app.add_flag("--json", arguments->json, "write what is known of findings as JSON");
-    return [&app, arguments] { return Run(*app.get_parent(), *arguments); };
+    line.Option("WORD", arguments->word,
+                "a command, a finding (VX305), or the beginning of several (VX3, VX)");
+    line.Flag("--json", arguments->json, "write what is known of findings as JSON");
+    return [line, arguments] { return Run(line.Program(), *arguments); };
 }
 
 const CommandRegistration registration({"help", "Explain a command or a finding", Declare});

@@ -1,8 +1,13 @@
 #include "tool/commands/HelpFormatter.h"
 
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "tool/text/Table.h"
 
@@ -40,7 +45,15 @@ std::string Entry(const std::string& name, std::size_t column, std::string_view 
     return entry.append(text) + "\n";
 }
 
-}  // namespace
+class HelpFormatter final : public CLI::Formatter {
+public:
+    HelpFormatter();
+
+    std::string make_group(std::string group, bool isPositional,
+                           std::vector<const CLI::Option*> options) const override;
+    std::string make_option_usage(const CLI::Option* option) const override;
+    std::string make_subcommand(const CLI::App* command) const override;
+};
 
 HelpFormatter::HelpFormatter() {
     label("Positionals", "Arguments");
@@ -72,6 +85,25 @@ std::string HelpFormatter::make_option_usage(const CLI::Option* option) const {
 
 std::string HelpFormatter::make_subcommand(const CLI::App* command) const {
     return Entry(command->get_name(), kCommandColumn, command->get_description());
+}
+
+}  // namespace
+
+void FormatHelp(CLI::App& program) {
+    program.formatter(std::make_shared<HelpFormatter>());
+}
+
+std::string HelpOfProgram(const CLI::App& program) {
+    // Asked for its help, the program would give that of the command it runs: vexpa help.
+    const auto formatter = program.get_formatter();
+    return formatter->make_help(&program, program.get_name(), CLI::AppFormatMode::Normal);
+}
+
+std::string HelpOfCommand(const CLI::App& program, const std::string& name) {
+    for (const CLI::App* command : program.get_subcommands({})) {
+        if (command->get_name() == name) return command->help(program.get_name());
+    }
+    return {};
 }
 
 }  // namespace vexpa_tool

@@ -4,20 +4,18 @@
 
 #include <string>
 
-#include "tool/commands/Command.h"
+namespace CLI {
+class App;
+}
 
 namespace vexpa_tool {
 
-// In 80 columns, with names to the left of what they are for.
-class HelpFormatter final : public CLI::Formatter {
-public:
-    HelpFormatter();
+// From here on the program's help is in 80 columns, with names to the left of what they are for.
+void FormatHelp(CLI::App& program);
 
-    std::string make_group(std::string group, bool isPositional,
-                           std::vector<const CLI::Option*> options) const override;
-    std::string make_option_usage(const CLI::Option* option) const override;
-    std::string make_subcommand(const CLI::App* command) const override;
-};
+std::string HelpOfProgram(const CLI::App& program);
+// Empty when there is no such command.
+std::string HelpOfCommand(const CLI::App& program, const std::string& name);
 
 }  // namespace vexpa_tool
 

@@ -176,20 +176,17 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
     return EndOf(container, file);
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    AddFiles(app, arguments->options);
-    CLI::Option* isLong =
-        app.add_flag("-l,--long", arguments->isLong, "show all that the directory says of an entry");
-    app.add_option("--sort", arguments->sort, "another order than the directory's")
-        ->type_name("name|size|ratio|offset")
-        ->check([](const std::string& key) {
-            const bool isKnown = key == "name" || key == "size" || key == "ratio" || key == "offset";
-            return isKnown ? std::string() : "is name, size, ratio or offset";
-        });
-    app.add_flag("-0,--null", arguments->namesOnly,
-                 "only the names, as they are, each with a NUL after it")
-        ->excludes(isLong);
+    AddFiles(line, arguments->options);
+    const Argument isLong =
+        line.Flag("-l,--long", arguments->isLong, "show all that the directory says of an entry");
+    line.Option("--sort", arguments->sort, "another order than the directory's")
+        .Called("name|size|ratio|offset")
+        .OneOf({"name", "size", "ratio", "offset"});
+    line.Flag("-0,--null", arguments->namesOnly,
+              "only the names, as they are, each with a NUL after it")
+        .Excludes(isLong);
     return [arguments] {
         FileCommand command;
         if (arguments->namesOnly) command.heading = Heading::None;

@@ -143,30 +143,26 @@ void TellFilesFromPart(Arguments& arguments, bool partIsGiven) {
     std::vector<std::string>& files = arguments.options.files.arguments;
     files = arguments.words;
     if (!arguments.isAll && !partIsGiven) {
-        if (files.size() > 2) throw CLI::ValidationError("FILE", "several need --all or --part");
+        if (files.size() > 2) throw WrongUsage("FILE: several need --all or --part");
         if (files.size() == 2) arguments.part = files.back();
         files.resize(1);
     }
     arguments.isSeveral = MeansSeveralFiles(arguments.options.files);
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    app.add_option("FILE [PART]", arguments->words,
-                   "the package, - for standard input; and what has the relationships: a part's name "
-                   "or its end, main, or ID@PART; with --all or --part, every word is a FILE")
-        ->required()
-        ->expected(1, -1);
-    CLI::Option* part =
-        app.add_option("--part", arguments->part, "list those of this part")->type_name("PART");
-    app.add_flag("--all", arguments->isAll, "list those of the package and of every part")
-        ->excludes(part);
-    app.add_option("--type", arguments->type, "only those of a type: header, 8 or its URI")
-        ->type_name("TYPE");
-    app.add_flag("--external", arguments->externalOnly, "only those that lead out of the package");
-    AddFileOptions(app, arguments->options);
+    line.Words("FILE [PART]", arguments->words,
+               "the package, - for standard input; and what has the relationships: a part's name "
+               "or its end, main, or ID@PART; with --all or --part, every word is a FILE");
+    const Argument part =
+        line.Option("--part", arguments->part, "list those of this part").Called("PART");
+    line.Flag("--all", arguments->isAll, "list those of the package and of every part").Excludes(part);
+    line.Option("--type", arguments->type, "only those of a type: header, 8 or its URI").Called("TYPE");
+    line.Flag("--external", arguments->externalOnly, "only those that lead out of the package");
+    AddFileOptions(line, arguments->options);
     return [arguments, part] {
-        TellFilesFromPart(*arguments, part->count() != 0);
+        TellFilesFromPart(*arguments, part.IsGiven());
         FileCommand command;
         command.showText = [&](const InputFile& file, Output& out) {
             return Show(file, *arguments, out);

@@ -141,17 +141,17 @@ ExitStatus WriteStream(const InputFile& file, const Arguments& arguments, Output
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    AddFile(app, arguments->file);
-    AddPart(app, arguments->part, "what is a compound file")->required();
-    CLI::Option* stream = app.add_option("STREAM", arguments->stream,
-                                         "write the bytes of this stream: a path or its end");
-    AddJson(app, arguments->json)->excludes(stream);
+    AddFile(line, arguments->file);
+    AddPart(line, arguments->part, "what is a compound file").Required();
+    const Argument stream =
+        line.Option("STREAM", arguments->stream, "write the bytes of this stream: a path or its end");
+    AddJson(line, arguments->json).Excludes(stream);
     return [arguments, stream] {
         FileCommand command;
         command.showText = [&](const InputFile& file, Output& out) {
-            const auto show = stream->count() != 0 ? WriteStream : ShowTree;
+            const auto show = stream.IsGiven() ? WriteStream : ShowTree;
             return show(file, *arguments, out);
         };
         command.members = {{"elements", Json::array()}};

@@ -42,13 +42,12 @@ bool IsFile(const std::string& word) {
 void ShowNames(const Arguments& arguments) {
     const std::u16string text = FromLocal(arguments.fileOrName);
     if (LooksLikeToken(text) && !IsToken(text)) {
-        throw CLI::ValidationError(arguments.fileOrName,
-                                   "a token is 0x and up to 8 hexadecimal digits");
+        throw WrongUsage(arguments.fileOrName + ": a token is 0x and up to 8 hexadecimal digits");
     }
     const Vocabulary vocabulary;
     const auto names = LookUp(vocabulary, text);
     if (names.empty() && IsFile(arguments.fileOrName)) {
-        throw CLI::ValidationError(arguments.fileOrName, "is a file; name a PART of it, too");
+        throw WrongUsage(arguments.fileOrName + ": is a file; name a PART of it, too");
     }
     if (names.empty())
         throw ToolError(kNoSuchPart, PrintableOrQuotes(text) + ": not in the vocabulary");
@@ -129,30 +128,29 @@ ExitStatus Run(const Arguments& arguments) {
     } else if (arguments.hasName) {
         ShowNames(arguments);
     } else {
-        throw CLI::RequiredError("FILE and PART, a name, --namespaces or --types");
+        throw WrongUsage("FILE and PART, a name, --namespaces or --types is required");
     }
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    CLI::Option* first = app.add_option(
-        "FILE|NAME", arguments->fileOrName,
-        "with PART, the package; alone, what to look up: w:val, {uri}val, val, 0x00010001");
-    CLI::Option* part = app.add_option("PART", arguments->part, "the part whose names are shown");
-    CLI::Option* namespaces =
-        app.add_flag("--namespaces", arguments->namespaces, "list the namespaces");
-    app.add_flag("--types", arguments->types, "list the relationship types that have a number")
-        ->excludes(first)
-        ->excludes(namespaces);
-    app.add_flag("--json", arguments->json, "a JSON object a line; for a part, one an element");
-    namespaces->excludes(first);
-    app.add_flag("--annotate", arguments->annotate,
-                 "write the part as XML, each name followed by its {namespace:index}")
-        ->needs(part);
+    const Argument first =
+        line.Option("FILE|NAME", arguments->fileOrName,
+                    "with PART, the package; alone, what to look up: w:val, {uri}val, val, 0x00010001");
+    const Argument part = line.Option("PART", arguments->part, "the part whose names are shown");
+    const Argument namespaces = line.Flag("--namespaces", arguments->namespaces, "list the namespaces");
+    line.Flag("--types", arguments->types, "list the relationship types that have a number")
+        .Excludes(first)
+        .Excludes(namespaces);
+    line.Flag("--json", arguments->json, "a JSON object a line; for a part, one an element");
+    namespaces.Excludes(first);
+    line.Flag("--annotate", arguments->annotate,
+              "write the part as XML, each name followed by its {namespace:index}")
+        .Needs(part);
     return [arguments, first, part] {
-        arguments->hasName = first->count() != 0;
-        arguments->hasPart = part->count() != 0;
+        arguments->hasName = first.IsGiven();
+        arguments->hasPart = part.IsGiven();
         return Run(*arguments);
     };
 }

@@ -165,11 +165,11 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
     return kDone;
 }
 
-CommandRun Declare(CLI::App& app) {
+CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    AddFiles(app, arguments->options);
-    TakesNumber(app.add_option("--depth", arguments->depth, "show so many levels"));
-    app.add_option("--from", arguments->from, "begin at a part")->type_name("PART");
+    AddFiles(line, arguments->options);
+    line.Option("--depth", arguments->depth, "show so many levels");
+    line.Option("--from", arguments->from, "begin at a part").Called("PART");
     return [arguments] {
         FileCommand command;
         command.heading = Heading::BlankLine;

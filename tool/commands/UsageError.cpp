@@ -2,6 +2,9 @@
 
 #include <unistd.h>
 
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <vector>
 
@@ -38,7 +41,7 @@ std::string BeforeTheCommand(const CLI::App& command, const std::string& option)
 }
 
 // The parser misses a word before it looks at the one that stands in its place.
-std::string WithoutCommand(const CLI::App& program, const CLI::ParseError& error) {
+std::string WithoutCommand(const CLI::App& program, const std::exception& error) {
     const std::vector<std::string> unknown = program.remaining();
     if (unknown.empty()) {
         const bool isMissed = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
@@ -47,7 +50,7 @@ std::string WithoutCommand(const CLI::App& program, const CLI::ParseError& error
     return "no such command or option: " + PrintableLocal(unknown.front());
 }
 
-std::string OfCommand(const CLI::App& program, const CLI::App& command, const CLI::ParseError& error) {
+std::string OfCommand(const CLI::App& program, const CLI::App& command, const std::exception& error) {
     // The program has this one itself, for its version.
     const bool hasJson = program.count("--json") != 0;
     const std::string before = hasJson ? "--json" : FirstOption(program.remaining());
@@ -63,7 +66,7 @@ std::string OfCommand(const CLI::App& program, const CLI::App& command, const CL
 
 }  // namespace
 
-std::string UsageError(const CLI::App& program, const CLI::ParseError& error) {
+std::string UsageError(const CLI::App& program, const std::exception& error) {
     const std::vector<CLI::App*> commands = program.get_subcommands();
     if (commands.empty()) return WithoutCommand(program, error) + " (see vexpa --help)";
     const CLI::App& command = *commands.front();

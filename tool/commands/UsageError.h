@@ -2,14 +2,16 @@
 #ifndef VEXPA_TOOL_COMMANDS_USAGEERROR_H_
 #define VEXPA_TOOL_COMMANDS_USAGEERROR_H_
 
+#include <exception>
 #include <string>
 
 #include "tool/commands/Command.h"
 
 namespace vexpa_tool {
 
-// Of the error that parsing has thrown: "no such option: --bogus (see vexpa check --help)".
-std::string UsageError(const CLI::App& program, const CLI::ParseError& error);
+// Of a WrongUsage, or the error that parsing has thrown: "no such option: --bogus (see vexpa check
+// --help)".
+std::string UsageError(const CLI::App& program, const std::exception& error);
 
 }  // namespace vexpa_tool
 

@@ -1,5 +1,8 @@
 #include "tool/completion/CompletionTable.h"
 
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <set>
 #include <sstream>

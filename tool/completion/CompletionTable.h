@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "tool/commands/Command.h"
+namespace CLI {
+class App;
+}
 
 namespace vexpa_tool {
 
