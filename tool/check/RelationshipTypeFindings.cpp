@@ -1,7 +1,5 @@
-// VX402, VX405, VX604, VX605 and VX607: the kinds of relationships.
+// VX405, VX604, VX605 and VX607: the kinds of relationships.
 
-#include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -10,9 +8,9 @@
 #include "tool/check/CheckedSources.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
+#include "tool/check/RepeatedTypes.h"
 #include "tool/check/Shown.h"
 #include "tool/check/WordCounts.h"
-#include "tool/model/RelationshipQuery.h"
 #include "tool/model/StrictTypes.h"
 #include "tool/text/Size.h"
 #include "tool/text/Unicode.h"
@@ -45,75 +43,6 @@ std::string UnknownTypeWord(const opc::Relationship& relationship) {
     if (known.count(FoldedCase(tail)) == 0 || IsStrictType(relationship)) return tail;
     return Shown(tarn::CopyText(relationship.GetType()));
 }
-
-// Types of which several stand with one source. Letter case does not matter to the look-up.
-class RepeatedTypes {
-public:
-    void Look(const CheckedSource& source) {
-        std::map<opc::RelationshipTypeId, std::vector<const opc::Relationship*>> types;
-        for (const opc::Relationship* one : source.relationships) {
-            const opc::RelationshipTypeId type = SearchTypeId(*one);
-            if (type != opc::RelTypeUnknown) types[type].push_back(one);
-        }
-        for (const auto& [id, relationships] : types) {
-            if (relationships.size() > 1) Add(source, *relationships.front(), relationships.size());
-        }
-    }
-
-    void Report(Findings& findings) const {
-        if (types_.empty()) return;
-        findings.Add(FindingId::RepeatedType, [&](Finding& finding) {
-            const CheckedSource* only = OnlySource();
-            if (only != nullptr) finding.entry = only->entry;
-            if (only != nullptr) finding.step = StepThatReads(*only);
-            ShownList list(kMostWords);
-            for (const auto& [type, uses] : types_) {
-                list.Add(type + " (" + UsesText(uses, only != nullptr) + ")");
-                if (uses.size() > 1) finding.namesAllItems = false;
-                for (const Use& use : uses)
-                    findings.AddItem(finding, {use.source->entry, type, use.count});
-            }
-            finding.cause = "a look-up by type answers the first of several: " + list.Text();
-            finding.namesAllItems = finding.namesAllItems && list.IsWhole();
-        });
-    }
-
-private:
-    // A source with several relationships of a type.
-    struct Use {
-        const CheckedSource* source;
-        std::uint64_t count;
-    };
-    using Uses = std::vector<Use>;
-
-    void Add(const CheckedSource& source, const opc::Relationship& first, std::uint64_t count) {
-        const auto [word, isNew] = words_.try_emplace(SearchTypeId(first), TypeTail(first));
-        types_[word->second].push_back({&source, count});
-    }
-
-    // "3", "3 in word/document.xml", "up to 3 in 2 parts, first in word/document.xml"
-    static std::string UsesText(const Uses& uses, bool isSourceKnown) {
-        std::uint64_t most = 0;
-        for (const Use& use : uses) most = std::max(most, use.count);
-        std::string text = (uses.size() == 1 ? "" : "up to ") + GroupedDigits(most);
-        if (isSourceKnown) return text;
-        text += " in ";
-        if (uses.size() > 1) text += GroupedDigits(uses.size()) + " parts, first in ";
-        return text + Shown(uses.front().source->entry);
-    }
-
-    // Null when there are several.
-    const CheckedSource* OnlySource() const {
-        const CheckedSource* source = types_.begin()->second.front().source;
-        const bool isOnly = std::all_of(types_.begin(), types_.end(), [&](const auto& type) {
-            return type.second.size() == 1 && type.second.front().source == source;
-        });
-        return isOnly ? source : nullptr;
-    }
-
-    std::map<opc::RelationshipTypeId, std::string> words_;  // as it is spelled first
-    std::map<std::string, Uses> types_;
-};
 
 // What code or other documents the package holds.
 class ActiveContent {
