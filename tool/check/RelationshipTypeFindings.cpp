@@ -39,7 +39,7 @@ std::set<std::string> KnownTails() {
 // of Strict documents, which are told of as such.
 std::string UnknownTypeWord(const opc::Relationship& relationship) {
     static const std::set<std::string> known = KnownTails();
-    const std::string tail = TypeTail(relationship);
+    std::string tail = TypeTail(relationship);
     if (known.count(FoldedCase(tail)) == 0 || IsStrictType(relationship)) return tail;
     return Shown(tarn::CopyText(relationship.GetType()));
 }

@@ -136,7 +136,7 @@ private:
                      {"status", 0},
                      {"error", nullptr}};
         json.update(command_.members);
-        const Outcome outcome = Attempt(file, [&] { return command_.fillJson(file, json); });
+        Outcome outcome = Attempt(file, [&] { return command_.fillJson(file, json); });
         if (json["opened"].is_null()) json["opened"] = outcome.status != kNotOpened;
         json["status"] = static_cast<int>(outcome.status);
         if (!outcome.error.empty()) json["error"] = outcome.error;

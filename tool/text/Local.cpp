@@ -58,6 +58,7 @@ std::string PrintableLocal(const std::string& local) {
     std::mbstate_t state{};
     for (std::string_view rest = local; !rest.empty();) {
         wchar_t character = 0;
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): the state is ours.
         const std::size_t size = std::mbrtowc(&character, rest.data(), rest.size(), &state);
         const bool isText = size != 0 && size <= rest.size();
         printable +=
