@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""check_exports.py LIBRARY LIST   compares the symbols that a library defines with a list of them."""
+"""check_exports.py LIBRARY LIST   compares the symbols that a library defines with a list of them,
+versions included."""
 
 import pathlib
 import subprocess
@@ -12,7 +13,7 @@ from support import published_list  # noqa: E402
 def exported(library):
     lines = subprocess.run(["nm", "-D", "--defined-only", library], check=True,
                            capture_output=True, text=True).stdout.splitlines()
-    names = (line.split()[2].split("@")[0] for line in lines)
+    names = (line.split()[2] for line in lines)
     # Version nodes, and what sanitizers and coverage define on their own account.
     own = ("VEXPA_", "__asan", "__ubsan", "__lsan", "__odr_asan", "__tsan", "__gcov")
     return {name for name in names if not name.startswith(own)}
