@@ -24,7 +24,7 @@ fi
 mkdir -p "$1"
 folder=$(realpath "$1")
 
-install_packages "$root/packages.txt"
+install_packages "$root/packages.txt" build packages
 version=$(sed -n 's/^project(vexpa VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
 # When the tree was last changed: the only time that shows in the packages.
 SOURCE_DATE_EPOCH=$(git -C "$root" log -1 --format=%ct 2>/dev/null || stat -c %Y "$root/CHANGELOG.md")
