@@ -23,7 +23,7 @@ std::string Utf8(const std::u16string& text) {
 
 void PrintTarget(opc::Package& package, const opc::Relationship& link) {
     if (link.GetTargetMode() == opc::TargetModeExternal) {
-        // Nothing was opened or looked up. Whoever does look at the scheme and ask first.
+        // Nothing was opened or looked up. Whoever does looks at the scheme, and asks first.
         const opc::PartUri& target = link.GetTarget();
         std::printf("outside: %s\nscheme %s, host %s, path %s\n", Utf8(target.name).c_str(),
                     Utf8(target.scheme).c_str(), Utf8(target.host).c_str(), Utf8(target.path).c_str());

@@ -82,9 +82,17 @@ ZipFile RelatedPackage() {
     return zip;
 }
 
+// Of a size that leaves this rest when divided by four (see InputFile).
+ZipFile WithRest(ZipFile zip, std::size_t rest) {
+    while (zip.Bytes().size() % 4 != rest) zip.comment += ' ';
+    return zip;
+}
+
 void WritePackages(const SeedFolder& seeds) {
     seeds.Write("package", "small.docx", SmallPackage().Bytes());
     seeds.Write("package", "related.docx", RelatedPackage().Bytes());
+    seeds.Write("package", "fresh.docx", WithRest(RelatedPackage(), 0).Bytes());
+    seeds.Write("package", "in-pieces.docx", WithRest(RelatedPackage(), 1).Bytes());
     ZipFile deep = SmallPackage();
     deep.entries[2].content = DeepCompoundFile();
     seeds.Write("package", "storage.docx", deep.Bytes());

@@ -7,10 +7,11 @@
 
 namespace vexpa_fuzz {
 
-MemoryFile::MemoryFile(std::string_view bytes)
+MemoryFile::MemoryFile(std::string_view bytes, std::size_t before)
     : descriptor_(memfd_create("vexpa-fuzz", MFD_CLOEXEC)),
       path_("/proc/self/fd/" + std::to_string(descriptor_)) {
     Require(descriptor_ >= 0, "a file in memory can be made");
+    Require(lseek(descriptor_, static_cast<off_t>(before), SEEK_SET) >= 0, "a file can begin late");
     while (!bytes.empty()) {
         const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
         Require(written > 0, "a file in memory can be written");

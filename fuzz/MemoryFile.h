@@ -2,6 +2,7 @@
 #ifndef VEXPA_FUZZ_MEMORYFILE_H_
 #define VEXPA_FUZZ_MEMORYFILE_H_
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,8 @@ namespace vexpa_fuzz {
 // The archive calls take paths; this one has a path, yet no run ever touches a disk.
 class MemoryFile {
 public:
-    explicit MemoryFile(std::string_view bytes);
+    // The bytes, behind as many others that take no room.
+    explicit MemoryFile(std::string_view bytes, std::size_t before = 0);
     ~MemoryFile();
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;

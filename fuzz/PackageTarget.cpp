@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "fuzz/FuzzTarget.h"
-#include "fuzz/MemoryFile.h"
+#include "fuzz/InputFile.h"
 #include "fuzz/ReadStream.h"
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/opc/Package.h"
@@ -62,7 +62,7 @@ private:
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const vexpa_fuzz::MemoryFile file(vexpa_fuzz::Bytes(data, size));
+    const vexpa_fuzz::InputFile file(vexpa_fuzz::Bytes(data, size));
     const Handle<opc::Package> package = opc::Package::Open(file.Path16().c_str());
     if (!package) return 0;
     Walk(*package, size).Run();

@@ -5,17 +5,17 @@
 #include <vector>
 
 #include "fuzz/FuzzTarget.h"
-#include "fuzz/MemoryFile.h"
+#include "fuzz/InputFile.h"
 #include "vexpa/platform/Runtime.h"
 
 namespace {
 
-using vexpa_fuzz::MemoryFile;
+using vexpa_fuzz::InputFile;
 using vexpa_fuzz::Require;
 
 constexpr std::size_t kMostNames = 64;
 
-std::optional<std::string> Extract(const MemoryFile& file, std::string request) {
+std::optional<std::string> Extract(const InputFile& file, std::string request) {
     std::string path = file.Path();
     UzpOpts options{};
     UzpCB callbacks{};
@@ -28,14 +28,14 @@ std::optional<std::string> Extract(const MemoryFile& file, std::string request) 
     return std::string(bytes.get(), result.strlength);
 }
 
-void ExtractTwice(const MemoryFile& file, const std::string& request, std::size_t fileSize) {
+void ExtractTwice(const InputFile& file, const std::string& request, std::size_t fileSize) {
     const std::optional<std::string> bytes = Extract(file, request);
     Require(Extract(file, request) == bytes, "the same request gives the same bytes");
     // The most that deflate makes of a byte is 1032 bytes.
     Require(!bytes || bytes->size() <= 1032 * fileSize, "no entry grows beyond what deflate can do");
 }
 
-std::vector<std::string> PlainNames(const MemoryFile& file) {
+std::vector<std::string> PlainNames(const InputFile& file) {
     const std::u16string path = file.Path16();
     std::int32_t count = 0;
     if (_XGetZipFileCount(path.c_str(), &count) != S_OK) return {};
@@ -57,7 +57,7 @@ std::vector<std::string> PlainNames(const MemoryFile& file) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     vexpa_fuzz::Lines lines(vexpa_fuzz::Bytes(data, size));
     const std::string request(lines.Next());
-    const MemoryFile file(lines.Rest());
+    const InputFile file(lines.Rest());
 
     ExtractTwice(file, request, size);
     for (const std::string& name : PlainNames(file)) ExtractTwice(file, name, size);

@@ -2,13 +2,13 @@
 #include <vector>
 
 #include "fuzz/FuzzTarget.h"
-#include "fuzz/MemoryFile.h"
+#include "fuzz/InputFile.h"
 #include "vexpa/platform/Runtime.h"
 
 using vexpa_fuzz::Require;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const vexpa_fuzz::MemoryFile file(vexpa_fuzz::Bytes(data, size));
+    const vexpa_fuzz::InputFile file(vexpa_fuzz::Bytes(data, size));
     const std::u16string path = file.Path16();
 
     std::int32_t count = -1;

@@ -15,7 +15,9 @@
 #include "tool/commands/Command.h"
 #include "tool/commands/CommonArguments.h"
 #include "tool/commands/HelpFormatter.h"
+#include "tool/commands/UsageError.h"
 #include "tool/run/Interrupt.h"
+#include "tool/run/StandardDescriptors.h"
 #include "tool/text/Appearance.h"
 #include "tool/text/JsonText.h"
 #include "tool/text/Local.h"
@@ -40,6 +42,8 @@ struct CommonOptions {
 Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     app.name("vexpa");
     FormatHelp(app);
+    // Scripts append to options that they were given: the last one counts.
+    app.option_defaults()->take_last();
     app.set_help_flag("-h,--help", "Print this help and exit");
     // Before the version, which is printed as soon as it is met.
     app.add_flag("--json", options.versionAsJson, "Print the version as JSON");
@@ -60,18 +64,6 @@ Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     return runs;
 }
 
-// The parser misses a command before it looks at the word that stands in its place.
-std::string UsageError(const CLI::App& app, const CLI::ParseError& error) {
-    const std::vector<std::string> unknown = app.remaining();
-    const bool hasCommand = !app.get_subcommands().empty();
-    if (hasCommand || unknown.empty()) return error.what();
-    return "no such command or option: " + unknown.front();
-}
-
-ExitStatus EndAsWrongUsage(const std::string& what) {
-    return ComplainAndEnd(kWrongUsage, PrintableLocal(what) + " (see vexpa --help)");
-}
-
 ExitStatus RunCommandLine(int argc, char** argv) {
     CLI::App app("Show what is in an Office Open XML package.");
     CommonOptions options;
@@ -83,6 +75,7 @@ ExitStatus RunCommandLine(int argc, char** argv) {
     }
     try {
         app.parse(argc, argv);
+        if (options.versionAsJson) throw CLI::ExtrasError({"--json"});  // it was meant for the command
         DecideAppearance(options.appearance);
         for (const auto& [arguments, run] : runs) {
             if (arguments->parsed()) status = run();
@@ -94,9 +87,9 @@ ExitStatus RunCommandLine(int argc, char** argv) {
         StandardOutput().WriteLine(options.versionAsJson ? JsonText({{"vexpa", number}})
                                                          : "vexpa " + number);
     } catch (const CLI::ParseError& error) {
-        return EndAsWrongUsage(UsageError(app, error));
+        return ComplainAndEnd(kWrongUsage, UsageError(app, error));
     } catch (const WrongUsage& error) {
-        return EndAsWrongUsage(error.what());
+        return ComplainAndEnd(kWrongUsage, UsageError(app, error));
     }
     FlushOutput();
     return status;
@@ -108,6 +101,7 @@ ExitStatus RunCommandLine(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace vexpa_tool;
+    OccupyClosedDescriptors();
     UseEnvironmentLocale();
     // A closed pipe ends the tool without a word, also where whoever started it ignores that.
     std::signal(SIGPIPE, SIG_DFL);
@@ -119,7 +113,8 @@ int main(int argc, char** argv) {
         if (error.Status() == kInterrupted) return kInterrupted;
         return ComplainAndEnd(error.Status(), error.what());
     } catch (const std::bad_alloc&) {
-        return ComplainAndEnd(kReadOrWriteError, "out of memory");
+        std::fputs("vexpa: out of memory\n", stderr);  // to say so may take none
+        return kReadOrWriteError;
     } catch (const std::exception& error) {
         return ComplainAndEnd(kReadOrWriteError, error.what());
     }

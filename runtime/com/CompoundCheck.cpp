@@ -202,6 +202,7 @@ bool Checker::WalkDirectory() {
     const std::size_t count = directory_.size() * perSector;
     std::vector<bool> seen(count);
     std::vector<std::uint32_t> elements(count);
+    std::size_t siblingSteps = 0;
     std::vector<Visit> open{{kRootEntry, 1, kRootEntry}};
     while (!open.empty()) {
         const Visit visit = open.back();
@@ -209,6 +210,8 @@ bool Checker::WalkDirectory() {
         if (visit.entry > kMaxRegularSector) continue;
         if (visit.entry >= count || seen[visit.entry] || visit.depth > kMaxDirectoryDepth) return false;
         if (++elements[visit.parent] > kMaxStorageElements) return false;
+        siblingSteps += elements[visit.parent];
+        if (siblingSteps > kMaxSiblingSteps) return false;
         seen[visit.entry] = true;
 
         const std::size_t at =

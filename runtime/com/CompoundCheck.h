@@ -17,10 +17,14 @@ bool IsSoundCompoundFile(std::span<const std::byte> bytes);
 
 // Bounds on the directory and on what the allocation tables cover, well above any document:
 // so many sectors are two gigabytes. The deepest directory takes libgsf about half a megabyte
-// of stack, and so does a bit for each entry of the largest table.
+// of stack, and so does a bit for each entry of the largest table, but not at the same time: a
+// megabyte of stack is enough for all that the runtime does.
 constexpr std::size_t kMaxDirectoryDepth = 2'048;
 constexpr std::size_t kMaxStorageElements = 2'048;
 constexpr std::size_t kMaxTableEntries = 1 << 22;
+// To put an element among those that its storage has already, libgsf goes over them. As many steps
+// in all as 32 of the widest storages take, which is half a second.
+constexpr std::size_t kMaxSiblingSteps = 32 * kMaxStorageElements * (kMaxStorageElements + 1) / 2;
 
 }  // namespace vexpa_runtime
 

@@ -51,7 +51,9 @@ bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept {
     const std::size_t kept = std::min(size, block.size);
     const bool isInPlace = size <= block.run && size > block.run / 2;
     if (!isInPlace) {
-        const Memory memory = TakeMemory(size, false);
+        // What grows once may well grow again, and is not to be copied each time.
+        const std::size_t more = kHasRuns && size >= kLarge && size > block.size ? size / 8 : 0;
+        const Memory memory = TakeMemory(size + more, false);
         if (memory.bytes == nullptr) return false;
         std::memcpy(memory.bytes, block.bytes, kept);
         GiveBack({block.bytes, block.run});

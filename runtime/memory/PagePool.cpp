@@ -3,7 +3,6 @@
 #include <sys/mman.h>
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 #include <limits>
 #include <new>
@@ -22,13 +21,8 @@ constexpr std::size_t RoundUp(std::size_t size, std::size_t unit) {
     return (size + unit - 1) / unit * unit;
 }
 
-// Few enough different sizes that a run is used again for other blocks than its first.
-std::size_t RunSize(std::size_t size) {
-    return RoundUp(size, std::max(std::bit_floor(size) / 8, kPage));
-}
-
-std::byte* Map(std::size_t size) noexcept {
-    void* memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+std::byte* Map(std::size_t size, int protection) noexcept {
+    void* memory = mmap(nullptr, size, protection, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     return memory == MAP_FAILED ? nullptr : static_cast<std::byte*>(memory);
 }
 
@@ -36,33 +30,39 @@ void Unmap(PagePool::Run run) noexcept {
     if (!run.empty()) munmap(run.data(), run.size());
 }
 
-// A huge page begins at a multiple of its size, so what is mapped too much is cut off again.
+// A huge page begins at a multiple of its size. So addresses for one more are reserved, without
+// memory for them, and what lies before and behind the run is given up again.
 PagePool::Run MapAligned(std::size_t size) noexcept {
-    std::byte* memory = Map(size + kHugePage);
-    if (memory == nullptr) return {};
-    const std::size_t head = -reinterpret_cast<std::uintptr_t>(memory) % kHugePage;
-    Unmap({memory, head});
-    Unmap({memory + head + size, kHugePage - head});
-    const PagePool::Run run(memory + head, size);
+    std::byte* reserved = Map(size + kHugePage, PROT_NONE);
+    if (reserved == nullptr) return {};
+    const std::size_t head = -reinterpret_cast<std::uintptr_t>(reserved) % kHugePage;
+    const PagePool::Run run(reserved + head, size);
+    Unmap({reserved, head});
+    Unmap({run.data() + size, kHugePage - head});
+    if (mprotect(run.data(), run.size(), PROT_READ | PROT_WRITE) != 0) {
+        Unmap(run);
+        return {};
+    }
     madvise(run.data(), run.size(), MADV_HUGEPAGE);  // advice: nothing is lost where there are none
     return run;
 }
 
 PagePool::Run NewRun(std::size_t size) noexcept {
     if (size >= kHugePage) return MapAligned(size);
-    std::byte* memory = Map(size);
+    std::byte* memory = Map(size, PROT_READ | PROT_WRITE);
     return {memory, memory == nullptr ? 0 : size};
 }
 
 }  // namespace
 
-PagePool::~PagePool() {
+void PagePool::Empty() noexcept {
+    const std::lock_guard lock(mutex_);
     while (count_ != 0) Unmap(RemoveKept(count_ - 1));
 }
 
 PagePool::Taken PagePool::Take(std::size_t size) noexcept {
     if (size > std::numeric_limits<std::ptrdiff_t>::max() / 2) return {{}, false};
-    const std::size_t wanted = RunSize(size);
+    const std::size_t wanted = RoundUp(size, kPage);
     const Run kept = FindKept(wanted);
     if (!kept.empty()) return {kept, false};
     return {NewRun(wanted), true};
@@ -85,7 +85,7 @@ std::size_t PagePool::BytesKept() const noexcept {
 PagePool::Run PagePool::FindKept(std::size_t size) noexcept {
     const std::lock_guard lock(mutex_);
     for (std::size_t i = count_; i-- != 0;) {
-        if (kept_[i].size() == size) return RemoveKept(i);
+        if (kept_[i].size() >= size && kept_[i].size() - size <= size / 8) return RemoveKept(i);
     }
     return {};
 }

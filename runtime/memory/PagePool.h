@@ -25,13 +25,17 @@ public:
     explicit PagePool(std::size_t mostKept) noexcept : mostKept_(mostKept) {}
     PagePool(const PagePool&) = delete;
     PagePool& operator=(const PagePool&) = delete;
-    ~PagePool();
+    ~PagePool() { Empty(); }
 
-    // A run of at least `size` bytes and at most an eighth more, or a page.
+    // A run of at least `size` bytes: a new one to the page, or one that was kept and is at most an
+    // eighth larger.
     Taken Take(std::size_t size) noexcept;
 
     // Back to the pool; one that is too large for it, to the system.
     void Give(Run run) noexcept;
+
+    // All that is kept goes to the system.
+    void Empty() noexcept;
 
     std::size_t BytesKept() const noexcept;
 

@@ -14,7 +14,8 @@ namespace vexpa_runtime {
 namespace {
 
 constexpr int kSmallestPiece = 32 * 1024;
-constexpr std::uint64_t kSmallStream = 256UL * 1024;
+// What a parser keeps is up to 25 times as much: its stack, and the names it has met.
+constexpr std::uint64_t kSmallStream = 16UL * 1024;
 constexpr int kLargestPiece = 256 * 1024 * 1024;
 
 }  // namespace

@@ -53,7 +53,8 @@ std::optional<ArchiveFile> ArchiveFile::Open(const char* path) noexcept {
 ArchiveFile::ArchiveFile(ArchiveFile&& other) noexcept
     : descriptor_(std::exchange(other.descriptor_, kNone)),
       identity_(other.identity_),
-      bytes_(other.bytes_) {}
+      bytes_(other.bytes_),
+      bytesAt_(other.bytesAt_) {}
 
 ArchiveFile::~ArchiveFile() {
     if (descriptor_ != kNone) close(descriptor_);
@@ -64,8 +65,10 @@ bool ArchiveFile::IsUnchanged() const noexcept {
 }
 
 const std::uint8_t* ArchiveFile::View(std::uint64_t position, std::size_t size) const noexcept {
-    if (position > bytes_.size() || size > bytes_.size() - position) return nullptr;
-    return bytes_.data() + position;
+    if (position < bytesAt_) return nullptr;
+    const std::uint64_t offset = position - bytesAt_;
+    if (offset > bytes_.size() || size > bytes_.size() - offset) return nullptr;
+    return bytes_.data() + offset;
 }
 
 bool ArchiveFile::ReadAt(std::uint64_t position, void* destination, std::size_t size) const noexcept {
@@ -75,6 +78,7 @@ bool ArchiveFile::ReadAt(std::uint64_t position, void* destination, std::size_t 
         std::copy_n(bytes, size, out);
         return true;
     }
+    if (descriptor_ == kNone) return false;
     while (size > 0) {
         const ssize_t got =
             Uninterrupted([&] { return pread(descriptor_, out, size, static_cast<off_t>(position)); });

@@ -30,15 +30,17 @@ struct FileIdentity {
 // What `path` leads to now; nothing unless that is a regular file.
 std::optional<FileIdentity> IdentityOf(const char* path) noexcept;
 
-// A regular file, open as long as this object lives; or what was read of one as a whole.
+// A regular file, open as long as this object lives, or in memory; or both, a piece of it.
 class ArchiveFile {
 public:
     // Nothing when `path` cannot be opened or is no regular file. Never waits on a FIFO.
     static std::optional<ArchiveFile> Open(const char* path) noexcept;
 
-    // The file that had these bytes, which must live as long as this object. Nothing is opened.
-    ArchiveFile(const FileIdentity& identity, std::span<const std::uint8_t> bytes) noexcept
-        : identity_(identity), bytes_(bytes) {}
+    // The file that had these bytes at `position`, which must live as long as this object. Nothing
+    // is opened: the rest of the file, if there is any, cannot be read.
+    ArchiveFile(const FileIdentity& identity, std::span<const std::uint8_t> bytes,
+                std::uint64_t position = 0) noexcept
+        : identity_(identity), bytes_(bytes), bytesAt_(position) {}
 
     ArchiveFile(ArchiveFile&& other) noexcept;
     ArchiveFile& operator=(ArchiveFile&&) = delete;
@@ -58,6 +60,13 @@ public:
     // The same bytes without copying them, or null: not in memory, or beyond the end.
     const std::uint8_t* View(std::uint64_t position, std::size_t size) const noexcept;
 
+    // From now on these bytes, which the file has at `position`, are taken from memory. They must
+    // live as long as this object.
+    void HoldInMemory(std::span<const std::uint8_t> bytes, std::uint64_t position) noexcept {
+        bytes_ = bytes;
+        bytesAt_ = position;
+    }
+
 private:
     static constexpr int kNone = -1;
 
@@ -65,7 +74,8 @@ private:
 
     int descriptor_ = kNone;
     FileIdentity identity_{};
-    std::span<const std::uint8_t> bytes_;  // without a descriptor
+    std::span<const std::uint8_t> bytes_;
+    std::uint64_t bytesAt_ = 0;
 };
 
 // The whole of a file; nothing when it cannot be read. Throws when memory is exhausted.

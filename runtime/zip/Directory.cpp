@@ -22,7 +22,8 @@ Directory::Directory(std::vector<Entry> entries, std::string names)
       names_(std::move(names)),
       slots_(std::bit_ceil(2 * entries_.size() + 1), Slot{0, kFree}),
       damage_(entries_.size()),
-      patterns_(PatternSearch::StepsFor(names_.size())) {
+      patterns_(PatternSearch::StepsFor(names_.size()),
+                PatternSearch::RoomFor(entries_.size(), names_.size())) {
     entries_.shrink_to_fit();
     names_.shrink_to_fit();
     for (std::uint32_t i = 0; i < entries_.size(); ++i) {
@@ -49,7 +50,8 @@ const Entry* Directory::Find(std::string_view name) const noexcept {
 
 std::size_t Directory::MemoryUse() const noexcept {
     return sizeof *this + entries_.capacity() * sizeof(Entry) + names_.capacity() +
-           slots_.capacity() * sizeof(Slot) + damage_.capacity() + file_.capacity();
+           slots_.capacity() * sizeof(Slot) + damage_.capacity() + file_.capacity() +
+           PatternSearch::RoomFor(entries_.size(), names_.size());
 }
 
 }  // namespace vexpa_runtime::zip

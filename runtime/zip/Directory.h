@@ -55,6 +55,7 @@ public:
     std::span<const std::uint8_t> File() const noexcept { return file_; }
     void KeepFile(std::vector<std::uint8_t> file) noexcept { file_ = std::move(file); }
 
+    // With what it may come to remember of patterns.
     std::size_t MemoryUse() const noexcept;
 
 private:

@@ -1,7 +1,6 @@
 #include "runtime/zip/DirectoryCache.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -11,65 +10,38 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-// Documents open at once are few. The bytes are room for some hundred thousand entries.
-constexpr std::size_t kMostFiles = 8;
+// Documents open at once are few. The bytes are room for a hundred thousand entries.
+constexpr std::size_t kMostFiles = 64;
 constexpr std::size_t kMostBytes = 32UL * 1024 * 1024;
 // Files so much smaller than the room are kept whole.
 constexpr std::size_t kFilesKeptWhole = 4;
 
-constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
-constexpr std::int64_t kLongestTick = 2 * kNanosecondsInASecond;  // of FAT
-// The clock that the kernel stamps files by moves a hundred times a second at least.
-constexpr std::int64_t kKernelTick = 10'000'000;
-constexpr std::int64_t kKernelTicksWaited = 5;
-
-std::timespec Now() {
+std::timespec TimeOf(clockid_t clock) {
     std::timespec now;
-    clock_gettime(CLOCK_REALTIME, &now);
+    clock_gettime(clock, &now);
     return now;
-}
-
-// In seconds and nanoseconds. A file's stamp may be any number, so it is the clock that is moved.
-using Moment = std::pair<std::int64_t, std::int64_t>;
-
-Moment Moved(const std::timespec& now, std::int64_t nanoseconds) {
-    const std::int64_t sum = kNanosecondsInASecond + now.tv_nsec + nanoseconds % kNanosecondsInASecond;
-    return {now.tv_sec + nanoseconds / kNanosecondsInASecond + sum / kNanosecondsInASecond - 1,
-            sum % kNanosecondsInASecond};
-}
-
-// A file system of long ticks has no stamp in the middle of a short one.
-std::int64_t TickOf(const FileIdentity& file) {
-    return file.changedNanoseconds % kKernelTick == 0 ? kLongestTick : kKernelTicksWaited * kKernelTick;
 }
 
 }  // namespace
 
-// Both stamps count: file systems without a change time report another one in its place. But a
-// modification in the future was set by hand and says nothing about the last write: archivers
-// keep it, and a file must not be slow for it.
-bool HadSettled(const FileIdentity& file, const std::timespec& now) {
-    const Moment modified{file.modifiedSeconds, file.modifiedNanoseconds};
-    const Moment changed{file.changedSeconds, file.changedNanoseconds};
-    const Moment aTickAgo = Moved(now, -TickOf(file));
-    const bool isModifiedLater = modified > Moved(now, kLongestTick);
-    return (isModifiedLater || modified < aTickAgo) && changed < aTickAgo;
+std::timespec DirectoryCache::SteadyClock() {
+    return TimeOf(CLOCK_MONOTONIC);
 }
 
-DirectoryCache::DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Clock clock)
-    : mostFiles_(mostFiles), mostBytes_(mostBytes), clock_(clock) {}
+DirectoryCache::DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Settling::Clock stamping,
+                               Settling::Clock steady)
+    : mostFiles_(mostFiles), mostBytes_(mostBytes), settling_(stamping, steady) {}
 
 std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identity) {
     const std::lock_guard lock(mutex_);
     const auto isIt = [&identity](const Kept& kept) { return kept.identity == identity; };
     const auto found = std::find_if(kept_.begin(), kept_.end(), isIt);
-    if (found == kept_.end()) return nullptr;
+    if (found == kept_.end()) {
+        if (bytes_ > mostBytes_) DropOldest();  // the only one
+        return nullptr;
+    }
     std::rotate(found, found + 1, kept_.end());
     return kept_.back().directory;
-}
-
-bool DirectoryCache::HasSettled(const ArchiveFile& file) const {
-    return HadSettled(file.Identity(), clock_());
 }
 
 std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
@@ -96,16 +68,18 @@ void DirectoryCache::Keep(const FileIdentity& identity,
         bytes_ -= kept.directory->MemoryUse();
         return true;
     });
-    while (!kept_.empty() && (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_)) {
-        bytes_ -= kept_.front().directory->MemoryUse();
-        kept_.erase(kept_.begin());
-    }
+    while (!kept_.empty() && (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_)) DropOldest();
     kept_.push_back({identity, directory});
     bytes_ += size;
 }
 
+void DirectoryCache::DropOldest() {
+    bytes_ -= kept_.front().directory->MemoryUse();
+    kept_.erase(kept_.begin());
+}
+
 DirectoryCache& SharedDirectoryCache() {
-    static DirectoryCache cache(kMostFiles, kMostBytes, Now);
+    static DirectoryCache cache(kMostFiles, kMostBytes, [] { return TimeOf(CLOCK_REALTIME); });
     return cache;
 }
 

@@ -10,11 +10,9 @@
 
 #include "runtime/zip/ArchiveFile.h"
 #include "runtime/zip/Directory.h"
+#include "runtime/zip/Settling.h"
 
 namespace vexpa_runtime::zip {
-
-// Whether every change from `now` on will give the file another identity.
-bool HadSettled(const FileIdentity& file, const std::timespec& now);
 
 // Every call of the zip service names a file anew, and most name the file that the last one
 // named. What is kept is what parsing found, and beside it the bytes of a small file, so that
@@ -22,43 +20,44 @@ bool HadSettled(const FileIdentity& file, const std::timespec& now);
 // between calls.
 //
 // A directory is found again only under the identity of the file that it was read from, so a
-// replaced or rewritten file is read afresh. Time stamps move in ticks - two seconds on some
-// file systems, the kernel's few milliseconds on most - and a file changed twice within one tick
-// looks unchanged after the second change. So a directory is kept only when the file's last change
-// already lay more than a tick back before reading began: every later change then shows.
+// replaced or rewritten file is read afresh. For every later change to show, a directory is kept
+// only when the file had settled (Settling.h) before reading began. Until then the directory is
+// read anew for each entry, which takes a tick of the file's clock at most from the first one on.
 //
 // Threads  All functions may be called from any thread.
 class DirectoryCache {
 public:
-    using Clock = std::timespec (*)();
-
-    // Keeps at most `mostFiles` directories, together at most `mostBytes` large; one that is
-    // larger is kept alone. To read it again for each of its entries would never end. A file of up
-    // to a quarter of the bytes is kept whole.
-    DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Clock clock);
+    // Keeps at most `mostFiles` directories, together at most `mostBytes` large. One that is larger
+    // is kept alone, until another file is asked for: to read it again for each of its entries
+    // would never end. A file of up to a quarter of the bytes is kept whole. The clocks are those
+    // of Settling.
+    DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Settling::Clock stamping,
+                   Settling::Clock steady = SteadyClock);
 
     // The directory kept of the file when it had this identity, or null.
     std::shared_ptr<const Directory> Find(const FileIdentity& identity);
 
-    // Whether every change of `file` from now on shows in its identity, as its last one already
-    // lies more than a tick back.
-    bool HasSettled(const ArchiveFile& file) const;
+    // Whether every change of `file` from now on shows in its identity.
+    bool HasSettled(const ArchiveFile& file) { return settling_.HasSettled(file.Identity()); }
 
     // Reads the directory of `file`, and keeps it if that is safe; null when there is no sound
     // one. What is kept whole had not changed when all was read.
     std::shared_ptr<const Directory> Read(const ArchiveFile& file);
 
 private:
+    static std::timespec SteadyClock();
+
     struct Kept {
         FileIdentity identity;
         std::shared_ptr<const Directory> directory;
     };
 
+    void DropOldest();
     void Keep(const FileIdentity& identity, const std::shared_ptr<const Directory>& directory);
 
     const std::size_t mostFiles_;
     const std::size_t mostBytes_;
-    const Clock clock_;
+    Settling settling_;
     std::mutex mutex_;        // guards what follows
     std::vector<Kept> kept_;  // the one used last stands last
     std::size_t bytes_ = 0;

@@ -39,7 +39,8 @@ constexpr std::size_t kPiece = 128UL * 1024;
 using Block = std::unique_ptr<char, FreeMemory>;
 
 // From malloc, as whoever gets it frees it so. A large one lies in huge pages, if the system has
-// them for those who ask: a fault for each of those costs less than one for each 4 KiB.
+// them for those who ask: a fault for each of those costs less than one for each 4 KiB. To align it,
+// malloc takes up to two more of them, of which nothing but addresses is ever used.
 void* AllocateBytes(std::size_t size) {
     if (size < kHugePage) return std::malloc(size == 0 ? 1 : size);
     void* bytes = nullptr;
@@ -135,9 +136,7 @@ private:
 std::optional<EntryBytes> ReadDeflated(const ArchiveFile& file, const Entry& entry, bool& isDamaged) {
     const auto compressedSize = static_cast<std::size_t>(entry.compressedSize);
     FileBytes bytes;
-    if (!bytes.Take(file, entry.headerPosition,
-                    static_cast<std::size_t>(std::min(kLikelyHeaderSize + entry.compressedSize,
-                                                      file.Size() - entry.headerPosition)))) {
+    if (!bytes.Take(file, entry.headerPosition, static_cast<std::size_t>(LikelySize(file, entry)))) {
         return std::nullopt;
     }
     if (bytes.Get().size() < kLocalHeaderSize) return std::nullopt;
@@ -154,6 +153,19 @@ std::optional<EntryBytes> ReadDeflated(const ArchiveFile& file, const Entry& ent
 }
 
 }  // namespace
+
+std::uint64_t LikelySize(const ArchiveFile& file, const Entry& entry) noexcept {
+    return std::min(kLikelyHeaderSize + entry.compressedSize, file.Size() - entry.headerPosition);
+}
+
+bool IsInMemory(const ArchiveFile& file, const Entry& entry) noexcept {
+    if (!IsPlausible(file, entry)) return false;
+    const std::uint64_t size = LikelySize(file, entry);
+    const std::uint8_t* bytes = file.View(entry.headerPosition, static_cast<std::size_t>(size));
+    if (bytes == nullptr || size < kLocalHeaderSize) return false;
+    const std::size_t headerSize = LocalHeaderSize(bytes);
+    return headerSize != 0 && headerSize + entry.compressedSize <= size;
+}
 
 std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry, bool* isDamaged) {
     bool ignored = false;

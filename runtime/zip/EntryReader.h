@@ -31,6 +31,13 @@ struct EntryBytes {
 std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry,
                                     bool* isDamaged = nullptr);
 
+// How many bytes from its header on an entry takes up, as far as that can be said before they are
+// read. Not for an entry that lies behind the end of the file.
+std::uint64_t LikelySize(const ArchiveFile& file, const Entry& entry) noexcept;
+
+// Whether all that ReadEntry() would read is in memory.
+bool IsInMemory(const ArchiveFile& file, const Entry& entry) noexcept;
+
 }  // namespace vexpa_runtime::zip
 
 #endif  // VEXPA_RUNTIME_ZIP_ENTRYREADER_H_

@@ -1,11 +1,13 @@
 #include "runtime/zip/Extraction.h"
 
 #include <cstdint>
+#include <span>
 #include <utility>
 
 #include "runtime/zip/DirectoryReader.h"
 #include "runtime/zip/EntrySearch.h"
 #include "runtime/zip/NameHash.h"
+#include "runtime/zip/ReadAhead.h"
 
 namespace vexpa_runtime::zip {
 
@@ -34,15 +36,20 @@ std::optional<EntryBytes> ReadTwice(const ArchiveFile& file, std::string_view re
     return entry;
 }
 
-bool IsInMemory(const Prospect& prospect) {
-    return prospect.directory != nullptr && !prospect.directory->File().empty();
+// The file, if reading the entry needs nothing of it that is not in memory.
+std::optional<ArchiveFile> FindInMemory(const Prospect& prospect) {
+    if (prospect.directory == nullptr) return std::nullopt;
+    const std::span<const std::uint8_t> whole = prospect.directory->File();
+    if (!whole.empty()) return ArchiveFile(prospect.identity, whole);
+    ArchiveFile piece = ReadAhead::OfThread().Find(prospect.identity);
+    if (!IsInMemory(piece, *prospect.entry)) return std::nullopt;
+    return piece;
 }
 
-std::optional<EntryBytes> ReadFromMemory(const Prospect& prospect) {
-    const ArchiveFile file(prospect.identity, prospect.directory->File());
+std::optional<EntryBytes> ReadFrom(const ArchiveFile& file, const Prospect& prospect) {
     bool isDamaged = false;
     std::optional<EntryBytes> bytes = ReadEntry(file, *prospect.entry, &isDamaged);
-    if (isDamaged) prospect.directory->NoteDamage(*prospect.entry);
+    if (isDamaged && file.IsUnchanged()) prospect.directory->NoteDamage(*prospect.entry);
     return bytes;
 }
 
@@ -68,8 +75,8 @@ std::optional<Prospect> LookUp(DirectoryCache& cache, const char* path, std::str
 
 std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::string_view request,
                                   Prospect prospect) {
-    if (IsInMemory(prospect)) return ReadFromMemory(prospect);
-    const std::optional<ArchiveFile> file = ArchiveFile::Open(path);
+    if (const auto inMemory = FindInMemory(prospect)) return ReadFrom(*inMemory, prospect);
+    std::optional<ArchiveFile> file = ArchiveFile::Open(path);
     if (!file) return std::nullopt;
     if (!cache.HasSettled(*file)) return ReadTwice(*file, request);
     if (prospect.directory == nullptr || file->Identity() != prospect.identity) {
@@ -78,12 +85,16 @@ std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::
         prospect.entry = FindEntry(*prospect.directory, request);
         if (prospect.entry == nullptr) return std::nullopt;
         prospect.identity = file->Identity();
-        if (IsInMemory(prospect)) return ReadFromMemory(prospect);
+        if (const auto inMemory = FindInMemory(prospect)) return ReadFrom(*inMemory, prospect);
     }
-    bool isDamaged = false;
-    std::optional<EntryBytes> bytes = ReadEntry(*file, *prospect.entry, &isDamaged);
-    if (isDamaged && file->IsUnchanged()) prospect.directory->NoteDamage(*prospect.entry);
-    if (!bytes || file->IsUnchanged()) return bytes;
+    ReadAhead& ahead = ReadAhead::OfThread();
+    ahead.Prepare(*file, *prospect.entry);
+    std::optional<EntryBytes> bytes = ReadFrom(*file, prospect);
+    if (file->IsUnchanged()) {
+        ahead.Keep();
+        return bytes;
+    }
+    if (!bytes) return std::nullopt;
     // It may only have been replaced: then all that was in it is still there.
     return ReadTwice(*file, request);
 }

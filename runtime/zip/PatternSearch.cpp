@@ -17,6 +17,8 @@ const Entry* PatternSearch::FindFirst(const Directory& directory, const NamePatt
     const std::lock_guard lock(mutex_);
     std::string key(text);
     if (const auto known = answers_.find(key); known != answers_.end()) return known->second;
+    const std::size_t room = kRoomForEach + key.size();
+    if (room > roomLeft_) return nullptr;
 
     const Entry* answer = nullptr;
     for (const Entry& entry : directory.Entries()) {
@@ -32,16 +34,9 @@ const Entry* PatternSearch::FindFirst(const Directory& directory, const NamePatt
         answer = &entry;
         break;
     }
-    Remember(std::move(key), answer);
-    return answer;
-}
-
-void PatternSearch::Remember(std::string pattern, const Entry* answer) {
-    constexpr std::size_t kRoomForEach = 128;  // what the table takes besides the text
-    const std::size_t room = kRoomForEach + pattern.size();
-    if (room > roomLeft_) return;
-    answers_.emplace(std::move(pattern), answer);
+    answers_.emplace(std::move(key), answer);
     roomLeft_ -= room;
+    return answer;
 }
 
 }  // namespace vexpa_runtime::zip

@@ -20,21 +20,30 @@ struct Entry;
 // may be named a*b. So an archive of many such names asks for many patterns, each of which has
 // to be tried on every name: a product that takes hours. Therefore
 //
-// - what a pattern matched is remembered, for the first patterns that a directory is asked for:
-//   opening the same document again costs nothing;
-// - the work for new ones is bounded for each directory. When it is used up, patterns match
-//   nothing; names are found as ever. No archive comes near that was not made for it.
+// - what a pattern matched is remembered: opening the same document again costs nothing;
+// - the work for new ones is bounded for each directory, and so is the room to remember them in.
+//   When either is used up, new patterns match nothing; names are found as ever. No archive comes
+//   near that was not made for it.
+//
+// So a pattern that matched once always does, and a file gives the same package each time that it
+// is opened.
 //
 // Threads  Any.
 class PatternSearch {
 public:
-    // May take `steps`, as NamePattern counts them.
-    explicit PatternSearch(std::size_t steps) : stepsLeft_(steps) {}
+    // May take `steps`, as NamePattern counts them, and remember patterns in `room` bytes.
+    PatternSearch(std::size_t steps, std::size_t room) : stepsLeft_(steps), roomLeft_(room) {}
 
     // As many as a directory is allowed whose names have `nameBytes` in all.
     static constexpr std::size_t StepsFor(std::size_t nameBytes) {
         constexpr std::size_t kFree = 16'000'000, kForEachByte = 64;
         return kFree + kForEachByte * nameBytes;
+    }
+
+    // And room for a pattern for each entry, a little longer than its name, and for some besides.
+    static constexpr std::size_t RoomFor(std::size_t entries, std::size_t nameBytes) {
+        constexpr std::size_t kFree = 64UL * 1024, kLonger = 32;
+        return kFree + (kRoomForEach + kLonger) * entries + nameBytes;
     }
 
     // The first entry in the order of `directory`, always the same one, that `pattern`, spelled
@@ -43,15 +52,15 @@ public:
                            std::string_view text, std::size_t& namesTried);
 
 private:
+    static constexpr std::size_t kRoomForEach = 128;  // what the table takes besides the text
+
     struct Hash {
         std::size_t operator()(const std::string& pattern) const noexcept;
     };
 
-    void Remember(std::string pattern, const Entry* answer);
-
     std::mutex mutex_;  // guards what follows
     std::size_t stepsLeft_;
-    std::size_t roomLeft_ = 64UL * 1024;  // for patterns that are remembered, in bytes
+    std::size_t roomLeft_;
     std::unordered_map<std::string, const Entry*, Hash> answers_;
 };
 

@@ -14,10 +14,23 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-// No exception leaves a C call.
+// The names that a thread was given last. They end with its next call of the service.
+std::u16string& ListedNames() {
+    thread_local std::u16string names;
+    return names;
+}
+
+// Those of a large archive do not stay with the thread for good.
+void ForgetLargeList() {
+    constexpr std::size_t kMostKept = 64UL * 1024 / sizeof(char16_t);
+    if (ListedNames().capacity() > kMostKept) std::u16string().swap(ListedNames());
+}
+
+// What every call begins with. No exception leaves a C call.
 template <class Call>
 HRESULT Guarded(Call call) noexcept {
     try {
+        ForgetLargeList();
         return call();
     } catch (const std::bad_alloc&) {
         return E_OUTOFMEMORY;
@@ -44,9 +57,8 @@ HRESULT List(const char16_t* path, const char16_t** names, std::int32_t count) {
     const auto directory = OpenDirectory(path);
     if (directory == nullptr || std::cmp_not_equal(directory->Count(), count)) return E_FAIL;
 
-    thread_local std::u16string listed;
-    listed = JoinedNames(*directory);
-    const char16_t* name = listed.c_str();
+    ListedNames() = JoinedNames(*directory);
+    const char16_t* name = ListedNames().c_str();
     for (std::int32_t i = 0; i < count; ++i) {
         names[i] = name;
         name += std::char_traits<char16_t>::length(name) + 1;

@@ -1,9 +1,12 @@
 #!/usr/bin/env python3
 """check_docs.py CHECK ROOT: holds what the documents in a tree say to what is in the tree.
 
-    links     every link leads somewhere; every file, test and identifier between backquotes exists
+    links     every link leads somewhere; every file and test between backquotes exists, every other
+              name there of four letters or more is a word somewhere in the sources, and every file
+              of the tree that an indented block names exists
     snippets  every block of C++ in README.md and docs/guide.md stands in an example named near it
-    kept      every "Kept:" in the sources names tests that exist and are in docs/kept-behaviour.md
+    kept      every "Kept:" in the sources names tests that exist and are in docs/kept-behaviour.md,
+              and every oddity there has such a comment
 """
 
 import os
@@ -14,6 +17,7 @@ import textwrap
 
 SKIPPED = {"build", ".git", ".cache", "__pycache__"}
 FENCE = re.compile(r"^```(\w*).*?$\n(.*?)^```", re.M | re.S)
+BLOCK = re.compile(r"^(?: {4}|\t).*$", re.M)
 LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
 SPAN = re.compile(r"`([^`\n]+)`")
 PATH = re.compile(r"[\w.+-]+(/[\w.+*-]+)*/?")
@@ -21,7 +25,9 @@ SUFFIX = re.compile(r"\.(cpp|h|py|sh|md|txt|tsv|map|in|json|dox|docx|pptx|xlsx)$
 TEST_NAME = re.compile(r"([A-Z]\w+)\.([A-Z]\w+)")
 IDENTIFIER = re.compile(r"(?:\w+::)*(\w{4,})(?:\(\))?")
 GTEST = re.compile(r"\bTEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\s*\)")
-KEPT = re.compile(r"// Kept:(?:.*\n\s*//)*?.*?\(((?:\w+\.)?[A-Z]\w+(?:,\s*(?:\w+\.)?[A-Z]\w+)*)\)")
+NAMES = r"(?:\w+\.)?[A-Z]\w+(?:,\s*(?://\s*)?(?:\w+\.)?[A-Z]\w+)*"
+KEPT = re.compile(rf"// Kept:(?:.*\n\s*//)*?.*?\(({NAMES})\)")
+ROW = re.compile(r"^\| (?!What|-)(.*) \|$", re.M)
 
 
 class Tree:
@@ -44,6 +50,9 @@ class Tree:
             self.words.update(re.findall(r"\w{4,}", text))
             if path.suffix == ".cpp":
                 self.tests.update(GTEST.findall(text))
+
+    def read(self, name):
+        return (self.root / name).read_text(encoding="utf-8")
 
     def has_file(self, name, beside):
         """A path from the top, from a folder of code, or from where the document lies."""
@@ -86,7 +95,7 @@ def span_problem(tree, document, span):
         return None  # made by a build, or with a place to fill in
     if TEST_NAME.fullmatch(span) and not SUFFIX.search(span):
         return None if tree.has_test(span) else f"the test {span}"
-    is_path = PATH.fullmatch(span) and ("/" in span or SUFFIX.search(span))
+    is_path = PATH.fullmatch(span) and re.search(r"\w", span) and ("/" in span or SUFFIX.search(span))
     if is_path and (SUFFIX.search(span) or (tree.root / span.split("/")[0]).is_dir()):
         return None if tree.has_file(span, document.parent) else f"the file {span}"
     identifier = IDENTIFIER.fullmatch(span)
@@ -95,10 +104,24 @@ def span_problem(tree, document, span):
     return None
 
 
+def word_problem(tree, document, word):
+    """What is wrong with a word of a command, if it is the path of a file in the tree."""
+    top = word.partition("/")[0]
+    if top in SKIPPED or not (PATH.fullmatch(word) and SUFFIX.search(word) and re.search(r"\w", top)):
+        return None
+    if "/" not in word or not (tree.root / top).is_dir() or tree.has_file(word, document.parent):
+        return None
+    return f"the file {word}"
+
+
 def check_links(tree):
     for document in tree.documents:
         text = document.read_text(encoding="utf-8")
-        text = re.sub(r"^( {4}|\t).*$", "", FENCE.sub("", text), flags=re.M)  # no blocks of code
+        text = FENCE.sub("", text)
+        for word in re.findall(r"\S+", "\n".join(BLOCK.findall(text))):
+            if problem := word_problem(tree, document, word):
+                yield f"{document.relative_to(tree.root)}: {problem} is not there"
+        text = BLOCK.sub("", text)
         for target in LINK.findall(text):
             if problem := link_problem(tree, document, text, target):
                 yield f"{document.relative_to(tree.root)}: {problem}"
@@ -136,7 +159,8 @@ def check_snippets(tree):
 
 
 def check_kept(tree):
-    page = (tree.root / "docs" / "kept-behaviour.md").read_text(encoding="utf-8")
+    page = tree.read("docs/kept-behaviour.md")
+    said = set()
     for path, text in tree.sources.items():
         top = path.relative_to(tree.root).parts[0]
         if top not in ("vexpa", "runtime") or path.suffix not in (".cpp", ".h"):
@@ -146,20 +170,26 @@ def check_kept(tree):
         if len(named) != text.count("Kept:"):
             yield f"{where}: a 'Kept:' without its test"
         for name in re.findall(r"[\w.]+", " ".join(named)):
+            said.add(name.rpartition(".")[2])
             if not tree.has_test(name):
                 yield f"{where}: the test {name} does not exist"
             if not re.search(rf"\b{re.escape(name)}`", page):
                 yield f"{where}: {name} is not in docs/kept-behaviour.md"
-    for row in re.findall(r"^\| (?!What|-)(.*) \|$", page, re.M):
-        if not TEST_NAME.search(row.rpartition(" | ")[2]):
-            yield f"docs/kept-behaviour.md: no test for '{row[:50]}...'"
+    oddities = re.search(r"^## Oddities$.*?(?=^## |\Z)", page, re.M | re.S)
+    for row in ROW.finditer(page):
+        tests = TEST_NAME.findall(row[1].rpartition(" | ")[2])
+        if not tests:
+            yield f"docs/kept-behaviour.md: no test for '{row[1][:50]}...'"
+        elif (oddities and oddities.start() < row.start() < oddities.end()
+              and said.isdisjoint(test for _, test in tests)):
+            yield f"docs/kept-behaviour.md: no comment in the code for '{row[1][:50]}...'"
 
 
 CHECKS = {"links": check_links, "snippets": check_snippets, "kept": check_kept}
 
 
-def main(check, root):
-    found = list(CHECKS[check](Tree(root)))
+def main(check, root, checks=None):
+    found = list((checks or CHECKS)[check](Tree(root)))
     for problem in found:
         print(problem)
     return 1 if found else 0

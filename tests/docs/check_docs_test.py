@@ -3,25 +3,17 @@
 
 import contextlib
 import io
-import pathlib
-import tempfile
 import unittest
 
 import check_contracts
 import check_docs
+from scratch_folder import FolderTest
 
 
-class DocsTest(unittest.TestCase):
+class DocsTest(FolderTest):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.root = pathlib.Path(folder.name)
+        super().setUp()
         self.write("docs/kept-behaviour.md", "")
-
-    def write(self, name, text):
-        path = self.root / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(text, encoding="utf-8")
 
     def found(self, check):
         with contextlib.redirect_stdout(io.StringIO()) as output:
@@ -45,6 +37,15 @@ class DocsTest(unittest.TestCase):
     def test_a_file_between_backquotes(self):
         self.write("README.md", "`docs/kept-behaviour.md` and `docs/gone.md`\n")
         self.assertEqual(self.found("links"), "README.md: the file docs/gone.md is not there")
+
+    def test_a_file_in_an_indented_block(self):
+        self.write("scripts/there.sh", "true\n")
+        self.write("README.md", "    scripts/there.sh FOLDER/a.txt word/document.xml\n    scripts/gone.sh\n")
+        self.assertEqual(self.found("links"), "README.md: the file scripts/gone.sh is not there")
+
+    def test_what_is_no_path_between_backquotes(self):
+        self.write("README.md", "`./` and `/` and `..`\n")
+        self.assertEqual(self.found("links"), "")
 
     def test_a_test_between_backquotes(self):
         self.write("tests/PartTest.cpp", "TEST(Part, IsThere) {}\n")
@@ -90,6 +91,24 @@ class DocsTest(unittest.TestCase):
         self.write("vexpa/Part.cpp", "// Kept: an oddity. (IsOdd)\n")
         self.write("docs/kept-behaviour.md", "`Part.IsOdd`\n")
         self.assertIn("the test IsOdd does not exist", self.found("kept"))
+
+    def test_what_is_kept_with_its_tests_in_two_lines(self):
+        self.write("vexpa/Part.cpp", "// Kept: odd. (Part.IsOdd,\n// Part.IsOdder)\nint odd;\n")
+        self.write("tests/PartTest.cpp", "TEST(Part, IsOdd) {}\nTEST(Part, IsOdder) {}\n")
+        self.write("docs/kept-behaviour.md", "`Part.IsOdd`\n")
+        self.assertEqual(self.found("kept"), "vexpa/Part.cpp: Part.IsOdder is not in docs/kept-behaviour.md")
+
+    def test_an_oddity_of_the_page_that_the_code_does_not_mention(self):
+        self.write("tests/PartTest.cpp", "TEST(Part, IsOdd) {}\n")
+        self.write("docs/kept-behaviour.md", "## Oddities\n| What | Why | Test |\n|---|---|---|\n"
+                   "| odd | so | `Part.IsOdd` |\n")
+        self.assertIn("no comment in the code for 'odd", self.found("kept"))
+
+    def test_a_decision_of_the_page_needs_no_comment(self):
+        self.write("tests/PartTest.cpp", "TEST(Part, IsOdd) {}\n")
+        self.write("docs/kept-behaviour.md", "## Oddities\n## Decisions\n| What | Why | Test |\n"
+                   "|---|---|---|\n| odd | so | `Part.IsOdd` |\n")
+        self.assertEqual(self.found("kept"), "")
 
     def test_a_row_of_the_page_without_a_test(self):
         self.write("docs/kept-behaviour.md", "| What | Why | Test |\n|---|---|---|\n| odd | so | none |\n")

@@ -16,7 +16,7 @@ import textwrap
 
 SECTION = re.compile(r"^## An importer of your own$(.*?)^## ", re.M | re.S)
 BLOCK = re.compile(r"^```cmake\n((?:.*\n)*?)```|((?:^    .*\n)+)", re.M)
-OF_THE_LIBRARY = ("cmake -S . ", "cmake --build build", "cmake --install build ")
+OF_THE_LIBRARY = ("cmake --preset release", "cmake --build --preset release", "cmake --install ")
 
 
 def run(command, root, home, **options):

@@ -5,6 +5,7 @@
 #include <new>
 #include <thread>
 
+#include "runtime/memory/PagePool.h"
 #include "tests/damage/SoundPackages.h"
 #include "tests/fault/ChangingFile.h"
 #include "tests/fault/Scenario.h"
@@ -33,6 +34,7 @@ namespace {
 
 using namespace tarn;
 using namespace vexpa_test;
+using vexpa_runtime::SharedPagePool;
 
 class FailingMemoryIn : public testing::TestWithParam<Scenario> {};
 
@@ -67,6 +69,7 @@ long FailEach(const Rehearsal& rehearsal, const Times& times, Runner run) {
             SCOPED_TRACE(n);
             SystemCalls system;
             times.Before(system);
+            SharedPagePool().Empty();  // a kept run would leave nothing to fail
             Stage stage = rehearsal.SetUp();
             hasFailed = run(rehearsal, stage, n);
             rehearsal.ExpectSound(stage);

@@ -20,6 +20,11 @@ std::string LargeContent() {
     return content;
 }
 
+// Large enough for huge pages.
+std::string VeryLargeContent() {
+    return std::string(3'000'000, 'x');
+}
+
 // A part of this content, of which the package consists but for what must be.
 ZipFile PackageWith(const std::string& content) {
     ZipFile zip;
@@ -31,6 +36,12 @@ ZipFile PackageWith(const std::string& content) {
 
 std::string LargeStored() {
     ZipFile zip = PackageWith(LargeContent());
+    zip.entries.back().stored = true;
+    return zip.Bytes();
+}
+
+std::string VeryLargeStored() {
+    ZipFile zip = PackageWith(VeryLargeContent());
     zip.entries.back().stored = true;
     return zip.Bytes();
 }
@@ -170,6 +181,9 @@ std::vector<Scenario> PartDataScenarios() {
         {"ReadsALargeStoredPart", "of 300000 bytes", LargeStored, kLoaded, ReadStream},
         {"ReadsALargeDeflatedPart", "of 300000 bytes",
          [] { return PackageWith(LargeContent()).Bytes(); }, kLoaded, ReadStream},
+        {"ReadsAVeryLargeStoredPart", "of 3000000 bytes", VeryLargeStored, kLoaded, ReadStream},
+        {"ReadsAVeryLargeDeflatedPart", "of 3000000 bytes",
+         [] { return PackageWith(VeryLargeContent()).Bytes(); }, kLoaded, ReadStream},
         {"ReadsAnEmptyPart", "of 0 bytes", [] { return PackageWith("").Bytes(); }, kLoaded, ReadBoth},
         {"ReadsNoDamagedPart", nullptr, Damaged, kLoaded, ReadBoth},
         {"ReadsNoEncryptedPart", nullptr, Encrypted, kLoaded, ReadBoth},

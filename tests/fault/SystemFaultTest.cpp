@@ -18,7 +18,8 @@ using namespace vexpa_test;
 
 // Where the bytes of an entry come from.
 enum class Kept {
-    kDirectory,  // the file: it is too large to be kept whole
+    kDirectory,  // the file: it is too large to be kept whole, and its entries lie far apart
+    kPieces,     // pieces of the file, each around several entries
     kWhole,      // memory, once the file has been read as a whole
     kNothing,    // the file, twice: it was changed a moment ago
 };
@@ -31,6 +32,7 @@ struct SoundPackage {
 
 constexpr SoundPackage kPackages[] = {
     {"LargeDocument", SoundDocument, Kept::kDirectory},
+    {"LargeDocumentOfNearEntries", SoundDocument, Kept::kPieces},
     {"SmallDocument", SoundDocument, Kept::kWhole},
     {"FreshDocument", SoundDocument, Kept::kNothing},
     {"LargePackageWithObject", SoundPackageWithObject, Kept::kDirectory},
@@ -73,16 +75,25 @@ protected:
         EXPECT_TRUE(IsWhole(WalkUnder(nullptr))) << "all is as before";
     }
 
-    // A file of new times is read anew, which the whole one would be only once.
+    // A file of new times is read anew, which one in memory would be only once.
     const Times& NewTimes() {
-        if (GetParam().kept == Kept::kWhole) times_.emplace(Tell::kBoth);
+        const bool isInMemory = GetParam().kept == Kept::kWhole || GetParam().kept == Kept::kPieces;
+        if (isInMemory) times_.emplace(Tell::kBoth);
         return *times_;
     }
 
     static std::string BytesOf(const SoundPackage& package) {
-        constexpr std::size_t kTooLarge = 9 << 20;
+        constexpr std::size_t kTooLarge = 9 << 20, kFar = 300 << 10;
         ZipFile zip = package.make();
-        if (package.kept == Kept::kDirectory) zip.prefix.assign(kTooLarge, '-');
+        const bool isFarApart = package.kept == Kept::kDirectory;
+        if (isFarApart || package.kept == Kept::kPieces) zip.prefix.assign(kTooLarge, '-');
+        for (std::size_t i = isFarApart ? zip.entries.size() : 0; i-- != 0;) {
+            ZipEntry between{};
+            between.name = "between/" + std::to_string(i);
+            between.content.assign(kFar, '-');
+            between.stored = true;
+            zip.entries.insert(zip.entries.begin() + static_cast<std::ptrdiff_t>(i), between);
+        }
         return zip.Bytes();
     }
 

@@ -1,12 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tests/growth/Work.h"
 #include "tests/opc/PackageFile.h"
 #include "tests/worst/FullWalk.h"
 #include "tests/worst/ShapeParts.h"
+#include "vexpa/base/ComPtr.h"
 
 namespace {
 
@@ -54,6 +57,33 @@ TEST(Growth, OfParts) {
     ExpectWalkGrowsWithSize(500, [](std::size_t n) { return PackageOfParts(n, Number); });
 }
 
+// The directory is read anew for each until the file has been there for long enough.
+TEST(Growth, OfPartsInAFileThatIsStampedAheadOfTheClock) {
+    const FilesOfTheFuture ahead;
+    ExpectWalkGrowsWithSize(500, [](std::size_t n) { return PackageOfParts(n, Number); });
+}
+
+TEST(Growth, OfPackagesThatAreReadInTurn) {
+    ExpectNoFasterGrowthThanSize(8, [](std::size_t n) {
+        constexpr std::size_t kParts = 100;
+        const auto files = std::make_shared<std::deque<ScratchFile>>();
+        for (std::size_t i = 0; i < n; ++i) files->emplace_back(PackageOfParts(kParts, Number).Bytes());
+        return [files] {
+            std::vector<Handle<opc::Package>> packages;
+            for (const ScratchFile& file : *files) {
+                packages.push_back(opc::Package::Open(file.Path16().c_str()));
+            }
+            for (std::size_t part = 0; part < kParts; ++part) {
+                for (const Handle<opc::Package>& package : packages) {
+                    ComPtr<IStream> stream;
+                    const opc::PartUri name(Utf16(Number(part)).c_str());
+                    EXPECT_EQ(package->GetPart(name)->GetStream(stream.Out()), S_OK);
+                }
+            }
+        };
+    });
+}
+
 TEST(Growth, OfPartsWithContentAndRelationships) {
     ExpectWalkGrowsWithSize(200, [](std::size_t n) {
         ZipFile zip = PackageOf(Each(n, [](std::size_t i) { return Related(Number(i), Number(i)); }));
@@ -62,6 +92,22 @@ TEST(Growth, OfPartsWithContentAndRelationships) {
             zip.Add("_rels/" + Number(i) + ".rels",
                     Root(Related("1", "a.xml") + Related("2", Number(0))));
         }
+        return zip;
+    });
+}
+
+// Each spelling that is a part has the relationships of the entry once more.
+TEST(Growth, OfSpellingsOfOneName) {
+    ExpectWalkGrowsWithSize(200, [](std::size_t n) {
+        const auto spelling = [](std::size_t i) {
+            std::string name = "a";
+            for (std::size_t bit = 0; bit < 12; ++bit) name += (i >> bit & 1) != 0 ? "\\a" : "/a";
+            return name;
+        };
+        const auto all = Each(n, [&](std::size_t i) { return Related(Number(i), "/" + spelling(i)); });
+        ZipFile zip = PackageOf(all);
+        AddEmpty(zip, spelling(0));
+        zip.Add("a/a/a/a/a/a/a/a/a/a/a/a/_rels/a.rels", Root(all));
         return zip;
     });
 }

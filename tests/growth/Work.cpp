@@ -19,6 +19,8 @@ namespace {
 std::uint64_t edges = 0;
 std::uint64_t bytes = 0;
 
+long hoursAhead = 1;
+
 constexpr std::uint64_t kSystemCall = 64;  // as expensive as going over so many bytes
 
 }  // namespace
@@ -79,12 +81,18 @@ ssize_t __wrap_pread(int file, void* to, std::size_t size, off_t position) {
     return __real_pread(file, to, size, position);
 }
 
-// Later than it is: a file that was changed just now is read anew again and again.
+// Files have settled, or they have not; how fast the program runs must not matter.
 int __real_clock_gettime(clockid_t clock, timespec* time);
 int __wrap_clock_gettime(clockid_t clock, timespec* time) {
-    constexpr std::time_t kAnHour = 3'600;
+    constexpr std::int64_t kStep = 10'000'000, kSecond = 1'000'000'000;
+    static std::int64_t steady = 0;
+    if (clock == CLOCK_MONOTONIC) {
+        steady += kStep;
+        *time = {steady / kSecond, steady % kSecond};
+        return 0;
+    }
     const int result = __real_clock_gettime(clock, time);
-    if (clock == CLOCK_REALTIME) time->tv_sec += kAnHour;
+    if (clock == CLOCK_REALTIME) time->tv_sec += hoursAhead * 3'600;
     return result;
 }
 
@@ -135,6 +143,13 @@ constexpr Kind kKinds[] = {
 };
 
 }  // namespace
+
+FilesOfTheFuture::FilesOfTheFuture() {
+    hoursAhead = -1;
+}
+FilesOfTheFuture::~FilesOfTheFuture() {
+    hoursAhead = 1;
+}
 
 Work Measured(const std::function<void()>& run) {
     const HeapMeter heap;

@@ -21,6 +21,16 @@ struct Work {
 
 Work Measured(const std::function<void()>& run);
 
+// The product's clock is an hour ahead, so that files are as if written long ago; while one of
+// these lives, it is an hour slow.
+class FilesOfTheFuture {
+public:
+    FilesOfTheFuture();
+    ~FilesOfTheFuture();
+    FilesOfTheFuture(const FilesOfTheFuture&) = delete;
+    FilesOfTheFuture& operator=(const FilesOfTheFuture&) = delete;
+};
+
 // Makes inputs of a size, and answers what to do with one. Making them is not measured.
 using Making = std::function<std::function<void()>(std::size_t size)>;
 

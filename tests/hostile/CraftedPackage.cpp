@@ -1,16 +1,30 @@
 #include "tests/hostile/CraftedPackage.h"
 
 #include "tests/hostile/PackageText.h"
+#include "tests/support/OldFiles.h"
 #include "tests/support/ScratchFile.h"
 #include "vexpa/base/Handle.h"
 #include "vexpa/opc/Package.h"
 
 namespace vexpa_test {
 
-std::string ReadPackage(const std::string& bytes) {
-    const ScratchFile file(bytes);
+namespace {
+
+std::string ReadFile(const ScratchFile& file) {
     const tarn::Handle<tarn::opc::Package> package = tarn::opc::Package::Open(file.Path16().c_str());
     return package ? PackageText(*package) : kDoesNotOpen;
+}
+
+}  // namespace
+
+std::string ReadPackage(const std::string& bytes) {
+    const ScratchFile file(bytes);
+    const OldFiles old;
+    return ReadFile(file);
+}
+
+std::string ReadFreshPackage(const std::string& bytes) {
+    return ReadFile(ScratchFile(bytes));
 }
 
 std::string NameOfCase(const testing::TestParamInfo<CraftedPackage>& info) {
@@ -22,7 +36,11 @@ void PrintTo(const CraftedPackage& crafted, std::ostream* out) {
 }
 
 TEST_P(HostilePackage, GivesWhatItShould) {
-    EXPECT_EQ(ReadPackage(GetParam().bytes()), GetParam().expected);
+    const std::string bytes = GetParam().bytes();
+    EXPECT_EQ(ReadPackage(bytes), GetParam().expected);
+    if (bytes.size() <= kMostReadFresh) {
+        EXPECT_EQ(ReadFreshPackage(bytes), GetParam().expected) << "written just now";
+    }
 }
 
 // A subject without cases, as when only some of them are linked, is no error.

@@ -25,6 +25,10 @@ inline constexpr const char* kDoesNotOpen = "does not open\n";
 // there was (see PackageText.h), or kDoesNotOpen.
 std::string ReadPackage(const std::string& bytes);
 
+// The same of a file that was written just now, and may still be: it takes longer.
+std::string ReadFreshPackage(const std::string& bytes);
+inline constexpr std::size_t kMostReadFresh = 16'384;
+
 // A list of cases is run by
 //
 //     INSTANTIATE_TEST_SUITE_P(ZipNames, HostilePackage, testing::ValuesIn(Cases()), NameOfCase);

@@ -138,6 +138,24 @@ TEST(GetPart, TakesANameWithAndWithoutItsLeadingSlashAsOnePart) {
     EXPECT_EQ(package->GetPart(opc::PartUri(u"//word/document.xml")), nullptr);
 }
 
+TEST(GetPart, TakesTwoSpellingsOfANameForTwoParts) {
+    PackageFile file;
+    file.Entry("a/b.xml", "<b/>");
+    const Handle<opc::Package> package = file.Open();
+    opc::Part* slash = package->GetPart(opc::PartUri(u"a/b.xml"));
+    opc::Part* backslash = package->GetPart(opc::PartUri(u"a\\b.xml"));
+    ASSERT_NE(slash, nullptr);
+    ASSERT_NE(backslash, nullptr);
+    EXPECT_NE(slash, backslash);
+
+    ComPtr<IStream> first;
+    ComPtr<IStream> second;
+    ASSERT_EQ(slash->GetStream(first.Out()), S_OK);
+    ASSERT_EQ(backslash->GetStream(second.Out()), S_OK);
+    EXPECT_NE(first.Get(), second.Get());
+    EXPECT_EQ(ReadToEnd(*first.Get()), ReadToEnd(*second.Get()));
+}
+
 TEST(GetPart, KeepsTheNameAsItWasFirstGiven) {
     PackageFile file;
     file.Entry("a.xml", "<a/>");

@@ -198,6 +198,18 @@ TEST(RelationshipStream, OfARepeatedIdKeepsTheFirstAndFindsBothByType) {
     EXPECT_EQ(part->GetRelationshipsByType(u"urn:b").first->GetTarget().name, u"b.xml");
 }
 
+TEST(RelationshipStream, OfARepeatedIdAndTypeFindsOnlyTheFirst) {
+    PackageFile file = WithStream(RelationshipsXml(RelationshipXml("rId1", "urn:a", "a.xml") +
+                                                   RelationshipXml("rId1", "urn:a", "b.xml")));
+    const Handle<opc::Package> package = file.Open();
+    opc::Part* part = Document(package);
+    EXPECT_EQ(part->GetRelationships().size(), 1u);
+    const opc::RelationshipRange range = part->GetRelationshipsByType(u"urn:a");
+    EXPECT_EQ(range.first, part->GetRelationshipById(u"rId1"));
+    EXPECT_EQ(range.first->GetTarget().name, u"a.xml");
+    EXPECT_EQ(range.next, nullptr);
+}
+
 TEST(RelationshipStream, OfARepeatedTypeGivesTheFirstInDocumentOrder) {
     PackageFile file = WithStream(RelationshipsXml(RelationshipXml("rId2", kStyles, "first.xml") +
                                                    RelationshipXml("rId1", kStyles, "second.xml")));

@@ -2,7 +2,9 @@
 
 #include <expat.h>
 #include <libdeflate.h>
+#include <sys/mman.h>
 
+#include <cerrno>
 #include <memory_resource>
 #include <mutex>
 #include <new>
@@ -13,10 +15,16 @@ void* __real_malloc(std::size_t size);
 void* __real_calloc(std::size_t count, std::size_t size);
 void* __real_realloc(void* memory, std::size_t size);
 void __real_free(void* memory);
+int __real_posix_memalign(void** memory, std::size_t alignment, std::size_t size);
+void* __real_mmap(void* address, std::size_t size, int protection, int flags, int file, off_t offset);
+int __real_mprotect(void* memory, std::size_t size, int protection);
 void* __wrap_malloc(std::size_t size);
 void* __wrap_calloc(std::size_t count, std::size_t size);
 void* __wrap_realloc(void* memory, std::size_t size);
 void __wrap_free(void* memory);
+int __wrap_posix_memalign(void** memory, std::size_t alignment, std::size_t size);
+void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, int file, off_t offset);
+int __wrap_mprotect(void* memory, std::size_t size, int protection);
 XML_Parser __wrap_XML_ParserCreate(const XML_Char* encoding);
 }
 
@@ -106,6 +114,21 @@ void* __wrap_realloc(void* memory, std::size_t size) {
 void __wrap_free(void* memory) {
     TheBooks().Strike(memory);
     __real_free(memory);
+}
+
+int __wrap_posix_memalign(void** memory, std::size_t alignment, std::size_t size) {
+    if (Fails()) return ENOMEM;
+    const int error = __real_posix_memalign(memory, alignment, size);
+    if (error == 0) TheBooks().Enter(*memory);
+    return error;
+}
+
+void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, int file, off_t offset) {
+    return Fails() ? MAP_FAILED : __real_mmap(address, size, protection, flags, file, offset);
+}
+
+int __wrap_mprotect(void* memory, std::size_t size, int protection) {
+    return Fails() ? -1 : __real_mprotect(memory, size, protection);
 }
 
 XML_Parser __wrap_XML_ParserCreate(const XML_Char* encoding) {

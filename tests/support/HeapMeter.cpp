@@ -65,6 +65,16 @@ void OnFree(const volatile void* memory) {
 
 #else
 
+namespace {
+
+void OnMapped(std::size_t size, int protection, std::size_t liveNow) {
+    if (protection == PROT_NONE) return;
+    Raise(largest, size);
+    Raise(peak, liveNow);
+}
+
+}  // namespace
+
 // The C library calls what stands here in place of its own. So do the shared libraries under the
 // program, which find it only where it is visible.
 #pragma GCC visibility push(default)
@@ -116,11 +126,17 @@ void free(void* memory) {
     __libc_free(memory);
 }
 
-// malloc's own calls do not come by here, so what does was asked for by the product.
+// malloc's own calls do not come by here, so what does was asked for by the product. Addresses
+// without memory are no more than that until they get some.
 void* mmap(void* address, std::size_t size, int protection, int flags, int file, off_t offset) {
     const long memory = syscall(SYS_mmap, address, size, protection, flags, file, offset);
-    if (memory != -1 && (flags & MAP_ANONYMOUS) != 0) Raise(peak, live += size);
+    if (memory != -1 && (flags & MAP_ANONYMOUS) != 0) OnMapped(size, protection, live += size);
     return reinterpret_cast<void*>(memory);
+}
+
+int mprotect(void* memory, std::size_t size, int protection) noexcept {
+    OnMapped(size, protection, live);
+    return static_cast<int>(syscall(SYS_mprotect, memory, size, protection));
 }
 
 int munmap(void* memory, std::size_t size) {

@@ -49,7 +49,7 @@ public:
     // Calls are numbered, and counted, anew.
     void SetHook(Hook hook);
 
-    // What the system says about time from now on. Without it the truth.
+    // What the system says about time from now on, by any clock. Without it the truth.
     void SetClock(std::timespec now) { now_ = now; }
     void SetFileTimes(const FileTimes& times) { times_ = times; }
 

@@ -61,11 +61,6 @@ TEST(CommandLine, WrongUsageEndsWithStatus2AndOneLine) {
     }
 }
 
-TEST(CommandLine, NamesTheCommandThatItDoesNotKnow) {
-    EXPECT_EQ(RunTool({"trees", "a"}).err,
-              "vexpa: no such command or option: trees (see vexpa --help)\n");
-}
-
 TEST(CommandLine, AFileMayBeCalledLikeACommand) {
     const ToolRun run = RunTool({"tree", "dump"});
     EXPECT_EQ(run.status, 3);

@@ -3,9 +3,11 @@
 
 #include <cstdio>
 #include <memory>
+#include <sstream>
 
 #include "tests/opc/PackageFile.h"
 #include "tests/tool/RunTool.h"
+#include "tool/run/FileList.h"
 
 namespace {
 
@@ -81,6 +83,11 @@ TEST(BashCompletion, KnowsWhatFollowsAnOption) {
     EXPECT_THAT(Complete({"completion", ""}), ElementsAre("bash", "zsh", "fish"));
     EXPECT_THAT(Complete({"help", "ty"}), ElementsAre("types"));
     EXPECT_THAT(Complete({"tree", "--depth", ""}), IsEmpty());
+    EXPECT_THAT(Complete({"check", "--fail-on", ""}), ElementsAre("error", "warning"));
+    EXPECT_THAT(Complete({"check", "--only", "VX40"}), Contains("VX402"));
+    EXPECT_THAT(Complete({"check", "--ignore", "VX70"}), ElementsAre("VX701", "VX702"));
+    EXPECT_THAT(Complete({"help", "VX70"}), ElementsAre("VX701", "VX702"));
+    EXPECT_THAT(Complete({"rels", "--type", "hea"}), ElementsAre("header"));
 }
 
 TEST(BashCompletion, NamesTheFilesAndThePartsInThem) {
@@ -90,6 +97,9 @@ TEST(BashCompletion, NamesTheFilesAndThePartsInThem) {
     const std::string path = named.Path(), folder = path.substr(0, path.rfind('/') + 1);
     EXPECT_THAT(Complete({"tree", folder}), ElementsAre(path));
     EXPECT_THAT(Complete({"cat", path, "word/"}), ElementsAre("word/document.xml", "word/a\\ b.xml"));
+    EXPECT_THAT(Complete({"cat", path, "/word/"}),
+                ElementsAre("/word/document.xml", "/word/a\\ b.xml"));
+    EXPECT_THAT(Complete({"cat", path, "/m"}), IsEmpty());
     EXPECT_THAT(Complete({"cat", path, "["}), ElementsAre("\\[Content_Types\\].xml"));
     EXPECT_THAT(Complete({"cat", "--hex", path, "m"}), ElementsAre("main"));
     EXPECT_THAT(Complete({"tree", path, "--from", "word/d"}), ElementsAre("word/document.xml"));
@@ -144,6 +154,13 @@ TEST(HelpCommand, FitsEightyColumns) {
     }
 }
 
+TEST(HelpCommand, ExplainsFindings) {
+    EXPECT_THAT(RunTool({"help", "VX305"}).out, testing::StartsWith("VX305  "));
+    EXPECT_THAT(Lines(RunTool({"help", "VX70"}).out), testing::SizeIs(2));
+    EXPECT_THAT(RunTool({"help", "VX305", "--json"}).out, testing::StartsWith("{\n  \"findings\": ["));
+    EXPECT_EQ(RunTool({"help", "VX999", "--json"}).status, 4);
+}
+
 // The page as a reader sees it: less the escapes of its language.
 std::string ManPage() {
     std::string text;
@@ -161,6 +178,21 @@ TEST(ManPage, NamesEveryCommandAndOption) {
                                          HasSubstr("\n.BR \"" + command + " ")));
         for (const std::string& option : Complete({command, "-"})) EXPECT_THAT(page, HasSubstr(option));
     }
+}
+
+// With -r the extension decides, so the reader has to know them all.
+TEST(ManPage, NamesTheExtensionsOfDocuments) {
+    std::istringstream page(ManPage());
+    std::vector<std::string> named;
+    for (std::string word; page >> word && word != ".\"documents";) {
+    }
+    for (std::string word; page >> word && word != ".PP";) named.push_back(word);
+    std::vector<std::string> all;
+    for (const std::string_view extension : vexpa_tool::DocumentExtensions())
+        all.emplace_back(extension);
+    EXPECT_EQ(named, all);
+    const std::string help = RunTool({"check", "--help"}).out;
+    for (const std::string& extension : all) EXPECT_THAT(help, HasSubstr(" " + extension));
 }
 
 TEST(Version, MayBeJson) {

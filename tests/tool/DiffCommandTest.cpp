@@ -107,7 +107,91 @@ TEST_F(DiffCommand, ARelationshipThatLeadsElsewhereHasChanged) {
     a_.Relationship("rId3", kStyles, "styles.xml");
     b_.Relationship("rId3", kStyles, "styles.xml");
     EXPECT_EQ(Lines(Diff({"--rels"}).out).at(0),
-              "~ /             rId2  styles [11] -> styles.xml => image [19] -> http://example.org/");
+              "~ /             rId2  styles [11] -> styles.xml => "
+              "image [19] -> http://example.org/ (external)");
+}
+
+// Two packages with one relationship that differs.
+std::string DifferenceOf(const std::string& typeA, const std::string& modeA, const std::string& typeB,
+                         const std::string& modeB) {
+    PackageFile a = MinimalPackage(), b = MinimalPackage();
+    for (PackageFile* file : {&a, &b}) file->Entry("x.xml", "<x/>");
+    a.Entry("word/_rels/document.xml.rels",
+            RelationshipsXml(RelationshipXml("rId1", typeA, "x.xml", modeA)));
+    b.Entry("word/_rels/document.xml.rels",
+            RelationshipsXml(RelationshipXml("rId1", typeB, "x.xml", modeB)));
+    const ToolRun run = RunTool({"diff", "--rels", a.Write().Path(), b.Write().Path()});
+    EXPECT_EQ(run.status, 1);
+    return run.out;
+}
+
+TEST(DiffCommandSides, DifferWhereOnlyTheModeDoes) {
+    const std::string type = "urn:x/image";
+    EXPECT_EQ(
+        DifferenceOf(type, "", type, "External"),
+        "~ word/document.xml  rId1  image [-] -> word/x.xml => image [-] -> word/x.xml (external)\n");
+}
+
+TEST(DiffCommandSides, HaveTheWholeTypeWhereTheEndsAreEqual) {
+    EXPECT_EQ(DifferenceOf("urn:x/image", "", "URN:x/image", ""),
+              "~ word/document.xml  rId1  urn:x/image -> word/x.xml => URN:x/image -> word/x.xml\n");
+}
+
+// The Ids are the same; only where they stand in their stream is not.
+class DiffCommandOrder : public testing::Test {
+protected:
+    static std::string Package(const std::vector<std::string>& headers) {
+        PackageFile file = MinimalPackage();
+        std::string relationships;
+        for (const std::string& header : headers) {
+            const std::string part = header + ".xml";
+            file.Entry("word/" + part, "<a/>");
+            relationships += RelationshipXml(header, kHeader, part);
+        }
+        file.Entry("word/_rels/document.xml.rels", RelationshipsXml(relationships));
+        return ReadFile(file.Write().Path());
+    }
+
+    static constexpr const char* kHeader =
+        "http://schemas.openxmlformats.org/officeDocument/2006/relationships/header";
+    const ScratchFile before_{Package({"h1", "h2", "h3"})}, after_{Package({"h2", "h1", "h3"})};
+};
+
+TEST_F(DiffCommandOrder, IsToldWhereAnotherIsTheFirstOfItsType) {
+    const ToolRun run = RunTool({"diff", "--rels", before_.Path(), after_.Path()});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out,
+              "~ word/document.xml  header [8]  first of its type: "
+              "h1 -> word/h1.xml => h2 -> word/h2.xml\n");
+    const json diff = json::parse(RunTool({"diff", "--json", before_.Path(), after_.Path()}).out);
+    EXPECT_EQ(diff["firsts"],
+              (json::array({{{"source", "word/document.xml"},
+                             {"type", kHeader},
+                             {"before", {{"id", "h1"}, {"resolved_target", "word/h1.xml"}}},
+                             {"after", {{"id", "h2"}, {"resolved_target", "word/h2.xml"}}}}})));
+}
+
+TEST_F(DiffCommandOrder, IsToldBesideTheOneThatCame) {
+    const ScratchFile more(Package({"h0", "h1", "h2", "h3"}));
+    const ToolRun run = RunTool({"diff", "--rels", before_.Path(), more.Path()});
+    EXPECT_THAT(run.out, testing::HasSubstr("  first of its type: h1 -> word/h1.xml => "
+                                            "h0 -> word/h0.xml\n"));
+    EXPECT_EQ(RunTool({"diff", "--rels", more.Path(), before_.Path()}).out,
+              "- word/document.xml  h0  header [8] -> word/h0.xml\n");
+}
+
+TEST_F(DiffCommandOrder, IsNothingBehindTheFirst) {
+    const ScratchFile other(Package({"h1", "h3", "h2"}));
+    EXPECT_EQ(RunTool({"diff", before_.Path(), other.Path()}).out, "");
+}
+
+TEST_F(DiffCommandOrder, IsNotToldWhereTheFirstLeadsToTheSamePart) {
+    PackageFile a = MinimalPackage(), b = MinimalPackage();
+    for (PackageFile* file : {&a, &b}) file->Entry("word/h.xml", "<a/>");
+    a.Entry("word/_rels/document.xml.rels", RelationshipsXml(RelationshipXml("r1", kHeader, "h.xml")));
+    b.Entry("word/_rels/document.xml.rels", RelationshipsXml(RelationshipXml("r2", kHeader, "h.xml")));
+    EXPECT_THAT(Lines(RunTool({"diff", "--rels", a.Write().Path(), b.Write().Path()}).out),
+                testing::SizeIs(2));
 }
 
 TEST_F(DiffCommand, AsJsonHasBothSides) {
@@ -143,9 +227,30 @@ TEST_F(DiffCommand, NeedsTwoPackages) {
     EXPECT_EQ(RunTool({"diff", file.Path(), path}).status, 3);
     EXPECT_EQ(RunTool({"diff", path}).status, 2);
     const json diff = json::parse(RunTool({"diff", "--json", path, file.Path()}).out);
-    EXPECT_EQ(diff["opened"], false);
     EXPECT_EQ(diff["other"], file.Path());
     EXPECT_EQ(diff["parts"], json::array());
+}
+
+TEST_F(DiffCommand, AsJsonTellsWhichOfTheTwoDoesNotOpen) {
+    const ScratchFile file("no package");
+    const std::string path = a_.Write().Path();
+    const auto opened = [](const std::string& a, const std::string& b) {
+        const json diff = json::parse(RunTool({"diff", "--json", a, b}).out);
+        return std::pair(diff["opened"].get<bool>(), diff["other_opened"].get<bool>());
+    };
+    EXPECT_EQ(opened(path, path), std::pair(true, true));
+    EXPECT_EQ(opened(path, file.Path()), std::pair(true, false));
+    EXPECT_EQ(opened(file.Path(), path), std::pair(false, true));
+    EXPECT_EQ(opened(file.Path(), file.Path()), std::pair(false, false));
+}
+
+// Programs are looked for in PATH, which has none.
+TEST_F(DiffCommand, TellsOfXmlByAnotherProgram) {
+    ToolSetting setting;
+    setting.hasPath = false;
+    const ToolRun run = RunTool({"diff", "--xml", a_.Write().Path(), b_.Write().Path()}, setting);
+    EXPECT_EQ(run.status, 5);
+    EXPECT_EQ(run.err, "vexpa: --xml needs the program diff, which cannot be run\n");
 }
 
 TEST_F(DiffCommand, LinesOfADocumentCannotDisturbATerminal) {

@@ -192,6 +192,47 @@ TEST_F(GraphPicture, IsAnSvgDocument) {
     EXPECT_THAT(run.out, testing::EndsWith("</svg>\n"));
 }
 
+std::size_t CountOf(const std::string& text, const std::string& piece) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(piece); at != std::string::npos; at = text.find(piece, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+// How it is laid out is Graphviz's business.
+TEST_F(GraphPicture, HasWhatTheGraphHas) {
+    for (const char* sample : {"report.docx", "talk.pptx", "tides.xlsx", "ledger.xlsx"}) {
+        SCOPED_TRACE(sample);
+        const std::string path = std::string(VEXPA_SOURCE_DIR "/samples/") + sample;
+        const auto graph = nlohmann::json::parse(RunTool({"graph", "--json", path}).out);
+        const std::string picture = Draw({"graph", "--svg", path}).out;
+        EXPECT_EQ(CountOf(picture, "class=\"node\""), graph["nodes"].size());
+        EXPECT_EQ(CountOf(picture, "class=\"edge\""), graph["edges"].size());
+        for (const auto& node : graph["nodes"]) {
+            if (node["kind"] != "part" || node["names"].size() != 1) continue;
+            const std::string name = node["names"][0];
+            EXPECT_THAT(picture, HasSubstr(name.substr(name.rfind('/') + 1) + "</text>"));
+        }
+    }
+}
+
+// The main part of a Strict document is the main part, and its objects and links are what they are.
+TEST(GraphCommand, KnowsTheTypesOfStrictDocuments) {
+    const std::string strict = "http://purl.oclc.org/ooxml/officeDocument/relationships/";
+    PackageFile file;
+    file.Relationship("rId1", strict + "officeDocument", "word/document.xml");
+    file.Entry("word/document.xml", "<a/>");
+    file.Entry("word/object.bin", "x");
+    file.Entry("word/_rels/document.xml.rels",
+               RelationshipsXml(RelationshipXml("a", strict + "oleObject", "object.bin") +
+                                RelationshipXml("b", strict + "hyperlink", "http://x/", "External")));
+    const auto graph = nlohmann::json::parse(RunTool({"graph", "--json", file.Write().Path()}).out);
+    std::vector<std::string> kinds;
+    for (const auto& node : graph["nodes"]) kinds.push_back(node["kind"]);
+    EXPECT_THAT(kinds, testing::ElementsAre("package", "main", "embedded", "external"));
+}
+
 TEST_F(GraphPicture, OfHostileNamesIsADocumentAllTheSame) {
     PackageFile file = Hostile();
     const ToolRun run = Draw({"graph", "--svg", file.Write().Path()});

@@ -46,6 +46,34 @@ protected:
     ScratchFile file_{""};
 };
 
+// The library lists it as U+FFFD, by which it is found, too.
+TEST_F(LsCommand, ShowsANulInANameAsWhatItIs) {
+    const struct {
+        const char* shows;
+        std::string name;
+        std::uint16_t madeBy;
+        const char* printed;
+    } rows[] = {
+        {"UTF-8", std::string("a\0\u00fc\0.bin", 9), 0x0314, "a\\x00\u00fc\\x00.bin"},
+        {"a code page", std::string("a\0\x81.bin", 7), 0x0314, "a\\x00\u00fc.bin"},
+        {"backslashes that are read as slashes", std::string("a\0\\b", 4), 0x0014, "a\\x00/b"},
+        {"U+FFFD itself", "a\uFFFD.bin", 0x0314, "a\uFFFD.bin"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.shows);
+        ZipFile zip;
+        zip.Add(row.name, "x").madeBy = row.madeBy;
+        const ScratchFile file(zip.Bytes());
+        EXPECT_THAT(Lines(RunTool({"ls", file.Path()}).out)[1],
+                    testing::EndsWith(std::string("  ") + row.printed));
+    }
+    ZipFile zip;
+    zip.Add(std::string("a\0b", 3), "x");
+    const ScratchFile file(zip.Bytes());
+    EXPECT_EQ(json::parse(RunTool({"ls", "--json", file.Path()}).out)["entries"][0]["name"],
+              std::string("a\0b", 3));
+}
+
 TEST_F(LsCommand, ListsTheEntriesOfAnyArchive) {
     const ToolRun run = RunTool({"ls", file_.Path()});
     EXPECT_EQ(run.status, 0);

@@ -35,4 +35,11 @@ TEST(NamespacePrefixes, WhatTheLibraryDoesNotKnowHasNone) {
     EXPECT_EQ(FindPrefix(u""), nullptr);
 }
 
+// The library registers another for the same, which no document has.
+TEST(NamespacePrefixes, OfNoTokenIsTheOneThatDocumentsHave) {
+    const auto* const types = u"http://schemas.openxmlformats.org/officeDocument/2006/docPropsVTypes";
+    EXPECT_EQ(PrefixOf(types, 0), u"vt");
+    EXPECT_EQ(PrefixOf(types, 0x00160001), u"vtspace");
+}
+
 }  // namespace

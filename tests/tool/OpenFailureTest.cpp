@@ -88,7 +88,9 @@ TEST(OpenFailure, AFolderOrPipeIsNoFile) {
     const ScratchFile place("");
     const std::string folder = place.Path().substr(0, place.Path().rfind('/'));
     EXPECT_EQ(RunTool({"tree", folder}).err,
-              "vexpa: " + folder + ": does not open: VX001 not a regular file\n");
+              "vexpa: " + folder +
+                  ": does not open: VX001 is a folder; commands for several files take the documents "
+                  "below with -r\n");
     const std::string pipe = folder + "/pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(RunTool({"tree", pipe}).err,
@@ -100,7 +102,7 @@ TEST(OpenFailure, ANameOutsideTheLocaleIsNamedAsTheReason) {
     const ToolRun run = RunTool({"tree", file.Path()});
     EXPECT_EQ(run.status, 3);
     EXPECT_THAT(run.err,
-                testing::EndsWith("/\uFFFD.docx: does not open: VX002 the file name is not text in "
+                testing::EndsWith("/\\xff.docx: does not open: VX002 the file name is not text in "
                                   "the encoding of the locale\n"));
 }
 

@@ -1,6 +1,8 @@
 // The ways to name a part.
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "tests/opc/PackageFile.h"
 #include "tests/tool/RunTool.h"
 
@@ -25,6 +27,7 @@ protected:
                                      RelationshipXml("t2", "urn:x/two", "../main")));
         file_.Entry("other/a@b.xml", "at");
         file_.Entry("other/bell\x07.xml", "bell");
+        file_.Entry(std::string("other/nul\0.xml", 14), "nul");
         file_.Entry("folder/", "");
         file_.Entry("main", "an entry of that name");
         path_ = file_.Write().Path();
@@ -57,6 +60,7 @@ TEST_F(PartArgument, LeadsToAPart) {
         {"a name with an at sign", "other/a@b.xml", "at"},
         {"the end of one", "a@b.xml", "at"},
         {"a name as it is printed", "other/bell\\x07.xml", "bell"},
+        {"a name with a NUL as it is printed", "other/nul\\x00.xml", "nul"},
         {"a name before a word with a meaning", "main", "an entry of that name"},
     };
     for (const auto& row : rows) {
@@ -114,7 +118,7 @@ TEST(PartArgumentMain, MayNotBeThere) {
     const ToolRun run = RunTool({"cat", path, "main"});
     EXPECT_EQ(run.status, 4);
     EXPECT_EQ(run.err, "vexpa: " + path +
-                           ": main: no such part: the package has no officeDocument relationship\n");
+                           ": main: no such part: the package has no relationship to a main part\n");
 }
 
 TEST(PartArgumentMain, MayLeadNowhere) {
@@ -126,6 +130,25 @@ TEST(PartArgumentMain, MayLeadNowhere) {
     EXPECT_EQ(
         RunTool({"cat", path, "main"}).err,
         "vexpa: " + path + ": main: no such part: the officeDocument relationship leads to none\n");
+}
+
+// Where the library finds no officeDocument relationship, `info` shows what stands in its place.
+TEST(PartArgumentMain, IsThePartThatInfoShows) {
+    for (const char* type : {"http://purl.oclc.org/ooxml/officeDocument/relationships/officeDocument",
+                             "http://schemas.microsoft.com/visio/2010/relationships/document",
+                             "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
+                             "http://schemas.microsoft.com/3dmanufacturing/2013/01/3dmodel"}) {
+        SCOPED_TRACE(type);
+        PackageFile file;
+        file.Relationship("r1", kStyles, "other.xml");
+        file.Relationship("r2", type, "x/begin.xml");
+        file.Entry("other.xml", "other");
+        file.Entry("x/begin.xml", "the beginning");
+        const std::string path = file.Write().Path();
+        EXPECT_EQ(RunTool({"cat", path, "main"}).out, "the beginning");
+        const auto info = nlohmann::json::parse(RunTool({"info", "--json", path}).out);
+        EXPECT_EQ(info["main_part"], "x/begin.xml");
+    }
 }
 
 // 5,000 names that all end alike are not all listed.

@@ -31,4 +31,29 @@ TEST(Progress, TellsHowFarHowFastAndHowLong) {
     }
 }
 
+TEST(ProgressPace, OnATerminalBeginsAfterHalfASecond) {
+    ProgressPace pace(true, false);
+    for (const double seconds : {0.0, 0.1, 0.49}) EXPECT_FALSE(pace.IsDue(seconds)) << seconds;
+    EXPECT_TRUE(pace.IsDue(0.5));
+    EXPECT_FALSE(pace.IsDue(0.59));
+    EXPECT_TRUE(pace.IsDue(0.61));
+}
+
+TEST(ProgressPace, WhenAskedForBeginsAtOnce) {
+    ProgressPace pace(true, true);
+    EXPECT_TRUE(pace.IsDue(0));
+    EXPECT_FALSE(pace.IsDue(0.05));
+    EXPECT_TRUE(pace.IsDue(0.11));
+}
+
+TEST(ProgressPace, InALogIsFiveSeconds) {
+    for (const bool isEager : {false, true}) {
+        ProgressPace pace(false, isEager);
+        EXPECT_FALSE(pace.IsDue(4.9));
+        EXPECT_TRUE(pace.IsDue(5));
+        EXPECT_FALSE(pace.IsDue(9.9));
+        EXPECT_TRUE(pace.IsDue(10));
+    }
+}
+
 }  // namespace

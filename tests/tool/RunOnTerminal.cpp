@@ -34,14 +34,38 @@ void KeepTheScreen() {
     if (tcsetattr(STDIN_FILENO, TCSANOW, &settings) != 0) _exit(126);
 }
 
-// All until the other side hangs up.
+// What stands on the screen once the tool has ended.
+constexpr char kEnd = 1;
+
+// When the process that a terminal was opened for ends, the system hangs up, and what was not
+// read by then may be lost. So that process is one that starts the tool, shows that it has
+// ended, and stays until the screen has been read and the other side hangs up.
+[[noreturn]] void StayBeside(pid_t tool) {
+    std::signal(SIGINT, SIG_IGN);  // the key is meant for the tool
+    std::signal(SIGHUP, SIG_IGN);
+    const int status = WaitFor(tool);
+    if (write(STDERR_FILENO, &kEnd, 1) != 1) _exit(126);
+    char key;
+    while (read(STDIN_FILENO, &key, 1) > 0) continue;
+    if (status >= 0) _exit(status);
+    // As the tool ended, so does this.
+    std::signal(-status, SIG_DFL);
+    kill(getpid(), -status);
+    _exit(126);
+}
+
+// All until the tool has ended.
 std::string ReadScreen(int terminal, std::string interruptAfter) {
     std::string screen;
     std::array<char, 4096> piece;
     for (;;) {
         const ssize_t got = read(terminal, piece.data(), piece.size());
-        if (got <= 0) return screen;
+        if (got <= 0) throw std::runtime_error("the terminal was hung up");
         screen.append(piece.data(), static_cast<std::size_t>(got));
+        if (screen.back() == kEnd) {
+            screen.pop_back();
+            return screen;
+        }
         if (interruptAfter.empty() || screen.find(interruptAfter) == std::string::npos) continue;
         interruptAfter.clear();
         if (write(terminal, &kCtrlC, 1) != 1) throw std::runtime_error("the terminal takes nothing");
@@ -68,8 +92,11 @@ TerminalRun RunOnTerminal(const std::vector<std::string>& arguments, const Termi
     const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
     if (child < 0) throw std::runtime_error("no terminal");
     if (child == 0) {
-        std::signal(SIGINT, SIG_DFL);
         KeepTheScreen();
+        const pid_t tool = fork();
+        if (tool < 0) _exit(126);
+        if (tool > 0) StayBeside(tool);
+        std::signal(SIGINT, SIG_DFL);  // whatever the test program inherited
         if (!setting.outputFile.empty()) RedirectOutput(setting.outputFile);
         execve(argv[0], argv.data(), envp.data());
         _exit(127);

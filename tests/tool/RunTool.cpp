@@ -110,7 +110,11 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const ToolSetting& se
     const ScratchFile out("", "out"), err("", "err");
     std::vector<std::string> words = {VEXPA_TOOL};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    const std::vector<std::string> environment = ToolEnvironment(setting.environment);
+    std::vector<std::string> environment = ToolEnvironment(setting.environment);
+    if (!setting.hasPath) {
+        std::erase_if(environment, [](const std::string& one) { return one.starts_with("PATH="); });
+        environment.emplace_back("PATH=/nowhere");
+    }
     const std::vector<char*> argv = Pointers(words), envp = Pointers(environment);
     const std::string outPath = setting.outputFile.empty() ? out.Path() : setting.outputFile;
 
@@ -119,6 +123,7 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const ToolSetting& se
     if (child < 0) throw std::runtime_error("cannot fork");
     if (child == 0) {
         input.Use();
+        if (!setting.workFolder.empty() && chdir(setting.workFolder.c_str()) != 0) _exit(126);
         if (!setting.inputFile.empty()) RedirectInput(setting.inputFile);
         std::signal(SIGPIPE, setting.ignoresBrokenPipe ? SIG_IGN : SIG_DFL);
         if (setting.hasClosedPipe) {
@@ -127,6 +132,7 @@ ToolRun RunTool(const std::vector<std::string>& arguments, const ToolSetting& se
             Redirect(outPath.c_str(), STDOUT_FILENO);
         }
         Redirect(err.Path().c_str(), STDERR_FILENO);
+        for (const int descriptor : setting.closed) close(descriptor);
         if (setting.mostMemory != 0) LimitMemory(setting.mostMemory);
         execve(argv[0], argv.data(), envp.data());
         _exit(127);

@@ -18,9 +18,12 @@ struct ToolRun {
 // What surrounds the tool.
 struct ToolSetting {
     std::vector<std::string> environment = {"LC_ALL=C.UTF-8"};  // all of it, save ToolEnvironment
+    std::string workFolder = {};                                // where the tool is started
     std::string outputFile = {};     // where standard output goes instead of ToolRun::out
     std::string inputFile = {};      // what standard input is, when not what the tests have
     std::string input = {};          // what comes through a pipe as standard input
+    bool hasPath = true;             // whether programs are found
+    std::vector<int> closed = {};    // descriptors that the tool is started without
     bool hasClosedPipe = false;      // standard output is a pipe that nobody reads
     bool ignoresBrokenPipe = false;  // the tool inherits an ignored SIGPIPE
     std::uint64_t mostMemory = 0;    // bytes of address space; 0 for any

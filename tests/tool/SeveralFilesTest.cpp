@@ -125,6 +125,20 @@ TEST_F(SeveralFiles, ComeInTheirOrderHoweverManyThreadsWork) {
     }
 }
 
+// Sanitizers need terabytes of address space for themselves.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST_F(SeveralFiles, AreReadByTheThreadsThatThereAre) {
+    std::vector<std::string> arguments = {"parts", "--json", "-j", "256"};
+    for (int i = 0; i < 300; ++i) arguments.push_back(path_);
+    // There is room for the stacks of some fifty. How many processors there are decides whether what
+    // is left is enough for all of the files.
+    const ToolRun run = RunTool(arguments, {.mostMemory = 420 << 20});
+    EXPECT_TRUE(run.status == 0 || run.status == 5) << run.status;
+    EXPECT_THAT(run.err, testing::Not(HasSubstr("terminate")));
+    EXPECT_THAT(run.out, testing::StartsWith("{\"package\":\"" + path_));
+}
+#endif
+
 TEST_F(SeveralFiles, AFullDiskOrAClosedPipeEndsAllThreads) {
     std::vector<std::string> arguments = {"parts", "-j", "4"};
     for (int i = 0; i < 100; ++i) arguments.push_back(path_);

@@ -59,13 +59,40 @@ TEST_F(Terminal, ElsewhereThereIsColourOnlyWhenAskedFor) {
     EXPECT_FALSE(hasColour({"CLICOLOR_FORCE=1"}, "never"));
 }
 
+std::string WithoutColours(std::string text) {
+    for (std::size_t at; (at = text.find('\x1b')) != std::string::npos;) {
+        text.erase(at, text.find('m', at) + 1 - at);
+    }
+    return text;
+}
+
 // The words stay what they are: less the colours, the output is the plain one.
 TEST_F(Terminal, ColourOnlyRepeatsWhatWordsSay) {
-    std::string coloured = RunTool({"tree", "--color", "always", path_}).out;
-    for (std::size_t at; (at = coloured.find('\x1b')) != std::string::npos;) {
-        coloured.erase(at, coloured.find('m', at) + 1 - at);
+    PackageFile other = MinimalPackage();
+    other.Entry("more.xml", "");
+    const std::string otherPath = other.Write().Path();
+    const ScratchFile text("plain text");
+    const std::vector<std::vector<std::string>> commands = {
+        {"tree", path_},
+        {"rels", path_},
+        {"parts", path_},
+        {"types", path_},
+        {"ls", path_},
+        {"info", path_},
+        {"info", text.Path()},
+        {"check", path_},
+        {"check", text.Path()},
+        {"check", path_, text.Path()},
+        {"diff", path_, otherPath},
+    };
+    for (std::vector<std::string> command : commands) {
+        SCOPED_TRACE(command.front() + " " + command.back());
+        const std::string plain = RunTool(command).out;
+        command.insert(command.begin() + 1, {"--color", "always"});
+        const std::string coloured = RunTool(command).out;
+        EXPECT_NE(coloured, plain);
+        EXPECT_EQ(WithoutColours(coloured), plain);
     }
-    EXPECT_EQ(coloured, RunTool({"tree", path_}).out);
 }
 
 TEST_F(Terminal, JsonHasNoColour) {

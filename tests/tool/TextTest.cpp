@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "tool/text/Local.h"
 #include "tool/text/ShortNames.h"
 #include "tool/text/Size.h"
 #include "tool/text/Table.h"
@@ -66,6 +67,26 @@ TEST(Table, ACellOfAnyLengthWidensItsOwnLineOnly) {
     table.Add({"a", "b"});
     EXPECT_EQ(table.Lines()[0].size(), 5003u);
     EXPECT_EQ(table.Lines()[1].size(), kWidestColumn + 3);
+}
+
+// A name of one locale in another.
+TEST(PrintableLocal, ShowsBytesThatAreNoText) {
+    const struct {
+        const char* shows;
+        const char* local;
+        const char* printed;
+    } rows[] = {
+        {"text", "gr\u00fc\u00df", "gr\u00fc\u00df"},
+        {"nothing", "", "\"\""},
+        {"a byte between", "a\xFF\u00e4", "a\\xff\u00e4"},
+        {"half a character at the end", "a\xC3", "a\\xc3"},
+        {"a control character beside it", "\x1b\xFF", "\\x1b\\xff"},
+        {"U+FFFD itself", "\uFFFD", "\uFFFD"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.shows);
+        EXPECT_EQ(PrintableLocal(row.local), row.printed);
+    }
 }
 
 TEST(GroupedDigits, StandInThrees) {

@@ -195,6 +195,25 @@ TEST(TokensCommand, WrongUsageEndsWithStatus2) {
     }
 }
 
+// Forgetting the part makes the file a name to be looked up.
+TEST(TokensCommand, WantsAPartOfAFile) {
+    PackageFile file = MinimalPackage();
+    const std::string path = file.Write().Path();
+    const ToolRun run = RunTool({"tokens", path});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err,
+              "vexpa: " + path + ": is a file; name a PART of it, too (see vexpa tokens --help)\n");
+    EXPECT_EQ(RunTool({"tokens", path + ".gone"}).status, 4);
+}
+
+TEST(TokensOfAPart, DoNotCountWhatBelongsToXmlItselfAsUnknown) {
+    EXPECT_EQ(Tokens("<a xml:space='preserve'/>").err,
+              "elements: 1, attributes: 1, with a token: 0, unknown namespaces: 0, unknown names: 1\n");
+    EXPECT_EQ(Tokens("<a xml:space='preserve'/>", {"--annotate"}).err,
+              "elements: 1, attributes: 1, with a token: 0, unknown namespaces: 0, unknown names: 1\n"
+              "unknown name: {}a\n");
+}
+
 TEST(TokensCommand, AFullDiskIsNoticed) {
     PackageFile file = MinimalPackage();
     const std::string path = file.Write().Path();

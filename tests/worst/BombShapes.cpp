@@ -167,6 +167,29 @@ std::string WideCompoundFile() {
     return RawCompoundBytes(entries, 1);
 }
 
+// Storages as wide as they may be, and of those as many as there may be in one file.
+std::string WideStorages() {
+    constexpr std::uint32_t kFiles = 3, kStorages = 24, kElements = 2'040;
+    std::vector<RawEntry> entries(1 + kStorages + kStorages * kElements);
+    entries[0].type = 5;
+    for (std::uint32_t i = 1; i < entries.size(); ++i) {
+        const bool isStorage = i <= kStorages;
+        const std::uint32_t number = isStorage ? i : (i - kStorages - 1) % kElements;
+        entries[i].name.assign(1, static_cast<char16_t>(0x4E00 + number));
+        entries[i].type = isStorage ? 1 : 2;
+    }
+    entries[0].child = Link(entries, 1, kStorages + 1);
+    for (std::uint32_t i = 0; i < kStorages; ++i) {
+        const std::uint32_t first = 1 + kStorages + i * kElements;
+        entries[1 + i].child = Link(entries, first, first + kElements);
+    }
+    const std::string compound = RawCompoundBytes(entries, 1);
+    const auto name = [](std::size_t i) { return std::to_string(i) + ".bin"; };
+    ZipFile zip = PackageOf(Each(kFiles, [&](std::size_t i) { return Related(name(i), name(i)); }));
+    for (std::size_t i = 0; i < kFiles; ++i) zip.Add(name(i), compound);
+    return zip.Bytes();
+}
+
 std::string CompoundFiles() {
     constexpr std::size_t kParts = 72;
     const auto name = [](std::size_t i) { return std::to_string(i) + ".bin"; };
@@ -197,6 +220,7 @@ std::vector<Shape> BombShapes() {
         {"a target of escapes", ATargetOfEscapes},
         {"a long content type of many parts", ContentTypeOfManyParts},
         {"compound files", CompoundFiles},
+        {"compound files of wide storages", WideStorages},
     };
 }
 

@@ -1,4 +1,6 @@
 // Measures what the worst packages of a megabyte cost. No test: seconds are for people to look at.
+// Prints the table of docs/robustness.md: processor seconds to open the package, to walk it with
+// every stream, and to walk it again with every stream and storage; and the peak of all that.
 //
 //     worst_shapes              all shapes
 //     worst_shapes NAME         one of them
@@ -44,23 +46,26 @@ void Measure(const char* path) {
     const double start = Seconds();
     Handle<opc::Package> package = opc::Package::Open(path16.c_str());
     const double opened = Seconds();
-    const long afterOpen = PeakMegabytes();
     Walked walked;
     if (package) walked = WalkAll(*package, WalkStorages::kNo);
     const double streams = Seconds();
-    const long afterStreams = PeakMegabytes();
     package.Reset();
     package = opc::Package::Open(path16.c_str());
     const double again = Seconds();
     Walked all;
     if (package) all = WalkAll(*package, WalkStorages::kYes);
     const double storages = Seconds();
-    std::printf("%s %7.3f %7.3f %7.3f %6ld %6ld %6ld %6zu %8zu %7zu %6.0f\n", package ? "yes" : "no ",
-                opened - start, streams - opened, storages - again, afterOpen, afterStreams,
-                PeakMegabytes(), walked.parts, walked.relationships, all.elements,
-                static_cast<double>(walked.bytes) / (1 << 20));
+    std::printf("%s | %.3f | %.3f | %.3f | %ld | %zu | %zu | %zu | %.0f |\n", package ? "yes" : "no",
+                opened - start, streams - opened, storages - again, PeakMegabytes(), walked.parts,
+                walked.relationships, all.elements, static_cast<double>(walked.bytes) / (1 << 20));
     package.Reset();
     _vexpa_Terminate();
+}
+
+std::string WithCommas(long long number) {
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, 1, ',');
+    return text;
 }
 
 // In a process of its own, so that neither making the file nor another one counts.
@@ -73,7 +78,7 @@ void Run(const char* self, const Shape& shape, const std::string& folder) {
     }
     waitpid(maker, nullptr, 0);
     const auto size = std::ifstream(path, std::ios::binary | std::ios::ate).tellg();
-    std::printf("%-34s %8lld ", shape.name, static_cast<long long>(size));
+    std::printf("| %s | %s | ", shape.name, WithCommas(static_cast<long long>(size)).c_str());
     std::fflush(stdout);
     const pid_t reader = fork();
     if (reader == 0) {
@@ -82,7 +87,7 @@ void Run(const char* self, const Shape& shape, const std::string& folder) {
     }
     int status = 0;
     waitpid(reader, &status, 0);
-    if (status != 0) std::printf("ended with status %d\n", status);
+    if (status != 0) std::printf("ended with status %d |\n", status);
 }
 
 }  // namespace
@@ -96,8 +101,10 @@ int main(int argc, char** argv) {
     const char* only = keep ? argv[3] : argv[1];  // null at the end
     const ScratchFile scratch("");
     const std::string own = scratch.Path().substr(0, scratch.Path().rfind('/'));
-    std::printf("%-34s %8s %s %7s %7s %7s %6s %6s %6s %6s %8s %7s %6s\n", "shape", "bytes", "opens",
-                "open s", "walk s", "+stg s", "MB", "MB", "MB", "parts", "relships", "elements", "MB");
+    std::puts(
+        "| shape | bytes | opens | open s | streams s | and storages s | peak MB | parts "
+        "| relationships | elements | unpacked MB |\n"
+        "|---|---|---|---|---|---|---|---|---|---|---|");
     for (const std::vector<Shape>& shapes : {DenseShapes(), BombShapes()}) {
         for (const Shape& shape : shapes) {
             if (only != nullptr && std::strcmp(only, shape.name) != 0) continue;

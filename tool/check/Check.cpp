@@ -42,7 +42,7 @@ const Finding* CheckReport::Stop() const {
 
 CheckReport CheckPackage(const InputFile& file, const CheckOptions& options) {
     Subject subject(file, options);
-    Findings findings(subject.Opens());
+    Findings findings(subject.Opens(), options.mostItems);
     ReplayOpening(subject, findings);
     if (!options.isOpeningOnly) LookAtTheRest(subject, findings);
     CheckReport report;

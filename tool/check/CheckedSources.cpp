@@ -33,6 +33,10 @@ std::string NameOf(const opc::Relationship& relationship) {
     return Shown(tarn::CopyText(relationship.GetId())) + " (" + TypeTail(relationship) + ")";
 }
 
+Step StepThatReads(const CheckedSource& source) {
+    return source.part == nullptr ? Step::PackageRelationships : Step::PartRelationships;
+}
+
 void Locate(const CheckedSource& source, const opc::Relationship& relationship, Finding& finding) {
     finding.entry = source.entry;
     finding.relationship = ToUtf8(tarn::CopyText(relationship.GetId()));
@@ -45,6 +49,7 @@ void ReportVariant(const Subject& subject, const std::string& missingEntry, cons
     if (variant == nullptr) return;
     const Severity severity = missing.stopsOpening ? Severity::Error : Severity::Warning;
     findings.Add(FindingId::CaseVariant, severity, [&](Finding& finding) {
+        finding.step = missing.step;
         finding.entry = missing.entry;
         finding.relationship = missing.relationship;
         finding.target = missing.target;

@@ -24,6 +24,9 @@ std::vector<CheckedSource> CheckedSources(const Subject& subject);
 // "rId5 (thumbnail)"
 std::string NameOf(const tarn::opc::Relationship& relationship);
 
+// When its relationships are read.
+Step StepThatReads(const CheckedSource& source);
+
 // Where a finding about a relationship stands.
 void Locate(const CheckedSource& source, const tarn::opc::Relationship& relationship, Finding& finding);
 

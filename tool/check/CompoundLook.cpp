@@ -81,11 +81,16 @@ const KnownStream* FindKnownStream(const std::vector<std::u16string>& names) {
     return nullptr;
 }
 
-std::string UnknownKind(const std::vector<std::u16string>& names) {
-    if (names.empty()) return "with nothing in it";
+CompoundLook UnknownKind(const std::vector<std::u16string>& names) {
+    if (names.empty()) return {FindingId::OtherCompoundFile, "with nothing in it"};
+    CompoundLook look;
     ShownList list;
-    for (const std::u16string& name : names) list.Add(ToUtf8(name));
-    return "of a kind not known here, with " + list.Text();
+    for (const std::u16string& name : names) {
+        look.names.push_back(ToUtf8(name));
+        list.Add(look.names.back());
+    }
+    look.what = "of a kind not known here, with " + list.Text();
+    return look;
 }
 
 }  // namespace
@@ -97,7 +102,7 @@ CompoundLook LookAtCompoundFile(const Container& file) {
     if (!storage) return {FindingId::DamagedCompoundFile, "that is damaged"};
     const std::vector<std::u16string> names = NamesBelowRoot(*storage.Get());
     const KnownStream* known = FindKnownStream(names);
-    if (known == nullptr) return {FindingId::OtherCompoundFile, UnknownKind(names)};
+    if (known == nullptr) return UnknownKind(names);
     return {known->id, known->what};
 }
 

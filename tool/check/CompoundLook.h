@@ -3,6 +3,7 @@
 #define VEXPA_TOOL_CHECK_COMPOUNDLOOK_H_
 
 #include <string>
+#include <vector>
 
 #include "tool/check/Finding.h"
 #include "tool/container/Container.h"
@@ -11,7 +12,8 @@ namespace vexpa_tool {
 
 struct CompoundLook {
     FindingId id = FindingId::OtherCompoundFile;
-    std::string what;  // "with EncryptedPackage (password-protected document)"
+    std::string what;                     // "with EncryptedPackage (password-protected document)"
+    std::vector<std::string> names = {};  // below the root, where they are all that is known
 };
 
 // By the streams below the root, as the platform's storage lists them.

@@ -46,21 +46,14 @@ std::string OtherFormat(const Subject& subject) {
         }
     }
     for (const KnownFormat& format : kKnownFormats) {
-        if (subject.Find(format.entry) != nullptr) return "it looks like " + std::string(format.what);
+        if (subject.Has(format.entry)) return "it looks like " + std::string(format.what);
     }
     return {};
 }
 
-bool IsNearMiss(std::string_view name) {
-    std::string folded = FoldedCase(WithoutEscapes(name));
-    std::replace(folded.begin(), folded.end(), '\\', '/');
-    return folded == "[content_types].xml" || folded.ends_with("/[content_types].xml") ||
-           folded == "content_types.xml";
-}
-
 const ContainerEntry* FindNearMiss(const Subject& subject) {
     for (const ContainerEntry& entry : subject.container->Entries()) {
-        if (IsNearMiss(entry.name)) return &entry;
+        if (ResemblesContentTypes(entry.name)) return &entry;
     }
     return nullptr;
 }
@@ -83,8 +76,8 @@ void ExplainMissing(const Subject& subject, Finding& finding) {
     if (!other.empty()) {
         finding.cause += "; " + other;
         finding.hint = "give it to a program for that kind of file";
-    } else if (subject.FindVariant(kRelationshipsEntry) == nullptr &&
-               subject.Find(kRelationshipsEntry) == nullptr) {
+    } else if (!subject.Has(kRelationshipsEntry) &&
+               subject.FindVariant(kRelationshipsEntry) == nullptr) {
         finding.cause = "a zip archive, but no package: neither " + std::string(kContentTypesEntry) +
                         " nor " + kRelationshipsEntry + " is in it";
         finding.hint = "look at its entries with 'vexpa ls'; if it should be a document, get it again";
@@ -124,7 +117,7 @@ private:
 
     void LookForPart(const ScannedTypeRule& rule) {
         const std::string key = KeyOf(rule);
-        if (subject_.Find(key) != nullptr) return;
+        if (subject_.Has(key)) return;
         const ContainerEntry* variant = subject_.FindVariant(key);
         if (variant == nullptr) return Report(FindingId::IdleOverride, rule, "has no part");
         Report(FindingId::NearMissOfType, rule,
@@ -181,7 +174,7 @@ std::map<std::string, const ScannedTypeRule*> FoldedDefaults(const ContentTypeSc
 
 void CheckContentTypes(Subject& subject, Findings& findings) {
     if (!subject.HasDirectory()) return;
-    if (subject.Find(kContentTypesEntry) == nullptr) return ReportMissing(subject, findings);
+    if (!subject.Has(kContentTypesEntry)) return ReportMissing(subject, findings);
     const auto bytes = EntryBytes::Extract(subject.file.path, kPattern);
     if (!bytes) {
         findings.AddStop(FindingId::UnreadableContentTypes, [&](Finding& finding) {

@@ -5,6 +5,9 @@
 
 #include "tool/check/NameIndex.h"
 #include "tool/check/PartNames.h"
+#include "tool/model/MainPart.h"
+#include "tool/model/PartWalk.h"
+#include "tool/model/StrictTypes.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -56,23 +59,9 @@ constexpr KnownKind kKinds[] = {
 #undef SHEET
 #undef SLIDE
 
-constexpr std::string_view kMainTypes[] = {"officedocument", "document", "fixedrepresentation",
-                                           "3dmodel"};
-
-opc::Relationship* FindMain(opc::Package& package) {
-    if (opc::Relationship* main = package.GetRelationshipByType(opc::RelTypeOfficeDocument))
-        return main;
-    for (const std::string_view type : kMainTypes) {
-        for (const auto& [id, relationship] : package.GetRelationships()) {
-            if (FoldedCase(TypeTail(*relationship)) == type) return relationship;
-        }
-    }
-    return nullptr;
-}
-
 std::string ConformanceOf(const opc::Relationship& relationship) {
+    if (IsStrictType(relationship)) return "Strict";
     const std::string type = FoldedCase(ToUtf8(tarn::CopyText(relationship.GetType())));
-    if (type.starts_with("http://purl.oclc.org/ooxml/")) return "Strict";
     return type.starts_with("http://schemas.openxmlformats.org/officedocument/") ? "Transitional" : "";
 }
 
@@ -89,10 +78,10 @@ std::string KindOfType(std::string_view contentType) {
 
 DocumentKind KindOf(opc::Package& package) {
     DocumentKind kind;
-    const opc::Relationship* main = FindMain(package);
+    const opc::Relationship* main = MainRelationship(package);
     if (main == nullptr) return kind;
     kind.conformance = ConformanceOf(*main);
-    const opc::Part* part = package.GetPart(main->GetResolvedTarget());
+    const opc::Part* part = TargetPart(package, *main);
     if (part == nullptr) return kind;
     kind.mainPart = EntryNameOf(part->GetName());
     kind.contentType = ToUtf8(tarn::CopyText(part->GetContentType()));

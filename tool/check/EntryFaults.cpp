@@ -54,6 +54,11 @@ void ExplainFault(std::string_view entry, std::string_view bytes, const std::opt
     }
 }
 
+Step StepThatReads(std::string_view entry) {
+    if (entry == kContentTypesEntry) return Step::ContentTypes;
+    return entry == kRelationshipsEntry ? Step::PackageRelationships : Step::PartRelationships;
+}
+
 void Locate(std::string_view entry, const XmlPlace& place, Finding& finding) {
     finding.entry = entry;
     finding.line = place.line;
@@ -64,6 +69,7 @@ void CheckRoot(std::string_view entry, const RootName& root, const RootName& usu
                Findings& findings) {
     if (root.name == usual.name && root.uri == usual.uri) return;
     findings.Add(id, [&](Finding& finding) {
+        finding.step = StepThatReads(entry);
         finding.entry = entry;
         finding.cause = "its root element is " + Shown(root.name) + " in " +
                         (root.uri.empty() ? "no namespace" : "the namespace " + Shown(root.uri)) +
@@ -73,6 +79,7 @@ void CheckRoot(std::string_view entry, const RootName& root, const RootName& usu
 
 void ReportDocumentType(std::string_view entry, Findings& findings) {
     findings.Add(FindingId::DocumentType, [&](Finding& finding) {
+        finding.step = StepThatReads(entry);
         finding.entry = entry;
         finding.cause = "has a document type declaration";
     });

@@ -24,6 +24,10 @@ void ExplainUnreadable(const Subject& subject, std::string_view entry, Finding& 
 void ExplainFault(std::string_view entry, std::string_view bytes, const std::optional<XmlFault>& fault,
                   Finding& finding);
 
+// The step of opening that reads it: content types, the relationships of the package, or those of a
+// part.
+Step StepThatReads(std::string_view entry);
+
 // A place in an entry.
 void Locate(std::string_view entry, const XmlPlace& place, Finding& finding);
 

@@ -6,10 +6,13 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "runtime/zip/Utf8.h"
 #include "tool/check/Groups.h"
+#include "tool/check/PartNames.h"
 #include "tool/check/Shown.h"
+#include "tool/container/SpelledName.h"
 #include "tool/container/UnicodePath.h"
 #include "tool/text/Size.h"
 #include "tool/text/Unicode.h"
@@ -19,14 +22,7 @@ namespace vexpa_tool {
 namespace {
 
 // Entries that have the same thing in their names: one finding for all.
-struct NameGroup {
-    std::uint64_t count = 0;
-    const ContainerEntry* first = nullptr;
-
-    void Add(const ContainerEntry& entry) {
-        if (count++ == 0) first = &entry;
-    }
-};
+using NameGroup = std::vector<const ContainerEntry*>;
 
 // What is said of one name, and of several: "uses '\\' and ...", "use '\\' and ...".
 struct Predicate {
@@ -34,23 +30,41 @@ struct Predicate {
     const char* several;
 };
 
+// The first of the group is shown as it is written, where that differs from how it is read.
 void AddGroup(const NameGroup& group, FindingId id, Severity severity, const Predicate& predicate,
-              Findings& findings) {
-    if (group.count == 0) return;
+              const std::string& written, Findings& findings) {
+    if (group.empty()) return;
+    const ContainerEntry& first = *group.front();
+    const std::string read = Shown(first.name);
     findings.Add(id, severity, [&](Finding& finding) {
-        finding.offset = group.first->directoryPosition;
-        if (group.count == 1) {
-            finding.entry = group.first->name;
+        finding.offset = first.directoryPosition;
+        finding.namesAllItems = group.size() == 1;
+        if (group.size() == 1) {
+            finding.entry = first.name;
             finding.cause = std::string("the name ") + predicate.one;
+            if (written != read) finding.cause += ": " + written;
         } else {
-            finding.cause = GroupedDigits(group.count) + " entry names " + predicate.several +
-                            " (first: " + Shown(group.first->name) + ")";
+            finding.cause = GroupedDigits(group.size()) + " entry names " + predicate.several +
+                            " (first: " + written + ")";
         }
+        for (const ContainerEntry* entry : group) findings.AddItem(finding, {std::string(entry->name)});
     });
 }
 
 void AddGroup(const NameGroup& group, FindingId id, const Predicate& predicate, Findings& findings) {
-    AddGroup(group, id, KindOf(id).severity, predicate, findings);
+    if (group.empty()) return;
+    AddGroup(group, id, KindOf(id).severity, predicate, Shown(group.front()->name), findings);
+}
+
+// The bytes of the first name, which may be in any encoding.
+std::string FirstWritten(const Container& container, const NameGroup& group) {
+    if (group.empty()) return {};
+    const std::string raw = container.RawName(*group.front());
+    return Shown(QString::fromUtf8(raw.data(), static_cast<int>(raw.size())).toStdU16String());
+}
+
+std::string FirstSpelled(const Container& container, const NameGroup& group) {
+    return group.empty() ? std::string() : Shown(SpelledName(container, *group.front()));
 }
 
 bool HasWildcard(std::string_view name) {
@@ -103,16 +117,16 @@ public:
         const std::string_view name = entry.name;
         const std::string rawName = container_.RawName(entry);
         LookForBackslash(entry, rawName);
-        if (name.starts_with('/')) leadingSlash_.Add(entry);
+        if (name.starts_with('/')) leadingSlash_.push_back(&entry);
         if (IsPiece(name) || IsLastPiece(name)) {
-            pieces_.Add(entry);
-        } else if (HasWildcard(name) && name != kContentTypesEntry) {
-            wildcard_.Add(entry);
+            pieces_.push_back(&entry);
+        } else if (HasWildcard(name) && !IsToldOf(name)) {
+            wildcard_.push_back(&entry);
         }
-        if (!vexpa_runtime::zip::IsUtf8(rawName)) codePage_.Add(entry);
-        if (!SurvivesLocale(name)) outsideLocale_.Add(entry);
-        if (LeavesItsFolder(name)) climbing_.Add(entry);
-        if (IsDeceptive(name, rawName)) deceptive_.Add(entry);
+        if (!vexpa_runtime::zip::IsUtf8(rawName)) codePage_.push_back(&entry);
+        if (!SurvivesLocale(name)) outsideLocale_.push_back(&entry);
+        if (LeavesItsFolder(name)) climbing_.push_back(&entry);
+        if (IsDeceptive(name, rawName)) deceptive_.push_back(&entry);
         LookForSecondName(entry);
     }
 
@@ -121,7 +135,7 @@ public:
                  {"has a '\\' and is never found", "have a '\\' and are never found"}, findings_);
         AddGroup(readAsSlash_, FindingId::Backslash, Severity::Info,
                  {"is written with '\\' and read with '/'", "are written with '\\' and read with '/'"},
-                 findings_);
+                 FirstWritten(container_, readAsSlash_), findings_);
         AddGroup(leadingSlash_, FindingId::LeadingSlash,
                  {"begins with '/' and is never found", "begin with '/' and are never found"},
                  findings_);
@@ -143,19 +157,25 @@ public:
                  {"has '.', '..' or empty segments, or a drive letter",
                   "have '.', '..' or empty segments, or a drive letter"},
                  findings_);
-        AddGroup(deceptive_, FindingId::DeceptiveName,
+        AddGroup(deceptive_, FindingId::DeceptiveName, KindOf(FindingId::DeceptiveName).severity,
                  {"has control characters or turns the direction of writing",
                   "have control characters or turn the direction of writing"},
-                 findings_);
+                 FirstSpelled(container_, deceptive_), findings_);
     }
 
 private:
+    // Also when it is not quite the name: then it is told of as missing.
+    bool IsToldOf(std::string_view name) const {
+        if (name == kContentTypesEntry) return true;
+        return !container_.Has(kContentTypesEntry) && ResemblesContentTypes(name);
+    }
+
     // A name is read with '/' where the system that wrote it has '\'.
     void LookForBackslash(const ContainerEntry& entry, std::string_view rawName) {
         if (entry.name.find('\\') != entry.name.npos) {
-            backslash_.Add(entry);
+            backslash_.push_back(&entry);
         } else if (rawName.find('\\') != rawName.npos) {
-            readAsSlash_.Add(entry);
+            readAsSlash_.push_back(&entry);
         }
     }
 

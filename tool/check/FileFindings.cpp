@@ -21,6 +21,11 @@ std::string SystemError(int error) {
     return "cannot be read: " + std::generic_category().message(error);
 }
 
+bool IsFolder(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 // Empty when the file can be read.
 std::string WhyUnreadable(const std::string& path) {
     struct stat status;
@@ -44,13 +49,18 @@ void CheckKind(const Subject& subject, Findings& findings) {
         const CompoundLook look = LookAtCompoundFile(file);
         findings.AddStop(look.id, [&](Finding& finding) {
             finding.cause = "not a zip: compound file " + look.what;
+            finding.namesAllItems = look.names.empty();
+            for (const std::string& name : look.names) findings.AddItem(finding, {{}, name});
         });
         return;
     }
     if (FindDirectoryFault(file).kind != DirectoryFault::Kind::NoArchive) return;
-    const std::string kind = LooksLike(start, FileNameOf(subject.file.path), file.FileSize());
+    const FileLook look = LookAtFile(start, FileNameOf(subject.file.path), file.FileSize());
     findings.AddStop(FindingId::NotAZip, [&](Finding& finding) {
-        finding.cause = kind.empty() ? "not a zip archive" : "not a zip: looks like " + kind;
+        finding.cause = "not a zip archive";
+        if (look.kind == nullptr) return;
+        finding.cause = "not a zip: looks like " + std::string(look.kind);
+        finding.hint = look.hint;
     });
 }
 
@@ -61,6 +71,13 @@ void CheckFileItself(const Subject& subject, Findings& findings) {
     if (!IsLocalText(subject.file.path)) {
         findings.AddStop(FindingId::NameOutsideLocale, [](Finding& finding) {
             finding.cause = "the file name is not text in the encoding of the locale";
+        });
+        return;
+    }
+    if (IsFolder(subject.file.path)) {
+        findings.AddStop(FindingId::UnreadableFile, [](Finding& finding) {
+            finding.cause = "is a folder; commands for several files take the documents below with -r";
+            finding.hint = "add -r, or name a file in it";
         });
         return;
     }

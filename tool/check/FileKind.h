@@ -2,16 +2,21 @@
 #ifndef VEXPA_TOOL_CHECK_FILEKIND_H_
 #define VEXPA_TOOL_CHECK_FILEKIND_H_
 
-#include <string>
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace vexpa_tool {
 
 inline constexpr std::size_t kFileKindBytes = 512;
 
-// "a PDF document", "a web page"; empty when its first bytes say nothing known. The name helps
-// with the small files that editors lay beside an open document.
-std::string LooksLike(std::string_view firstBytes, std::string_view fileName, std::uint64_t fileSize);
+struct FileLook {
+    const char* kind = nullptr;  // "a PDF document"; null when the first bytes say nothing known
+    const char* hint = nullptr;  // what to do about it
+};
+
+// The name helps with the small files that editors lay beside an open document.
+FileLook LookAtFile(std::string_view firstBytes, std::string_view fileName, std::uint64_t fileSize);
 
 bool LooksLikeCompoundFile(std::string_view firstBytes);
 

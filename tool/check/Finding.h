@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vexpa_tool {
 
@@ -103,6 +104,13 @@ enum class FindingId : std::uint16_t {
     UnknownNames = 702,
 };
 
+// One of those that a finding sums up. As it stands in the package.
+struct FindingItem {
+    std::string entry = {};                   // an entry, or the part that has it; may be empty
+    std::string name = {};                    // a type, a namespace, a name; may be empty
+    std::optional<std::uint64_t> count = {};  // how often, where that is counted
+};
+
 // Texts of findings are Printable UTF-8; names and values are as they stand in the package.
 struct Finding {
     FindingId id{};
@@ -117,6 +125,12 @@ struct Finding {
     std::optional<std::uint64_t> column;  // in characters, from 1
     std::string cause;                    // one sentence
     std::string hint;                     // one sentence
+
+    // What it sums up, where that was asked for, and how many there are. The cause names them all
+    // or only some.
+    std::vector<FindingItem> items;
+    std::uint64_t itemCount = 0;
+    bool namesAllItems = true;
 };
 
 }  // namespace vexpa_tool

@@ -1,39 +1,29 @@
 #include "tool/check/FindingHelp.h"
 
-#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tool/check/FindingTable.h"
 #include "tool/check/Selection.h"
+#include "tool/text/JsonText.h"
 #include "tool/text/Table.h"
+#include "tool/text/Wrap.h"
 
 namespace vexpa_tool {
 
 namespace {
 
-constexpr std::size_t kWidth = 78;
-
-// Lines of at most kWidth columns, broken at blanks. ASCII.
-std::string Wrapped(std::string_view text, const std::string& first, const std::string& indent) {
-    std::string lines;
-    std::string line = first;
-    while (!text.empty()) {
-        const std::string_view word = text.substr(0, text.find(' '));
-        text.remove_prefix(std::min(word.size() + 1, text.size()));
-        if (line.size() + 1 + word.size() > kWidth && line.size() > indent.size()) {
-            lines += line + "\n";
-            line = indent;
-        }
-        if (line.size() > indent.size() && line.back() != ' ') line += ' ';
-        line += word;
-    }
-    return lines + line + "\n";
+std::string StepsText(FindingId id) {
+    std::string text;
+    for (const Step step : StepsOf(id))
+        text += (text.empty() ? "" : " or ") + std::string(StepText(step));
+    return text;
 }
 
 std::string Explain(const FindingKind& kind) {
     return IdText(kind.id) + "  " + kind.title + "\n" + SeverityText(kind.severity) +
-           ", found at the step: " + StepText(StepOf(kind.id)) + "\n\n" +
-           Wrapped(kind.text, "  ", "  ") + "\n" + Wrapped(kind.hint, "  hint: ", "        ");
+           ", found at the step: " + StepsText(kind.id) + "\n\n" + Wrapped(kind.text, "  ", "  ") +
+           "\n" + Wrapped(kind.hint, "  hint: ", "        ");
 }
 
 std::string List(const std::vector<const FindingKind*>& kinds) {
@@ -46,16 +36,35 @@ std::string List(const std::vector<const FindingKind*>& kinds) {
     return text;
 }
 
-}  // namespace
-
-std::string FindingHelp(const std::string& word) {
+std::vector<const FindingKind*> KindsOf(const std::string& word) {
     const FindingPattern pattern(word == "findings" ? "VX" : word);
     std::vector<const FindingKind*> kinds;
     for (const FindingKind& kind : kFindingTable) {
         if (pattern.Matches(kind.id)) kinds.push_back(&kind);
     }
+    return kinds;
+}
+
+Json KindJson(const FindingKind& kind) {
+    Json steps = Json::array();
+    for (const Step step : StepsOf(kind.id)) steps.push_back(StepText(step));
+    return {{"id", IdText(kind.id)},     {"severity", SeverityText(kind.severity)},
+            {"steps", std::move(steps)}, {"title", kind.title},
+            {"text", kind.text},         {"hint", kind.hint}};
+}
+
+}  // namespace
+
+std::string FindingHelp(const std::string& word) {
+    const std::vector<const FindingKind*> kinds = KindsOf(word);
     if (kinds.empty()) return {};
     return kinds.size() == 1 ? Explain(*kinds.front()) : List(kinds);
+}
+
+std::string FindingHelpJson(const std::string& word) {
+    Json list = Json::array();
+    for (const FindingKind* kind : KindsOf(word)) list.push_back(KindJson(*kind));
+    return list.empty() ? std::string() : JsonText({{"findings", std::move(list)}}) + "\n";
 }
 
 }  // namespace vexpa_tool

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 namespace vexpa_tool {
 
@@ -17,6 +18,19 @@ constexpr const char* kStepTexts[] = {
 };
 
 constexpr unsigned kIdsOfAStep = 100;
+
+// Relationships are read for the package and for parts, and told of alike.
+constexpr std::pair<FindingId, Step> kOtherSteps[] = {
+    {FindingId::DocumentType, Step::PackageRelationships},
+    {FindingId::DocumentType, Step::PartRelationships},
+    {FindingId::CaseVariant, Step::PartRelationships},
+    {FindingId::UnexpectedRelationshipsRoot, Step::PartRelationships},
+    {FindingId::RepeatedType, Step::PackageRelationships},
+    {FindingId::RepeatedId, Step::PackageRelationships},
+    {FindingId::OddTarget, Step::PackageRelationships},
+    {FindingId::OtherResolution, Step::PackageRelationships},
+    {FindingId::IncompleteRelationship, Step::PackageRelationships},
+};
 
 }  // namespace
 
@@ -36,7 +50,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "last 64 KiB nor an entry at its start. Downloads that failed are often a web page under the "
      "name of a document, and the small files that editors lay beside an open document carry its "
      "extension.",
-     "look at the file with a program of the kind that it looks like"},
+     "get the file again, or look at its first bytes"},
     {FindingId::EncryptedPackage, Severity::Error, "password-protected document",
      "A document saved with a password is no zip archive but a compound file, with the package "
      "encrypted in its stream EncryptedPackage. The library does not decrypt.",
@@ -202,7 +216,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "package has none: it is a drawing, a printed page, a model or another kind of package, or a "
      "damaged one.",
      "see the types that it has with 'vexpa rels'"},
-    {FindingId::LastIsExternal, Severity::Warning, "the last package relationship is external",
+    {FindingId::LastIsExternal, Severity::Error, "the last package relationship is external",
      "The library looks for a part for every package relationship, external ones included, and the "
      "last one decides. An external target is no part, so the package does not open.",
      "move the relationship before another one"},
@@ -269,7 +283,9 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "add the attribute"},
     {FindingId::UnreachedEntry, Severity::Info, "entries that no relationship reaches",
      "Parts are reached by way of relationships. Nothing leads to these entries, so an importer "
-     "never sees them: rests of an editor, padding, or content that is hidden there.",
+     "that follows relationships never sees them: rests of an editor, padding, or content that is "
+     "hidden there. Fixed-layout documents are another matter: their XML refers to pages and fonts "
+     "by name, and no relationship need lead to them.",
      "remove them, or add the relationship that was meant to lead there"},
     {FindingId::UnknownId, Severity::Warning, "reference to a relationship that is not there",
      "The XML of the part refers to a relationship by its Id (r:id, r:embed and the like), but the "
@@ -329,14 +345,15 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "the archive writes outside of its folder.",
      "rename the entry; do not unpack the file by name"},
     {FindingId::LoadedFromOutside, Severity::Info, "target outside that is loaded unasked",
-     "An attached template, a linked object, a frame, a sub-document or a data source lies outside "
-     "of the package, and editors load it without a click. It is a warning where the target is on "
+     "An attached template, a linked object or image, a frame, a sub-document, an imported document "
+     "or a data source lies outside of the package, and editors load it without a click. It is a "
+     "warning where the target is on "
      "another machine: templates from the network are a known way of attack.",
      "remove the relationship, or embed what it leads to"},
     {FindingId::TooManyEntries, Severity::Warning, "more entries than are looked at",
      "The archive has more entries than the limit for looking (--max-entries; 1,048,576 without "
      "it). The library lists them all; the check has looked at the first ones only.",
-     "do not trust the file"},
+     "raise --max-entries if the file can be trusted"},
     {FindingId::DeceptiveName, Severity::Warning, "entry name that is not what it looks like",
      "The name has control characters, characters that turn the direction of writing, or "
      "non-characters, so what a person sees is not what a program compares. Here they are shown "
@@ -373,6 +390,15 @@ const FindingKind* FindKind(std::string_view text) {
 
 Step StepOf(FindingId id) {
     return static_cast<Step>(static_cast<unsigned>(id) / kIdsOfAStep);
+}
+
+std::vector<Step> StepsOf(FindingId id) {
+    std::vector<Step> steps = {StepOf(id)};
+    for (const auto& [other, step] : kOtherSteps) {
+        if (other == id) steps.push_back(step);
+    }
+    std::sort(steps.begin(), steps.end());
+    return steps;
 }
 
 const char* SeverityText(Severity severity) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tool/check/Finding.h"
 
@@ -30,7 +31,9 @@ const FindingKind& KindOf(FindingId id);
 std::string IdText(FindingId id);
 const FindingKind* FindKind(std::string_view text);
 
+// The step that its number tells, and all in which the finding may be made.
 Step StepOf(FindingId id);
+std::vector<Step> StepsOf(FindingId id);
 
 const char* SeverityText(Severity severity);  // "error"
 const char* StepText(Step step);              // "package relationships"

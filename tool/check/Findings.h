@@ -23,7 +23,8 @@ public:
     // after these is counted, and nothing is made for it.
     static constexpr std::size_t kMostKept = 1000;
 
-    explicit Findings(bool opens) : opens_(opens) {}
+    // Of each finding at most so many items are kept.
+    explicit Findings(bool opens, std::size_t mostItems = 0) : opens_(opens), mostItems_(mostItems) {}
 
     // Counts a finding. When it is kept, fill(Finding&) gives it at least its cause; what the
     // table says about its id stands there already.
@@ -50,6 +51,11 @@ public:
         });
     }
 
+    // For fill: one more of those that the finding sums up.
+    void AddItem(Finding& finding, FindingItem item) const {
+        if (++finding.itemCount <= mostItems_) finding.items.push_back(std::move(item));
+    }
+
     // [borrowed] The finding that stops the opening, or null.
     const Finding* Stop() const;
 
@@ -63,6 +69,7 @@ private:
     Finding& Make(FindingId id, Severity severity);
 
     bool opens_;
+    std::size_t mostItems_;
     std::vector<Finding> kept_;
     std::map<FindingId, std::size_t> keptCounts_;
     FindingCounts counts_;

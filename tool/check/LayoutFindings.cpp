@@ -92,7 +92,9 @@ void CheckEndRecord(const Container& container, const Layout& layout, Findings& 
                           GroupedDigits(size),
                       findings);
     }
-    // Bytes before the archive shift every offset by as much: that is told of already.
+    // Bytes before the archive shift every offset by as much: that is told of already, unless the
+    // first entry is not known.
+    if (!container.IsWhole()) return;
     if (end.archiveStart == 0 || end.archiveStart == layout.before.Size()) return;
     AddDifference(container,
                   says + "the directory begins at offset " + GroupedDigits(end.claimedOffset) +

@@ -10,6 +10,7 @@
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
 #include "tool/check/Shown.h"
+#include "tool/model/StrictTypes.h"
 #include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
 
@@ -35,13 +36,14 @@ std::string TargetEntry(const ScannedRelationship& relationship) {
 
 // By the library where it can be asked; else as it looks for the parts of package targets.
 bool HasPart(const Subject& subject, const ScannedRelationship& relationship) {
-    if (subject.model == nullptr) return subject.Find(TargetEntry(relationship)) != nullptr;
+    if (subject.model == nullptr) return subject.Has(TargetEntry(relationship));
     const std::u16string target = FromUtf8(relationship.target.value_or(""));
     return subject.model->GetPart(opc::PartUri(target.c_str())) != nullptr;
 }
 
 Finding Describe(const ScannedRelationship& relationship) {
     Finding finding;
+    finding.step = Step::PackageRelationships;
     Locate(kRelationshipsEntry, relationship.place, finding);
     finding.relationship = relationship.id.value_or("");
     finding.target = relationship.target.value_or("");
@@ -69,11 +71,6 @@ void ReportMissing(const Subject& subject, const ScannedRelationship& relationsh
     if (!isExternal) ReportVariant(subject, TargetEntry(relationship), about, findings);
 }
 
-bool IsStrict(const opc::Relationship& relationship) {
-    return FoldedCase(ToUtf8(tarn::CopyText(relationship.GetType())))
-        .starts_with("http://purl.oclc.org/ooxml/");
-}
-
 // The end of the type; all of it where that would look like the type that is not there.
 std::string DistinctType(const opc::Relationship& relationship) {
     const std::string tail = TypeTail(relationship);
@@ -88,7 +85,7 @@ void CheckMainPart(const Subject& subject, Findings& findings) {
     if (subject.model->GetRelationshipByType(opc::RelTypeOfficeDocument) != nullptr) return;
 
     const bool isStrict = std::any_of(relationships.begin(), relationships.end(),
-                                      [](const opc::Relationship* one) { return IsStrict(*one); });
+                                      [](const opc::Relationship* one) { return IsStrictType(*one); });
     findings.Add(
         isStrict ? FindingId::StrictDocument : FindingId::NoOfficeDocument, [&](Finding& finding) {
             finding.entry = kRelationshipsEntry;
@@ -96,8 +93,11 @@ void CheckMainPart(const Subject& subject, Findings& findings) {
             std::set<std::string> seen;
             for (const opc::Relationship* one : relationships) {
                 const std::string type = DistinctType(*one);
-                if (seen.insert(type).second) types.Add(type);
+                if (!seen.insert(type).second) continue;
+                types.Add(type);
+                if (!isStrict) findings.AddItem(finding, {{}, type});
             }
+            finding.namesAllItems = isStrict || types.IsWhole();
             finding.cause = isStrict
                                 ? "the types are those of Strict documents: a look-up by type id does "
                                   "not find the main part"
@@ -107,9 +107,8 @@ void CheckMainPart(const Subject& subject, Findings& findings) {
 
 // Of an archive that is no package at all it is enough to say so.
 bool IsNoPackage(const Subject& subject) {
-    return subject.Find(kContentTypesEntry) == nullptr &&
+    return !subject.Has(kContentTypesEntry) && !subject.Has(kRelationshipsEntry) &&
            subject.FindVariant(kContentTypesEntry) == nullptr &&
-           subject.Find(kRelationshipsEntry) == nullptr &&
            subject.FindVariant(kRelationshipsEntry) == nullptr;
 }
 
@@ -128,7 +127,7 @@ void ReportNoRelationships(const Subject& subject, Findings& findings) {
 void CheckPackageRelationships(Subject& subject, Findings& findings) {
     if (!subject.HasDirectory() || IsNoPackage(subject)) return;
     const auto bytes = EntryBytes::Extract(subject.file.path, kRelationshipsEntry);
-    if (subject.Find(kRelationshipsEntry) == nullptr) {
+    if (!subject.Has(kRelationshipsEntry)) {
         ReportNoRelationships(subject, findings);
     } else if (!bytes) {
         findings.AddStop(FindingId::NoPackageRelationships, [&](Finding& finding) {

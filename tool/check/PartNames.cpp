@@ -82,4 +82,11 @@ std::string WithoutEscapes(std::string_view name) {
     return plain;
 }
 
+bool ResemblesContentTypes(std::string_view entry) {
+    std::string folded = FoldedCase(WithoutEscapes(entry));
+    std::replace(folded.begin(), folded.end(), '\\', '/');
+    return folded == "[content_types].xml" || folded.ends_with("/[content_types].xml") ||
+           folded == "content_types.xml";
+}
+
 }  // namespace vexpa_tool

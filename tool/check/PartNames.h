@@ -27,6 +27,9 @@ std::string TypeTail(std::u16string_view type);
 // Percent escapes decoded. The bytes may be no UTF-8 any more.
 std::string WithoutEscapes(std::string_view name);
 
+// Whether the name may have been meant as [Content_Types].xml.
+bool ResemblesContentTypes(std::string_view entry);
+
 }  // namespace vexpa_tool
 
 #endif  // VEXPA_TOOL_CHECK_PARTNAMES_H_

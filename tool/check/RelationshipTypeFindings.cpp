@@ -1,18 +1,17 @@
-// VX402, VX405, VX604, VX605 and VX607: the kinds of relationships.
+// VX405, VX604, VX605 and VX607: the kinds of relationships.
 
-#include <algorithm>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "tool/check/CheckedSources.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
+#include "tool/check/RepeatedTypes.h"
 #include "tool/check/Shown.h"
 #include "tool/check/WordCounts.h"
+#include "tool/model/StrictTypes.h"
 #include "tool/text/Size.h"
 #include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
@@ -41,71 +40,16 @@ std::set<std::string> KnownTails() {
 std::string UnknownTypeWord(const opc::Relationship& relationship) {
     static const std::set<std::string> known = KnownTails();
     const std::string tail = TypeTail(relationship);
-    const std::u16string type = tarn::CopyText(relationship.GetType());
-    const bool isStrict = FoldedCase(ToUtf8(type)).starts_with("http://purl.oclc.org/ooxml/");
-    return known.count(FoldedCase(tail)) == 0 || isStrict ? tail : Shown(type);
+    if (known.count(FoldedCase(tail)) == 0 || IsStrictType(relationship)) return tail;
+    return Shown(tarn::CopyText(relationship.GetType()));
 }
-
-// Types of which several stand with one source.
-class RepeatedTypes {
-public:
-    void Look(const CheckedSource& source) {
-        std::map<std::string, std::uint64_t> counts;
-        for (const opc::Relationship* one : source.relationships) {
-            if (one->GetTypeId() != opc::RelTypeUnknown) ++counts[TypeTail(*one)];
-        }
-        for (const auto& [type, count] : counts) {
-            if (count > 1) Add(type, count, source.entry);
-        }
-    }
-
-    void Report(Findings& findings) const {
-        if (types_.empty()) return;
-        findings.Add(FindingId::RepeatedType, [this](Finding& finding) {
-            finding.entry = OnlySource();
-            ShownList list(kMostWords);
-            for (const auto& [type, repeated] : types_) {
-                list.Add(type + " (" + GroupedDigits(repeated.most) +
-                         (repeated.sources == 1 ? "" : " or less in " + Sources(repeated.sources)) +
-                         ")");
-            }
-            finding.cause = "a look-up by type answers the first of several: " + list.Text();
-        });
-    }
-
-private:
-    struct Repeated {
-        std::uint64_t sources = 0;
-        std::uint64_t most = 0;
-        std::string source;  // the first
-    };
-
-    static std::string Sources(std::uint64_t count) { return GroupedDigits(count) + " parts"; }
-
-    void Add(const std::string& type, std::uint64_t count, const std::string& source) {
-        Repeated& repeated = types_[type];
-        if (repeated.sources++ == 0) repeated.source = source;
-        repeated.most = std::max(repeated.most, count);
-    }
-
-    // Empty when there are several.
-    std::string OnlySource() const {
-        const std::string& source = types_.begin()->second.source;
-        const bool isOnly = std::all_of(types_.begin(), types_.end(), [&](const auto& type) {
-            return type.second.sources == 1 && type.second.source == source;
-        });
-        return isOnly ? source : std::string();
-    }
-
-    std::map<std::string, Repeated> types_;
-};
 
 // What code or other documents the package holds.
 class ActiveContent {
 public:
     void Look(const opc::Relationship& relationship) {
         if (relationship.GetTargetMode() == opc::TargetModeExternal) return;
-        switch (relationship.GetTypeId()) {
+        switch (MeantType(relationship)) {
             case opc::RelTypeVbaProject:
                 ++macros_;
                 break;
@@ -178,7 +122,7 @@ bool IsRemote(std::string_view target) {
 
 void CheckLoaded(const CheckedSource& source, const opc::Relationship& relationship,
                  Findings& findings) {
-    const char* what = LoadedAs(relationship.GetTypeId());
+    const char* what = LoadedAs(MeantType(relationship));
     if (what == nullptr) return;
     const std::string target = ToUtf8(relationship.GetTarget().name);
     const bool isRemote = IsRemote(target);
@@ -196,6 +140,8 @@ void ReportExternal(const WordCounts& external, Findings& findings) {
     findings.Add(FindingId::ExternalTargets, [&](Finding& finding) {
         finding.cause = Counted(external.Total(), "external target: ", "external targets: ") +
                         external.Text(kMostWords);
+        finding.namesAllItems = external.IsWhole(kMostWords);
+        external.AddItems(findings, finding);
     });
 }
 
@@ -205,6 +151,8 @@ void ReportUnknown(const WordCounts& unknown, Findings& findings) {
         finding.cause = Counted(unknown.Total(), "relationship", "relationships") + " of " +
                         unknown.WordsText("type", "types") +
                         " outside the table: " + unknown.Text(kMostWords);
+        finding.namesAllItems = unknown.IsWhole(kMostWords);
+        unknown.AddItems(findings, finding);
     });
 }
 
@@ -214,7 +162,8 @@ void CheckRelationshipTypes(const Subject& subject, Findings& findings) {
     RepeatedTypes repeated;
     ActiveContent active;
     WordCounts external, unknown;
-    for (const CheckedSource& source : CheckedSources(subject)) {
+    const std::vector<CheckedSource> sources = CheckedSources(subject);
+    for (const CheckedSource& source : sources) {
         repeated.Look(source);
         for (const opc::Relationship* relationship : source.relationships) {
             active.Look(*relationship);

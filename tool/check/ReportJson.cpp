@@ -17,6 +17,16 @@ Json NumberOrNull(const std::optional<std::uint64_t>& number) {
     return number ? Json(*number) : Json();
 }
 
+Json ItemsJson(const std::vector<FindingItem>& items) {
+    Json list = Json::array();
+    for (const FindingItem& item : items) {
+        list.push_back({{"entry", TextOrNull(item.entry)},
+                        {"name", TextOrNull(item.name)},
+                        {"count", NumberOrNull(item.count)}});
+    }
+    return list;
+}
+
 Json CountsJson(const FindingCounts& counts) {
     Json json;
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Info}) {
@@ -48,6 +58,8 @@ Json FindingJson(const Finding& finding) {
     json["column"] = NumberOrNull(finding.column);
     json["cause"] = finding.cause;
     json["hint"] = finding.hint;
+    json["items"] = ItemsJson(finding.items);
+    json["items_omitted"] = finding.itemCount - finding.items.size();
     return json;
 }
 

@@ -67,15 +67,32 @@ std::size_t ShownOf(const Group& group, bool isAll) {
     return isAll ? group.size() : std::min(group.size(), kMostShown);
 }
 
+// "word/document.xml: header (3)"
+std::string ItemText(const FindingItem& item) {
+    std::string text = item.entry.empty() ? std::string() : Shown(item.entry);
+    if (!text.empty() && !item.name.empty()) text += ": ";
+    if (!item.name.empty()) text += Shown(item.name);
+    return item.count ? text + " (" + GroupedDigits(*item.count) + ")" : text;
+}
+
+// What a cause has no room for.
+void WriteItems(const std::string& lead, const Finding& finding, Output& out) {
+    if (finding.namesAllItems) return;
+    for (const FindingItem& item : finding.items) out.WriteLine(lead + ItemText(item));
+    const std::uint64_t more = finding.itemCount - finding.items.size();
+    if (more != 0) out.WriteLine(lead + "and " + GroupedDigits(more) + " more");
+}
+
 void WriteGroup(const Group& group, std::uint64_t count, bool isAll, Output& out) {
     const Finding& first = *group.front();
     const std::size_t shown = ShownOf(group, isAll);
+    const std::string indent(2 + kSeverityWidth + 1, ' ');
     for (std::size_t i = 0; i < shown; ++i) {
         const std::string severity = Padded(SeverityText(first.severity), kSeverityWidth);
         out.WriteLine("  " + Inked(InkOf(first.severity), severity) + " " + IdText(first.id) + "  " +
                       PlaceText(*group[i]) + group[i]->cause);
+        if (isAll) WriteItems(indent + Padded("", kIdWidth) + "  ", *group[i], out);
     }
-    const std::string indent(2 + kSeverityWidth + 1, ' ');
     if (count > shown) {
         out.WriteLine(indent + Padded("", kIdWidth) + "  and " + GroupedDigits(count - shown) +
                       " more");
@@ -134,6 +151,7 @@ void WriteBriefReport(const std::string& fileName, const CheckReport& report, bo
             out.WriteLine(lead + IdText(finding.id) + " " +
                           (finding.stopsOpening ? "does not open: " : "") + PlaceText(finding) +
                           finding.cause);
+            if (isAll) WriteItems(lead + IdText(first.id) + "   ", finding, out);
         }
         const std::uint64_t count = CountOf(report.counts, first);
         if (count <= shown) continue;

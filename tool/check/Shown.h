@@ -23,6 +23,8 @@ public:
     // What is beyond the most is only counted.
     void Add(std::string_view utf8);
     std::uint64_t Count() const noexcept { return count_; }
+    // Whether nothing is left out of the text.
+    bool IsWhole() const noexcept { return count_ <= most_; }
     std::string Text() const;
 
 private:

@@ -118,7 +118,7 @@ bool WriteAll(int file, std::string_view bytes) {
 std::unique_ptr<Skeleton> Skeleton::Make(const std::string& path, const Container& container,
                                          const RelationshipScan& relationships) {
     if (container.Source() != ContainerSource::Directory) return nullptr;
-    if (container.EntryCount() > kMostEntries) return nullptr;
+    if (container.EntryCount() > kMostEntries || !container.IsWhole()) return nullptr;
     const std::optional<std::string> archive = MakeArchive(path, container, relationships);
     if (!archive) return nullptr;
 

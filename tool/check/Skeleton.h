@@ -19,7 +19,8 @@ namespace vexpa_tool {
 // Parts are there, but empty.
 class Skeleton {
 public:
-    // Null when the container has no directory, or is larger than a stand-in may get.
+    // Null when the container has no directory, is larger than a stand-in may get, or is
+    // not told of to its end.
     static std::unique_ptr<Skeleton> Make(const std::string& path, const Container& container,
                                           const RelationshipScan& relationships);
 

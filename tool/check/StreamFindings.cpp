@@ -22,6 +22,7 @@ void CheckIds(const std::string& stream, const RelationshipScan& scan, Findings&
         if (ids.insert(id).second || !relationship.id) continue;
         findings.Add(FindingId::RepeatedId, [&](Finding& finding) {
             Locate(stream, relationship.place, finding);
+            finding.step = StepThatReads(stream);
             finding.relationship = id;
             finding.target = relationship.target.value_or("");
             finding.cause = "the Id " + Shown(id) + " occurs again; a look-up by Id answers the first";
@@ -42,6 +43,7 @@ void CheckAttributes(const std::string& stream, const RelationshipScan& scan, Fi
         if (lack == nullptr) continue;
         findings.Add(FindingId::IncompleteRelationship, [&](Finding& finding) {
             Locate(stream, relationship.place, finding);
+            finding.step = StepThatReads(stream);
             finding.relationship = relationship.id.value_or("");
             finding.target = relationship.target.value_or("");
             finding.cause = "the relationship " + Shown(finding.relationship) + " has no " + lack;
@@ -61,7 +63,7 @@ void CheckStream(const std::string& stream, const RelationshipScan& scan, Findin
 // The stream that belongs to a part, when there is one.
 void CheckStreamOf(const Subject& subject, const opc::Part& part, Findings& findings) {
     const std::string stream = RelationshipsEntryOf(EntryNameOf(part.GetName()));
-    if (subject.Find(stream) == nullptr) return;
+    if (!subject.Has(stream)) return;
     const auto bytes = EntryBytes::Extract(subject.file.path, stream);
     if (!bytes) {
         findings.Add(FindingId::MalformedRelationships,
@@ -80,16 +82,17 @@ void CheckStray(const Subject& subject, const ContainerEntry& entry, Findings& f
     const std::string name(entry.name);
     const std::optional<std::string> source = SourceOf(name);
     if (!source || FoldedCase(name) == kRelationshipsEntry) return;
-    const bool isExact = subject.Find(*source) != nullptr && RelationshipsEntryOf(*source) == name;
-    if (isExact) return;
-    const ContainerEntry* exact = subject.Find(*source);
-    const ContainerEntry* part = exact != nullptr ? exact : subject.FindVariant(*source);
-    const Severity severity = part == nullptr ? Severity::Info : Severity::Warning;
+    const bool hasPart = subject.Has(*source);
+    if (hasPart && RelationshipsEntryOf(*source) == name) return;
+    const ContainerEntry* variant = hasPart ? nullptr : subject.FindVariant(*source);
+    const bool isMissed = hasPart || variant != nullptr;
+    const Severity severity = isMissed ? Severity::Warning : Severity::Info;
     findings.Add(FindingId::StrayRelationships, severity, [&](Finding& finding) {
         finding.entry = name;
-        finding.cause = part == nullptr ? "there is no part " + Shown(*source)
-                                        : "misses the part " + Shown(part->name) +
-                                              " by the case of its letters, and is not read";
+        const std::string part = Shown(variant == nullptr ? std::string_view(*source) : variant->name);
+        finding.cause = isMissed
+                            ? "misses the part " + part + " by the case of its letters, and is not read"
+                            : "there is no part " + part;
     });
 }
 

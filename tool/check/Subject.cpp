@@ -21,6 +21,10 @@ const ContainerEntry* Subject::Find(std::string_view name) const {
     return container ? container->Find(name) : nullptr;
 }
 
+bool Subject::Has(std::string_view entry) const {
+    return container && container->Has(entry);
+}
+
 const ContainerEntry* Subject::FindVariant(std::string_view name) const {
     return container ? Names().FindVariant(name) : nullptr;
 }

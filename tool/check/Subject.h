@@ -28,6 +28,7 @@ struct CheckOptions {
     bool isOpeningOnly = false;                         // leave what does not bear on opening
     std::uint64_t largestPart = 512ULL << 20;           // what is larger is not read
     std::size_t mostEntries = Container::kMostEntries;  // the first of the archive
+    std::size_t mostItems = 0;                          // kept of what a finding sums up
     const Vocabulary* vocabulary = nullptr;             // for isDeep; without it names are not counted
 };
 
@@ -45,6 +46,8 @@ struct Subject {
     std::optional<Container> container;  // empty when there is no readable file
     bool HasDirectory() const;
     const ContainerEntry* Find(std::string_view name) const;
+    // Whether the archive has the entry, also beyond those that are looked at.
+    bool Has(std::string_view entry) const;
     const ContainerEntry* FindVariant(std::string_view name) const;  // differs in letter case only
     const NameIndex& Names() const;                                  // needs a container
 

@@ -39,7 +39,7 @@ std::string OddityOf(const Subject& subject, const Target& target) {
     if (!target.uri.query.empty()) return "has a query, which stays in the part name";
     if (target.text.find('\\') != std::string::npos) return "is written with backslashes";
     const std::string plain = WithoutEscapes(target.entry);
-    if (target.hasPart || plain == target.entry || subject.Find(plain) == nullptr) return {};
+    if (target.hasPart || plain == target.entry || !subject.Has(plain)) return {};
     return "has escapes, which are not decoded; there is an entry " + Shown(plain);
 }
 
@@ -47,6 +47,7 @@ void ReportOddity(const CheckedSource& source, const opc::Relationship& relation
                   const std::string& oddity, Findings& findings) {
     findings.Add(FindingId::OddTarget, [&](Finding& finding) {
         Locate(source, relationship, finding);
+        finding.step = StepThatReads(source);
         finding.cause = "the target of " + NameOf(relationship) + " " + oddity + ": " +
                         Shown(relationship.GetTarget().name);
     });
@@ -61,6 +62,7 @@ void ReportDangling(const Subject& subject, const CheckedSource& source,
                         (isNull ? ", which a writer left for what it could not save" : "");
     });
     Finding missing;
+    missing.step = StepThatReads(source);
     Locate(source, relationship, missing);
     ReportVariant(subject, target.entry, missing, findings);
 }
@@ -75,9 +77,10 @@ void CompareResolutions(const Subject& subject, const CheckedSource& source,
     if (byRfc == target.entry) return;
     findings.Add(FindingId::OtherResolution, [&](Finding& finding) {
         Locate(source, relationship, finding);
+        finding.step = StepThatReads(source);
         finding.cause = "the target of " + NameOf(relationship) + ", " + Shown(target.text) +
                         ", leads to " + Shown(target.entry) + ", by RFC 3986 to " + Shown(byRfc) +
-                        (subject.Find(byRfc) != nullptr ? ", which is there" : "");
+                        (subject.Has(byRfc) ? ", which is there" : "");
     });
 }
 

@@ -12,9 +12,6 @@ namespace {
 constexpr std::size_t kMostNames = 50'000;  // kept at a time
 constexpr std::size_t kMostWords = 5;
 
-// xml:space and the like belong to XML itself.
-constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
-
 std::string_view UriOf(std::string_view name) {
     const std::size_t end = name.rfind(XmlScan::kNamespaceEnd);
     return end == name.npos ? std::string_view() : name.substr(0, end);
@@ -40,7 +37,6 @@ void VocabularyCounts::Count(const XmlStartTag& tag) {
 }
 
 void VocabularyCounts::CountName(std::string_view uri, std::string_view name) {
-    if (uri == kXmlNamespace) return;
     key_.assign(uri).push_back(XmlScan::kNamespaceEnd);
     key_.append(name);
     auto known = known_.find(key_);
@@ -54,6 +50,7 @@ void VocabularyCounts::CountName(std::string_view uri, std::string_view name) {
 
 VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::string_view name) const {
     const std::u16string wideUri = FromUtf8(uri);
+    if (IsXmlNamespace(wideUri)) return {Standing::Known, {}};
     if (vocabulary_.CountNames(wideUri) == 0) {
         return {Standing::UnknownNamespace, std::string(uri)};
     }
@@ -66,15 +63,19 @@ VocabularyCounts::Name VocabularyCounts::LookUp(std::string_view uri, std::strin
 
 void VocabularyCounts::Report(Findings& findings) const {
     if (!namespaces_.IsEmpty()) {
-        findings.Add(FindingId::UnknownNamespaces, [this](Finding& finding) {
+        findings.Add(FindingId::UnknownNamespaces, [&](Finding& finding) {
             finding.cause = namespaces_.WordsText("namespace", "namespaces") +
                             " outside the vocabulary: " + namespaces_.Text(kMostWords);
+            finding.namesAllItems = namespaces_.IsWhole(kMostWords);
+            namespaces_.AddItems(findings, finding);
         });
     }
     if (names_.IsEmpty()) return;
-    findings.Add(FindingId::UnknownNames, [this](Finding& finding) {
+    findings.Add(FindingId::UnknownNames, [&](Finding& finding) {
         finding.cause = names_.WordsText("name", "names") +
                         " of known namespaces outside the vocabulary: " + names_.Text(kMostWords);
+        finding.namesAllItems = names_.IsWhole(kMostWords);
+        names_.AddItems(findings, finding);
     });
 }
 

@@ -1,8 +1,6 @@
 #include "tool/check/WordCounts.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 #include "tool/check/Shown.h"
 #include "tool/text/Size.h"
@@ -23,13 +21,21 @@ std::string WordCounts::WordsText(const std::string& one, const std::string& sev
     return Counted(counts_.size(), one, several) + (counts_.size() < kMostWords ? "" : " or more");
 }
 
-std::string WordCounts::Text(std::size_t most) const {
+std::vector<std::pair<std::string, std::uint64_t>> WordCounts::Sorted() const {
     std::vector<std::pair<std::string, std::uint64_t>> words(counts_.begin(), counts_.end());
     std::stable_sort(words.begin(), words.end(),
                      [](const auto& a, const auto& b) { return a.second > b.second; });
+    return words;
+}
+
+std::string WordCounts::Text(std::size_t most) const {
     ShownList list(most);
-    for (const auto& [word, count] : words) list.Add(word + " (" + GroupedDigits(count) + ")");
+    for (const auto& [word, count] : Sorted()) list.Add(word + " (" + GroupedDigits(count) + ")");
     return list.Text();
+}
+
+void WordCounts::AddItems(const Findings& findings, Finding& finding) const {
+    for (const auto& [word, count] : Sorted()) findings.AddItem(finding, {{}, word, count});
 }
 
 }  // namespace vexpa_tool

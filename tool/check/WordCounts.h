@@ -7,6 +7,10 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
+
+#include "tool/check/Findings.h"
 
 namespace vexpa_tool {
 
@@ -24,8 +28,14 @@ public:
 
     // At most `most` of them, the most frequent first.
     std::string Text(std::size_t most) const;
+    bool IsWhole(std::size_t most) const noexcept { return counts_.size() <= most; }
+
+    // All of them in that order, as items of a finding.
+    void AddItems(const Findings& findings, Finding& finding) const;
 
 private:
+    std::vector<std::pair<std::string, std::uint64_t>> Sorted() const;
+
     std::map<std::string, std::uint64_t, std::less<>> counts_;
     std::uint64_t total_ = 0;
 };

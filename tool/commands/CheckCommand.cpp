@@ -18,6 +18,9 @@ namespace vexpa_tool {
 
 namespace {
 
+// Of a finding, where all are to be told: a hostile archive may have a million.
+constexpr std::size_t kMostItems = 10'000;
+
 struct Arguments {
     FileOptions files;
     CheckOptions check;
@@ -30,6 +33,7 @@ struct Arguments {
 class CheckRun {
 public:
     explicit CheckRun(Arguments arguments) : arguments_(std::move(arguments)) {
+        if (arguments_.isAll || arguments_.files.json) arguments_.check.mostItems = kMostItems;
         if (!arguments_.check.isDeep) return;
         vocabulary_.emplace();
         arguments_.check.vocabulary = &*vocabulary_;
@@ -102,7 +106,7 @@ void AddFailOn(const CommandLine& line, Severity& failOn) {
     line.Choice<Severity>("--fail-on", failOn,
                           {{"error", Severity::Error}, {"warning", Severity::Warning}},
                           "end with status 1 from error (the default) or warning on")
-        .Called("SEVERITY");
+        .Called("error|warning");
 }
 
 CommandRun Declare(const CommandLine& line) {
@@ -115,17 +119,20 @@ CommandRun Declare(const CommandLine& line) {
                 "tell of these findings only: VX305, or VX3");
     AddPatterns(line, "--ignore", arguments->selection.ignored, "leave these findings out");
     line.Flag("-a,--all", arguments->isAll,
-              "show all findings of one kind, and of several files the information, too");
-    line.Size("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)")
-        .Called("SIZE");
+              "show all findings of one kind and all that a finding sums up; of several files the "
+              "information, too");
+    line.Size("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)");
     line.Option("--max-entries", arguments->check.mostEntries,
-                "look at no more of the archive's entries (1048576)")
-        .Called("N");
+                "look at no more of the archive's entries (1048576)");
     AddQuiet(line, arguments->isQuiet);
     return [arguments] { return CheckRun(*arguments).Run(); };
 }
 
-const HelpRegistration helpRegistration(FindingHelp);
+std::string Help(const std::string& word, bool asJson) {
+    return asJson ? FindingHelpJson(word) : FindingHelp(word);
+}
+
+const HelpRegistration helpRegistration(Help);
 
 const CommandRegistration registration({"check", "Tell why a package does not open, and what is wrong",
                                         Declare});

@@ -36,9 +36,9 @@ HelpRegistration::HelpRegistration(HelpTopic topic) {
     RegisteredTopics().push_back(topic);
 }
 
-std::string HelpOn(const std::string& word) {
+std::string HelpOn(const std::string& word, bool asJson) {
     for (const HelpTopic topic : RegisteredTopics()) {
-        std::string text = topic(word);
+        std::string text = topic(word, asJson);
         if (!text.empty()) return text;
     }
     return {};

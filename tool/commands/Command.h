@@ -32,9 +32,9 @@ public:
 // Every command, by name.
 std::vector<Command> AllCommands();
 
-// What `vexpa help WORD` prints about a word that is no command; empty for one it does not
-// know. Registered like a command.
-using HelpTopic = std::string (*)(const std::string& word);
+// What `vexpa help WORD` prints about a word that is no command, or writes of it as JSON; empty
+// for one it does not know. Registered like a command.
+using HelpTopic = std::string (*)(const std::string& word, bool asJson);
 
 class HelpRegistration {
 public:
@@ -42,7 +42,7 @@ public:
 };
 
 // What the registered topics say about the word; empty when none knows it.
-std::string HelpOn(const std::string& word);
+std::string HelpOn(const std::string& word, bool asJson);
 
 }  // namespace vexpa_tool
 

@@ -18,6 +18,29 @@ std::string IsOneOf(const std::vector<std::string>& words) {
     return text;
 }
 
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// The parser itself takes "" for 0.
+Argument Number(CLI::Option* option) {
+    option->type_name("N")->check([](const std::string& text) {
+        const bool isNumber = !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+        return isNumber ? std::string() : "is a number, 0 or more";
+    });
+    return Argument(option);
+}
+
+// "2K" as "2048". The parser itself takes -1 for the largest size that there is.
+bool MakeSize(std::string& text) {
+    if (text.empty() || !IsDigit(text.front())) return false;
+    try {
+        return CLI::AsSizeValue(false)(text).empty();
+    } catch (const CLI::ValidationError&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 Argument Argument::Required() const {
@@ -62,17 +85,21 @@ Argument CommandLine::Option(const std::string& names, std::string& text,
 }
 
 Argument CommandLine::Option(const std::string& names, unsigned& number, const std::string& use) const {
-    return Argument(app_->add_option(names, number, use));
+    return Number(app_->add_option(names, number, use));
 }
 
 Argument CommandLine::Option(const std::string& names, std::size_t& number,
                              const std::string& use) const {
-    return Argument(app_->add_option(names, number, use));
+    return Number(app_->add_option(names, number, use));
 }
 
 Argument CommandLine::Size(const std::string& names, std::uint64_t& size,
                            const std::string& use) const {
-    return Argument(app_->add_option(names, size, use)->transform(CLI::AsSizeValue(false)));
+    const auto take = [](std::string& text) {
+        return MakeSize(text) ? std::string() : "is a number of bytes, or of K, M or G: 512M";
+    };
+    CLI::Option* option = app_->add_option(names, size, use);
+    return Argument(option->type_name("SIZE")->transform(CLI::Validator(take, "")));
 }
 
 Argument CommandLine::Words(const std::string& name, std::vector<std::string>& words,
@@ -99,6 +126,10 @@ Argument CommandLine::ChoiceOf(const std::string& name, const std::vector<std::s
         choose(static_cast<std::size_t>(found - words.begin()));
     };
     return Argument(app_->add_option_function<std::string>(name, take, use));
+}
+
+void CommandLine::Note(const std::string& text) const {
+    app_->footer(text + "\n" + app_->get_footer());
 }
 
 Argument CommandLine::Find(const std::string& name) const {

@@ -52,6 +52,7 @@ public:
 
     Argument Flag(const std::string& names, bool& isGiven, const std::string& use) const;
     Argument Option(const std::string& names, std::string& text, const std::string& use) const;
+    // A whole number, 0 or more.
     Argument Option(const std::string& names, unsigned& number, const std::string& use) const;
     Argument Option(const std::string& names, std::size_t& number, const std::string& use) const;
     // A number with or without a unit, such as 512M.
@@ -74,6 +75,9 @@ public:
         const auto choose = [&chosen, choices](std::size_t i) { chosen = choices[i].second; };
         return ChoiceOf(name, words, choose, use);
     }
+
+    // Stands below the options in the command's help, above what stands there for all commands.
+    void Note(const std::string& text) const;
 
     // One that is declared already.
     Argument Find(const std::string& name) const;

@@ -1,5 +1,9 @@
 #include "tool/commands/CommonArguments.h"
 
+#include <string_view>
+
+#include "tool/text/Wrap.h"
+
 namespace vexpa_tool {
 
 namespace {
@@ -8,6 +12,13 @@ void AddWhen(const CommandLine& line, const std::string& name, When& when, const
     line.Choice<When>(name, when,
                       {{"auto", When::Auto}, {"always", When::Always}, {"never", When::Never}}, use)
         .Called("auto|always|never");
+}
+
+std::string DocumentsNote() {
+    std::string list;
+    for (const std::string_view extension : DocumentExtensions()) list.append(extension).append(" ");
+    return "Documents, for -r, are the files with one of these extensions:\n" +
+           Wrapped(list, "  ", "  ");
 }
 
 }  // namespace
@@ -20,8 +31,8 @@ void AddFiles(const CommandLine& line, FileOptions& options) {
 
 void AddFileOptions(const CommandLine& line, FileOptions& options) {
     line.Flag("-r,--recursive", options.files.recursive, "take the documents below a folder");
-    line.Option("-j,--jobs", options.jobs, "files to read at the same time; 0 for all processors")
-        .Called("N");
+    line.Note(DocumentsNote());
+    line.Option("-j,--jobs", options.jobs, "files to read at the same time; 0 for all processors");
     AddWhen(line, "--progress", options.progress, "show how far it is");
     AddJson(line, options.json);
 }

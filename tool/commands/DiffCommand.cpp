@@ -7,6 +7,7 @@
 
 #include "tool/commands/Command.h"
 #include "tool/commands/CommonArguments.h"
+#include "tool/model/OpenPackage.h"
 #include "tool/model/PackageComparison.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
@@ -57,13 +58,29 @@ std::string SizesText(const PartDifference& part) {
 }
 
 std::string TargetText(const opc::Relationship& relationship) {
-    return ShortType(relationship) + " -> " + PrintableOrQuotes(relationship.GetResolvedTarget().name);
+    const bool isExternal = relationship.GetTargetMode() == opc::TargetModeExternal;
+    return " -> " + PrintableOrQuotes(relationship.GetResolvedTarget().name) +
+           (isExternal ? " (external)" : "");
 }
 
-std::string TargetsText(const RelationshipDifference& one) {
-    if (one.before == nullptr) return TargetText(*one.after);
-    if (one.after == nullptr) return TargetText(*one.before);
-    return TargetText(*one.before) + " => " + TargetText(*one.after);
+std::string SideText(const opc::Relationship& relationship) {
+    return ShortType(relationship) + TargetText(relationship);
+}
+
+std::string SideWithType(const opc::Relationship& relationship) {
+    return PrintableOrQuotes(tarn::CopyText(relationship.GetType())) + TargetText(relationship);
+}
+
+std::string SidesText(const RelationshipDifference& one) {
+    if (one.before == nullptr) return SideText(*one.after);
+    if (one.after == nullptr) return SideText(*one.before);
+    const std::string before = SideText(*one.before), after = SideText(*one.after);
+    if (before != after) return before + " => " + after;
+    return SideWithType(*one.before) + " => " + SideWithType(*one.after);
+}
+
+std::string FirstText(const opc::Relationship& first) {
+    return PrintableOrQuotes(tarn::CopyText(first.GetId())) + TargetText(first);
 }
 
 ExitStatus StatusOf(const PackageComparison& comparison) {
@@ -105,7 +122,12 @@ void ShowRelationships(const PackageComparison& comparison, Output& out) {
     for (const RelationshipDifference& one : comparison.relationships) {
         const std::string source = one.source.empty() ? "/" : Printable(one.source);
         table.Add({Inked(InkOf(one.change), MarkOf(one.change) + source), PrintableOrQuotes(one.id),
-                   TargetsText(one)});
+                   SidesText(one)});
+    }
+    for (const FirstDifference& one : comparison.firsts) {
+        const std::string source = one.source.empty() ? "/" : Printable(one.source);
+        table.Add({Inked(Ink::Notice, MarkOf(Change::Changed) + source), ShortType(*one.before),
+                   "first of its type: " + FirstText(*one.before) + " => " + FirstText(*one.after)});
     }
     table.WriteTo(out);
 }
@@ -132,6 +154,11 @@ Json RelationshipJson(const opc::Relationship* relationship) {
             {"resolved_target", ToUtf8(relationship->GetResolvedTarget().name)}};
 }
 
+Json FirstJson(const opc::Relationship& first) {
+    return {{"id", ToUtf8(tarn::CopyText(first.GetId()))},
+            {"resolved_target", ToUtf8(first.GetResolvedTarget().name)}};
+}
+
 void FillJson(const PackageComparison& comparison, bool withXml, Json& json) {
     for (const PartDifference& part : comparison.parts) {
         Json item = {{"change", WordFor(part.change)},
@@ -150,6 +177,12 @@ void FillJson(const PackageComparison& comparison, bool withXml, Json& json) {
                                          {"before", RelationshipJson(one.before)},
                                          {"after", RelationshipJson(one.after)}});
     }
+    for (const FirstDifference& one : comparison.firsts) {
+        json["firsts"].push_back({{"source", ToUtf8(one.source)},
+                                  {"type", ToUtf8(tarn::CopyText(one.before->GetType()))},
+                                  {"before", FirstJson(*one.before)},
+                                  {"after", FirstJson(*one.after)}});
+    }
     for (const TypeDifference& one : comparison.types) {
         json["types"].push_back(
             {{"name", ToUtf8(one.name)}, {"before", ToUtf8(one.before)}, {"after", ToUtf8(one.after)}});
@@ -167,11 +200,13 @@ ExitStatus Run(const Arguments& arguments) {
         ShowTypes(comparison, out);
         return StatusOf(comparison);
     };
-    command.members = {{"other", ToUtf8(FromLocal(other.name))},
-                       {"parts", Json::array()},
-                       {"relationships", Json::array()},
-                       {"types", Json::array()}};
+    command.members = {
+        {"other", ToUtf8(FromLocal(other.name))}, {"other_opened", true},    {"parts", Json::array()},
+        {"relationships", Json::array()},         {"firsts", Json::array()}, {"types", Json::array()}};
     command.fillJson = [&](const InputFile& file, Json& json) {
+        // The error alone does not tell which of them it is about.
+        json["opened"] = static_cast<bool>(FindPackage(file));
+        json["other_opened"] = static_cast<bool>(FindPackage(other));
         const PackageComparison comparison(file, other, arguments.kinds);
         FillJson(comparison, arguments.xml, json);
         return StatusOf(comparison);

@@ -110,7 +110,7 @@ CommandRun Declare(const CommandLine& line) {
     const Argument mermaid = line.Flag("--mermaid", arguments->mermaid, "for Mermaid");
     line.Flag("--full", arguments->isFull, "fold nothing: a node for every part and link");
     line.Option("--from", arguments->from, "begin at a part").Called("PART");
-    line.Option("--depth", arguments->depth, "go so many relationships far").Called("N");
+    line.Option("--depth", arguments->depth, "go so many relationships far");
     const Argument json = AddJson(line, arguments->json);
     for (const Argument& one : {svg, mermaid, json}) one.Excludes(dot);
     svg.Excludes(mermaid).Excludes(json);

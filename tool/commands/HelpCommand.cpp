@@ -12,18 +12,29 @@ namespace vexpa_tool {
 
 namespace {
 
-ExitStatus Run(const CLI::App& program, const std::string& word) {
+struct Arguments {
+    std::string word;
+    bool json = false;
+};
+
+ExitStatus Run(const CLI::App& program, const Arguments& arguments) {
+    const std::string& word = arguments.word;
     std::string text = word.empty() ? HelpOfProgram(program) : HelpOfCommand(program, word);
-    if (text.empty()) text = HelpOn(word);
+    if (!text.empty() && arguments.json) {
+        throw WrongUsage("--json: findings are what there is as JSON: vexpa help VX --json");
+    }
+    if (text.empty()) text = HelpOn(word, arguments.json);
     if (text.empty()) throw ToolError(kNoSuchPart, PrintableLocal(word) + ": no such command or topic");
     StandardOutput().Write(text);
     return kDone;
 }
 
 CommandRun Declare(const CommandLine& line) {
-    const auto word = std::make_shared<std::string>();
-    line.Option("WORD", *word, "a command, or the id of a finding");
-    return [line, word] { return Run(line.Program(), *word); };
+    const auto arguments = std::make_shared<Arguments>();
+    line.Option("WORD", arguments->word,
+                "a command, a finding (VX305), or the beginning of several (VX3, VX)");
+    line.Flag("--json", arguments->json, "write what is known of findings as JSON");
+    return [line, arguments] { return Run(line.Program(), *arguments); };
 }
 
 const CommandRegistration registration({"help", "Explain a command or a finding", Declare});

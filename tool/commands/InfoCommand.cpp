@@ -98,6 +98,9 @@ Json InfoJson(const PackageInfo& info) {
 ExitStatus Fill(const InputFile& file, Json& json) {
     const PackageInfo info = InfoOf(file);
     json.update(InfoJson(info));
+    if (info.stop) {
+        json["error"] = PrintableLocal(file.name) + ": does not open: " + ReasonText(*info.stop);
+    }
     return info.stop ? kNotOpened : kDone;
 }
 

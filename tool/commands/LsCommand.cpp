@@ -10,6 +10,7 @@
 #include "tool/commands/CommonArguments.h"
 #include "tool/container/Container.h"
 #include "tool/container/Names.h"
+#include "tool/container/SpelledName.h"
 #include "tool/model/OpenPackage.h"
 #include "tool/text/Local.h"
 #include "tool/text/Output.h"
@@ -51,8 +52,8 @@ std::string FlagLetters(std::uint16_t flags) {
     return {letter(kEncrypted, 'e'), letter(kHasDescriptor, 'd'), letter(kIsUtf8, 'u')};
 }
 
-std::string NameText(const ContainerEntry& entry) {
-    return PrintableOrQuotes(FromUtf8(entry.name));
+std::string NameText(const Container& container, const ContainerEntry& entry) {
+    return PrintableOrQuotes(FromUtf8(SpelledName(container, entry)));
 }
 
 std::string OffsetText(const ContainerEntry& entry) {
@@ -64,7 +65,7 @@ std::string MadeByText(const ContainerEntry& entry) {
            std::to_string(entry.madeBy & 0xFF);
 }
 
-Table::Row MakeRow(const ContainerEntry& entry, bool isLong) {
+Table::Row MakeRow(const Container& container, const ContainerEntry& entry, bool isLong) {
     Table::Row row = {MethodName(entry.method),   std::to_string(entry.compressedSize),
                       std::to_string(entry.size), RatioText(entry),
                       Hex(entry.crc, 8),          FlagLetters(entry.flags)};
@@ -73,11 +74,12 @@ Table::Row MakeRow(const ContainerEntry& entry, bool isLong) {
                                DosTimeText(entry.date, entry.time), MadeByText(entry),
                                std::to_string(entry.neededVersion)});
     }
-    row.push_back(NameText(entry));
+    row.push_back(NameText(container, entry));
     return row;
 }
 
-void WriteTable(const std::vector<const ContainerEntry*>& entries, bool isLong, Output& out) {
+void WriteTable(const Container& container, const std::vector<const ContainerEntry*>& entries,
+                bool isLong, Output& out) {
     Table table;
     for (const std::size_t column : {1, 2, 3}) table.AlignRight(column);
     Table::Row heading = {"Method", "Packed", "Size", "Ratio", "CRC", "Flags"};
@@ -87,7 +89,7 @@ void WriteTable(const std::vector<const ContainerEntry*>& entries, bool isLong, 
     }
     heading.emplace_back("Name");
     table.AddHeading(std::move(heading));
-    for (const ContainerEntry* entry : entries) table.Add(MakeRow(*entry, isLong));
+    for (const ContainerEntry* entry : entries) table.Add(MakeRow(container, *entry, isLong));
     table.WriteTo(out);
 }
 
@@ -143,13 +145,13 @@ ExitStatus Show(const InputFile& file, const Arguments& arguments, Output& out) 
     if (arguments.namesOnly) {
         WriteNames(entries, out);
     } else {
-        WriteTable(entries, arguments.isLong, out);
+        WriteTable(container, entries, arguments.isLong, out);
     }
     return EndOf(container, file);
 }
 
-Json EntryJson(const ContainerEntry& entry) {
-    return {{"name", ToUtf8(FromUtf8(entry.name))},
+Json EntryJson(const Container& container, const ContainerEntry& entry) {
+    return {{"name", ToUtf8(FromUtf8(SpelledName(container, entry)))},
             {"method", entry.method},
             {"method_name", MethodName(entry.method)},
             {"compressed_size", entry.compressedSize},
@@ -169,7 +171,7 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
     const Container container = ReadContainer(file);
     json["directory"] = container.Source() == ContainerSource::Directory;
     for (const ContainerEntry* entry : Sorted(container, arguments.sort)) {
-        json["entries"].push_back(EntryJson(*entry));
+        json["entries"].push_back(EntryJson(container, *entry));
     }
     return EndOf(container, file);
 }

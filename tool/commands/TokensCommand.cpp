@@ -1,5 +1,7 @@
 // vexpa tokens: the tokens of a part's names, and what the vocabulary knows.
 
+#include <sys/stat.h>
+
 #include <memory>
 #include <set>
 #include <string>
@@ -32,6 +34,11 @@ struct Arguments {
     bool annotate = false;
 };
 
+bool IsFile(const std::string& word) {
+    struct stat status;
+    return word == "-" || (stat(word.c_str(), &status) == 0 && S_ISREG(status.st_mode));
+}
+
 void ShowNames(const Arguments& arguments) {
     const std::u16string text = FromLocal(arguments.fileOrName);
     if (LooksLikeToken(text) && !IsToken(text)) {
@@ -39,6 +46,9 @@ void ShowNames(const Arguments& arguments) {
     }
     const Vocabulary vocabulary;
     const auto names = LookUp(vocabulary, text);
+    if (names.empty() && IsFile(arguments.fileOrName)) {
+        throw WrongUsage(arguments.fileOrName + ": is a file; name a PART of it, too");
+    }
     if (names.empty())
         throw ToolError(kNoSuchPart, PrintableOrQuotes(text) + ": not in the vocabulary");
     Table table;

@@ -18,13 +18,14 @@ _vexpa_plain() {
     printf '%s' "${word%[\"\']}"
 }
 
-# The entries of the file $1 that begin with $2.
+# The entries of the file $1 that begin with $2, which may have a slash before the name.
 _vexpa_parts() {
-    local name
+    local name slash=
+    [[ $2 == /* ]] && slash=/
     COMPREPLY=()
     while IFS= read -r -d '' name; do
-        [[ $name == "$2"* ]] && COMPREPLY+=("$(printf '%q' "$name")")
-    done < <(printf 'main\0'; "${COMP_WORDS[0]}" ls -0 -- "$1" 2>/dev/null)
+        [[ $slash$name == "$2"* ]] && COMPREPLY+=("$(printf '%q' "$slash$name")")
+    done < <([[ $slash ]] || printf 'main\0'; "${COMP_WORDS[0]}" ls -0 -- "$1" 2>/dev/null)
 }
 
 _vexpa_word() {

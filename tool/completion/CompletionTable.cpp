@@ -4,7 +4,13 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <set>
 #include <sstream>
+
+#include "tool/check/FindingTable.h"
+#include "tool/check/PartNames.h"
+#include "tool/model/RelationshipTypeNames.h"
+#include "vexpa/base/Utf16.h"
 
 namespace vexpa_tool {
 
@@ -24,8 +30,26 @@ bool IsChoice(const std::string& name) {
     return isLower && name.find('|') != std::string::npos;
 }
 
+std::vector<std::string> FindingIds() {
+    std::vector<std::string> ids;
+    for (const FindingKind& kind : kFindingTable) ids.push_back(IdText(kind.id));
+    return ids;
+}
+
+// The ends of the types in the library's table, each once.
+std::vector<std::string> RelationshipTypes() {
+    std::set<std::string> ends;
+    for (std::size_t i = 0; i < kRelationshipTypeNameCount; ++i) {
+        const auto id = static_cast<tarn::opc::RelationshipTypeId>(i);
+        ends.insert(TypeTail(tarn::CopyText(tarn::opc::GetRelationshipTypeUri(id))));
+    }
+    return {ends.begin(), ends.end()};
+}
+
 CompletionWord WordOf(const std::string& name) {
     CompletionWord word;
+    if (name == "VX...") return {WordKind::Choice, FindingIds()};
+    if (name == "TYPE") return {WordKind::Choice, RelationshipTypes()};
     if (IsChoice(name)) {
         word.kind = WordKind::Choice;
         word.choices = Split(name, '|');
@@ -72,6 +96,7 @@ std::vector<CompletionCommand> MakeCompletionTable(const CLI::App& program) {
         names.push_back(command.name);
         commands.push_back(std::move(command));
     }
+    for (const std::string& id : FindingIds()) names.push_back(id);
     for (CompletionCommand& command : commands) {
         if (command.name == "help") command.words = {{WordKind::Choice, names, false}};
     }

@@ -15,7 +15,7 @@ enum class WordKind { Other, File, Part, Choice };
 
 struct CompletionWord {
     WordKind kind = WordKind::Other;
-    std::vector<std::string> choices;
+    std::vector<std::string> choices = {};
     bool repeats = false;  // the last one may stand any number of times
 };
 

@@ -9,8 +9,9 @@ constexpr const char* kHead = R"sh(# fish completion for vexpa:  vexpa completio
 function __vexpa_parts
     for word in (commandline -opc)[3..-1]
         test -f $word; or continue
-        echo main
-        vexpa ls -0 -- $word 2>/dev/null | string split0
+        set -l slash (string match -r '^/' -- (commandline -ct))
+        test -z "$slash"; and echo main
+        vexpa ls -0 -- $word 2>/dev/null | string split0 | string replace -r '^' "$slash"
         return
     end
 end

@@ -15,6 +15,7 @@ _vexpa_parts() {
     for word in ${(Q)words[2,-1]}; do
         [[ -f $word ]] || continue
         parts=(main ${(0)"$($service ls -0 -- $word 2>/dev/null)"})
+        [[ $PREFIX == /* ]] && parts=(/${^parts})
         break
     done
     compadd -a parts

@@ -116,7 +116,7 @@ void Container::ReadLocalHeaders() {
     std::vector<zip::Entry> entries;
     std::string names;
     ScanLocalHeaders(*this, [&](const LocalHeader& header, const std::string& name) {
-        if (entries.size() == mostEntries_) return;
+        if (entries.size() == kMostEntries) return;
         const std::size_t nameAt = names.size();
         zip::AppendEntryName(names, name, kUnix);
         headers.push_back(header);
@@ -139,6 +139,10 @@ const ContainerEntry* Container::Find(std::string_view name) const {
     if (entry == nullptr) return nullptr;
     const auto index = static_cast<std::size_t>(entry - directory_->Entries().data());
     return index < entries_.size() ? &entries_[index] : nullptr;
+}
+
+bool Container::Has(std::string_view name) const {
+    return directory_ && directory_->Find(name) != nullptr;
 }
 
 std::string Container::Bytes(std::uint64_t position, std::uint64_t size) const {

@@ -78,8 +78,8 @@ class Container {
 public:
     static constexpr std::size_t kMostEntries = 1 << 20;
 
-    // Nothing when the path leads to no readable regular file. Entries beyond the most are counted,
-    // but not told of.
+    // Nothing when the path leads to no readable regular file. Entries of the directory beyond the
+    // most are counted, but not told of.
     static std::optional<Container> Read(const std::string& path,
                                          std::size_t mostEntries = kMostEntries);
 
@@ -95,8 +95,12 @@ public:
     const std::vector<ContainerEntry>& Entries() const noexcept { return entries_; }
     std::size_t EntryCount() const noexcept { return directory_ ? directory_->Count() : 0; }
 
-    // [borrowed] The first entry of this name, or null.
+    // [borrowed] The first entry of this name, or null; null also for one that is not told of.
     const ContainerEntry* Find(std::string_view name) const;
+    // Whether there is an entry of this name, told of or not.
+    bool Has(std::string_view name) const;
+    // Whether all entries are told of.
+    bool IsWhole() const noexcept { return entries_.size() == EntryCount(); }
 
     // With a directory only.
     const ContainerEnd& End() const noexcept { return end_; }

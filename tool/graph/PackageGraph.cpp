@@ -4,8 +4,10 @@
 #include <unordered_map>
 #include <utility>
 
+#include "tool/model/MainPart.h"
 #include "tool/model/PartReader.h"
 #include "tool/model/PartWalk.h"
+#include "tool/model/StrictTypes.h"
 #include "tool/text/ShortNames.h"
 
 namespace vexpa_tool {
@@ -28,7 +30,7 @@ bool IsEmbedding(opc::RelationshipTypeId type) {
 class GraphMaker {
 public:
     GraphMaker(opc::Package& package, const InputFile& file) : package_(package), reader_(file) {
-        const opc::Relationship* main = package.GetRelationshipByType(opc::RelTypeOfficeDocument);
+        const opc::Relationship* main = MainRelationship(package);
         main_ = main == nullptr ? nullptr : TargetPart(package, *main);
     }
 
@@ -74,7 +76,7 @@ private:
     }
 
     std::size_t ExternalNode(const opc::Relationship& relationship) {
-        const bool isHyperlink = relationship.GetTypeId() == opc::RelTypeHyperlink;
+        const bool isHyperlink = MeantType(relationship) == opc::RelTypeHyperlink;
         const std::u16string& name = relationship.GetTarget().name;
         const auto [found, isNew] = external_.try_emplace({isHyperlink, name}, graph_.nodes.size());
         if (isNew) {
@@ -107,7 +109,7 @@ private:
     NodeKind KindOf(const opc::Part& part, const std::u16string& contentType,
                     const opc::Relationship* by) const {
         if (&part == main_) return NodeKind::Main;
-        if (by != nullptr && IsEmbedding(by->GetTypeId())) return NodeKind::Embedded;
+        if (by != nullptr && IsEmbedding(MeantType(*by))) return NodeKind::Embedded;
         return IsMediaType(contentType) ? NodeKind::Media : NodeKind::Part;
     }
 

@@ -23,8 +23,12 @@ extern const std::array<NamespacePrefix, kNamespacePrefixCount> kNamespacePrefix
 // [borrowed] Null for a prefix outside the list.
 const NamespacePrefix* FindPrefix(std::u16string_view prefix);
 
+// xml:space and the like belong to XML itself: nobody needs a token for them.
+bool IsXmlNamespace(std::u16string_view uri);
+
 // The prefix of a namespace, the one for this token's part of it where there are several;
-// empty when the library does not know the namespace.
+// empty when the library does not know the namespace. The shortest, which is how documents
+// have it, for a token of none of them.
 std::u16string_view PrefixOf(std::u16string_view uri, std::uint32_t token);
 
 }  // namespace vexpa_tool

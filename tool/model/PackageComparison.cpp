@@ -28,7 +28,10 @@ PackageComparison::PackageComparison(const InputFile& fileA, const InputFile& fi
     const ComparedPackage a{fileA_, *packageA_.Get()}, b{fileB_, *packageB_.Get()};
     const bool all = !kinds.parts && !kinds.relationships && !kinds.types;
     if (all || kinds.parts) parts = CompareParts(a, b);
-    if (all || kinds.relationships) relationships = CompareRelationships(a, b);
+    if (all || kinds.relationships) {
+        relationships = CompareRelationships(a, b);
+        firsts = CompareFirsts(a, b);
+    }
     if (all || kinds.types) types = CompareTypes(a, b);
 }
 

@@ -24,13 +24,16 @@ public:
     // Throws a ToolError when one of them does not open.
     PackageComparison(const InputFile& fileA, const InputFile& fileB, const ComparedKinds& kinds);
 
-    bool IsEmpty() const { return parts.empty() && relationships.empty() && types.empty(); }
+    bool IsEmpty() const {
+        return parts.empty() && relationships.empty() && firsts.empty() && types.empty();
+    }
 
     // How the two forms of a changed XML part differ, tag by tag; not known for other parts.
     std::optional<std::string> XmlDifference(const PartDifference& part) const;
 
     std::vector<PartDifference> parts;
     std::vector<RelationshipDifference> relationships;
+    std::vector<FirstDifference> firsts;  // with the relationships
     std::vector<TypeDifference> types;
 
 private:

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "tool/model/EntryNames.h"
+#include "tool/model/RelationshipQuery.h"
 
 namespace vexpa_tool {
 
@@ -39,6 +40,31 @@ bool IsSame(const opc::Relationship& a, const opc::Relationship& b) {
     return tarn::CopyText(a.GetType()) == tarn::CopyText(b.GetType()) &&
            a.GetTargetMode() == b.GetTargetMode() &&
            a.GetResolvedTarget().name == b.GetResolvedTarget().name;
+}
+
+using Source = RelationshipSource;
+
+// The package, and each part that both have.
+template <class Visit>
+void ForEachSource(const ComparedPackage& a, const ComparedPackage& b, const Visit& visit) {
+    visit({}, {&a.package, nullptr}, {&b.package, nullptr});
+    for (const std::u16string& name : CommonNames(a, b)) {
+        opc::Part* before = PartOf(a, name);
+        opc::Part* after = PartOf(b, name);
+        if (before == nullptr || after == nullptr) continue;
+        visit(name, {&a.package, before}, {&b.package, after});
+    }
+}
+
+// Whether `before`, the first of its type, still is there, and `after` has become the first. That of
+// one which went another takes the place is plain to see.
+bool IsDisplaced(const opc::Relationship& before, const opc::Relationship& after,
+                 const RelationshipSource& now) {
+    const opc::RelationshipMap& relationships = now.Relationships();
+    const auto same = relationships.find(tarn::CopyText(before.GetId()));
+    return same != relationships.end() && same->second != &after &&
+           SearchTypeId(*same->second) == SearchTypeId(before) &&
+           before.GetResolvedTarget().name != after.GetResolvedTarget().name;
 }
 
 // Both maps are in the order of the Ids.
@@ -91,13 +117,25 @@ std::vector<PartDifference> CompareParts(const ComparedPackage& a, const Compare
 std::vector<RelationshipDifference> CompareRelationships(const ComparedPackage& a,
                                                          const ComparedPackage& b) {
     std::vector<RelationshipDifference> differences;
-    CompareMaps({}, a.package.GetRelationships(), b.package.GetRelationships(), differences);
-    for (const std::u16string& name : CommonNames(a, b)) {
-        const opc::Part* before = PartOf(a, name);
-        const opc::Part* after = PartOf(b, name);
-        if (before == nullptr || after == nullptr) continue;
-        CompareMaps(name, before->GetRelationships(), after->GetRelationships(), differences);
-    }
+    ForEachSource(a, b, [&](const std::u16string& name, const Source& before, const Source& after) {
+        CompareMaps(name, before.Relationships(), after.Relationships(), differences);
+    });
+    return differences;
+}
+
+std::vector<FirstDifference> CompareFirsts(const ComparedPackage& a, const ComparedPackage& b) {
+    std::vector<FirstDifference> differences;
+    ForEachSource(a, b, [&](const std::u16string& name, const Source& before, const Source& after) {
+        std::set<opc::RelationshipTypeId> types;
+        for (const auto& [id, relationship] : before.Relationships()) {
+            const opc::RelationshipTypeId type = SearchTypeId(*relationship);
+            if (!types.insert(type).second) continue;
+            const opc::Relationship* first = before.FirstOfType(type);
+            const opc::Relationship* now = after.FirstOfType(type);
+            if (first != nullptr && now != nullptr && IsDisplaced(*first, *now, after))
+                differences.push_back({name, first, now});
+        }
+    });
     return differences;
 }
 

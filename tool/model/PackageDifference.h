@@ -32,6 +32,14 @@ struct RelationshipDifference {
     const tarn::opc::Relationship* after;   // [borrowed] null for one that went
 };
 
+// Another relationship is the first of its type, though the former one is still there; and it leads
+// elsewhere.
+struct FirstDifference {
+    std::u16string source;                  // empty for the package
+    const tarn::opc::Relationship* before;  // [borrowed]
+    const tarn::opc::Relationship* after;   // [borrowed]
+};
+
 struct TypeDifference {
     std::u16string name;
     std::u16string before;
@@ -52,6 +60,10 @@ std::vector<PartDifference> CompareParts(const ComparedPackage& a, const Compare
 // or went come and go with it.
 std::vector<RelationshipDifference> CompareRelationships(const ComparedPackage& a,
                                                          const ComparedPackage& b);
+
+// What the look-up by type answers, where that is not told already: a relationship may only have moved
+// in its stream.
+std::vector<FirstDifference> CompareFirsts(const ComparedPackage& a, const ComparedPackage& b);
 
 // Of the parts that both have.
 std::vector<TypeDifference> CompareTypes(const ComparedPackage& a, const ComparedPackage& b);

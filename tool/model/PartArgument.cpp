@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "tool/model/EntryNames.h"
+#include "tool/model/MainPart.h"
 #include "tool/model/OpenPackage.h"
 #include "tool/model/PartWalk.h"
 #include "tool/model/RelationshipQuery.h"
 #include "tool/text/Local.h"
+#include "tool/text/ShortNames.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -48,7 +50,9 @@ public:
 private:
     opc::Part* FindWithoutIds(std::u16string_view text) const {
         if (opc::Part* part = ByName(std::u16string(text))) return part;
-        const std::u16string unescaped = Unescaped(text);
+        std::u16string unescaped = Unescaped(text);
+        // As the library lists a NUL.
+        std::replace(unescaped.begin(), unescaped.end(), u'\0', u'\uFFFD');
         if (unescaped != text) {
             if (opc::Part* part = ByName(unescaped)) return part;
         }
@@ -61,10 +65,11 @@ private:
     }
 
     opc::Part* Main() const {
-        const opc::Relationship* main = package_.GetRelationshipByType(opc::RelTypeOfficeDocument);
-        if (main == nullptr) Fail("no such part: the package has no officeDocument relationship");
+        const opc::Relationship* main = MainRelationship(package_);
+        if (main == nullptr) Fail("no such part: the package has no relationship to a main part");
         opc::Part* part = TargetPart(package_, *main);
-        if (part == nullptr) Fail("no such part: the officeDocument relationship leads to none");
+        if (part == nullptr)
+            Fail("no such part: the " + TypeEnd(*main) + " relationship leads to none");
         return part;
     }
 

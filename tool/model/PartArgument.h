@@ -13,7 +13,7 @@ namespace vexpa_tool {
 //
 //     word/document.xml    its name, with or without a leading '/'
 //     w\x1brd/a.xml        its name as the tool prints it, with escapes
-//     main                 the part of the package's officeDocument relationship
+//     main                 the part of the MainRelationship
 //     rId4@main            the target of a relationship of a part; rId1@/ of the package's
 //     styles@main          the same by its type, as a RelationshipQuery takes it
 //     document.xml         the end of one entry's name, from a '/' on

@@ -1,5 +1,6 @@
 #include "tool/model/PartTokens.h"
 
+#include "tool/model/NamespacePrefixes.h"
 #include "tool/text/Unicode.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/Transform.h"
@@ -73,6 +74,8 @@ void TokenTotals::CountName(const std::u16string& uri, const std::u16string& nam
                             std::uint32_t token) {
     if (token != kNullToken) {
         ++withToken_;
+    } else if (IsXmlNamespace(uri)) {
+        return;
     } else if (vocabulary_.CountNames(uri) == 0) {
         unknownNamespaces_.insert(uri);
     } else {

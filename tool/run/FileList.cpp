@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -58,7 +59,7 @@ public:
 private:
     void AddFile(const std::string& name) {
         if (name == "-") {
-            AddStandardInput();
+            if (const auto input = TakeStandardInput()) list_.files.push_back(*input);
         } else if (recursive_ && IsFolder(name)) {
             AddFolder(name);
         } else {
@@ -66,15 +67,17 @@ private:
         }
     }
 
-    void AddStandardInput() {
+    // Nothing when it cannot be read, which is complained of.
+    std::optional<InputFile> TakeStandardInput() {
         try {
-            list_.files.push_back(StandardInput());
+            return StandardInput();
         } catch (const FatalError&) {
             throw;
         } catch (const ToolError& error) {
             Complain(error.what());
             list_.status = Worse(list_.status, error.Status());
         }
+        return std::nullopt;
     }
 
     void AddFolder(const std::string& folder) {
@@ -106,8 +109,9 @@ private:
     }
 
     void AddList(const std::string& name) {
+        const std::optional<InputFile> list = name == "-" ? TakeStandardInput() : InputFile(name);
         std::string text;
-        if (!ReadList(name == "-" ? StandardInput() : InputFile(name), text)) return;
+        if (!list || !ReadList(*list, text)) return;
         const char end = text.find('\0') == std::string::npos ? '\n' : '\0';
         for (std::string_view rest = text; !rest.empty();) {
             const std::string_view line = rest.substr(0, rest.find(end));
@@ -140,6 +144,10 @@ private:
 };
 
 }  // namespace
+
+std::span<const std::string_view> DocumentExtensions() {
+    return kExtensions;
+}
 
 bool IsDocumentName(const std::string& name) {
     if (std::string_view(name).substr(0, kLockFilePrefix.size()) == kLockFilePrefix) return false;

@@ -2,7 +2,9 @@
 #ifndef VEXPA_TOOL_RUN_FILELIST_H_
 #define VEXPA_TOOL_RUN_FILELIST_H_
 
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tool/ExitStatus.h"
@@ -34,6 +36,9 @@ FileList ListFiles(const FileArguments& arguments);
 
 // The one file of a command that takes one, which may be "-".
 InputFile TheFile(const std::string& argument);
+
+// The extensions of documents, in lower case and in order: "docx".
+std::span<const std::string_view> DocumentExtensions();
 
 // By its extension; the lock file that stands beside a document in use is none.
 bool IsDocumentName(const std::string& name);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <latch>
 #include <mutex>
 #include <new>
 #include <string>
@@ -54,8 +55,7 @@ public:
 
     ExitStatus Run() {
         std::vector<std::thread> threads;
-        // The first of the workers is this thread.
-        for (unsigned i = 1; i < CountJobs(); ++i) threads.emplace_back([this] { Work(); });
+        StartOthers(threads);
         Work();
         for (std::thread& thread : threads) thread.join();
         if (failure_) std::rethrow_exception(failure_);
@@ -64,10 +64,31 @@ public:
     }
 
 private:
+    static unsigned Processors() { return std::max(1U, std::thread::hardware_concurrency()); }
+
     std::size_t CountJobs() const {
-        const unsigned all = std::max(1U, std::thread::hardware_concurrency());
-        const unsigned wanted = options_.jobs == 0 ? all : std::min(options_.jobs, kMostJobs);
+        const unsigned wanted = options_.jobs == 0 ? Processors() : std::min(options_.jobs, kMostJobs);
         return std::min<std::size_t>(wanted, list_.files.size());
+    }
+
+    // The first of the workers is the thread that calls this. When one cannot be had, for want of
+    // memory or by a limit, those that are there have taken all: then those go that do no good.
+    void StartOthers(std::vector<std::thread>& threads) {
+        const std::size_t jobs = CountJobs();
+        threads.reserve(jobs);
+        try {
+            while (threads.size() + 1 < jobs) {
+                threads.emplace_back([this, number = threads.size()] {
+                    start_.wait();
+                    if (number < others_) Work();
+                });
+            }
+            others_ = threads.size();
+        } catch (const std::exception&) {
+            others_ = std::min<std::size_t>(threads.size() / 2, Processors() - 1);
+        }
+        start_.count_down();
+        for (; threads.size() > others_; threads.pop_back()) threads.back().join();
     }
 
     void Work() noexcept {
@@ -111,12 +132,12 @@ private:
 
     Outcome DoJson(const InputFile& file, Output& out) const {
         Json json = {{"package", ToUtf8(FromLocal(file.name))},
-                     {"opened", true},
+                     {"opened", nullptr},
                      {"status", 0},
                      {"error", nullptr}};
         json.update(command_.members);
         const Outcome outcome = Attempt(file, [&] { return command_.fillJson(file, json); });
-        if (outcome.status == kNotOpened) json["opened"] = false;
+        if (json["opened"].is_null()) json["opened"] = outcome.status != kNotOpened;
         json["status"] = static_cast<int>(outcome.status);
         if (!outcome.error.empty()) json["error"] = outcome.error;
         out.WriteLine(list_.isSeveral ? JsonLine(json) : JsonText(json));
@@ -128,6 +149,8 @@ private:
     const FileList list_;
     Progress progress_;
     ResultOrder order_;
+    std::latch start_{1};
+    std::size_t others_ = 0;  // known from the start on
     std::atomic<std::size_t> next_ = 0;
     std::mutex mutex_;
     ExitStatus worst_;

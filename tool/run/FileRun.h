@@ -41,7 +41,8 @@ struct FileCommand {
     //     {"package": "a.docx", "opened": true, "status": 0, "error": null, ...}
     //
     // and then these members, which hold what a file without anything has. What has to be said
-    // of a file is filled in; after a ToolError the members stay as they are.
+    // of a file is filled in; after a ToolError the members stay as they are. The file has been
+    // opened unless the status says otherwise, or what is filled in.
     Json members = Json::object();
     std::function<ExitStatus(const InputFile& file, Json& json)> fillJson;
 };

@@ -18,7 +18,7 @@ namespace {
 constexpr int kTrouble = 2;  // of diff, or a shell's 127 and the like
 
 [[noreturn]] void Fail() {
-    throw ToolError(kReadOrWriteError, "the program diff cannot be run");
+    throw ToolError(kReadOrWriteError, "--xml needs the program diff, which cannot be run");
 }
 
 // A descriptor for as long as this object lives.

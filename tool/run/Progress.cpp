@@ -67,13 +67,24 @@ std::string ProgressText(const ProgressState& state, std::size_t width) {
     return CutTo(width, line);
 }
 
+ProgressPace::ProgressPace(bool isTerminal, bool isEager)
+    : pause_(isTerminal ? kTerminalPause : kLogPause),
+      next_(!isTerminal ? kLogPause
+            : isEager   ? 0
+                        : kQuietSeconds) {}
+
+bool ProgressPace::IsDue(double seconds) {
+    if (seconds < next_) return false;
+    next_ = seconds + pause_;
+    return true;
+}
+
 Progress::Progress(When when, std::size_t total)
     : isTerminal_(TakesControls(STDERR_FILENO)),
       isShown_(when == When::Always || (when == When::Auto && isTerminal_ && total > 1)),
       isEager_(when == When::Always),
-      nextSeconds_(when == When::Always ? 0 : kQuietSeconds) {
+      pace_(isTerminal_, isEager_) {
     state_.total = total;
-    if (!isTerminal_) nextSeconds_ = kLogPause;
 }
 
 Progress::~Progress() {
@@ -92,11 +103,10 @@ void Progress::Done(const std::string& file) {
     state_.seconds = seconds;
     state_.file = PrintableLocal(file);
     const bool isEnd = isTerminal_ && isEager_ && state_.done == state_.total;
-    if (seconds >= nextSeconds_ || isEnd) Show(seconds);
+    if (pace_.IsDue(seconds) || isEnd) Show();
 }
 
-void Progress::Show(double seconds) {
-    nextSeconds_ = seconds + (isTerminal_ ? kTerminalPause : kLogPause);
+void Progress::Show() {
     if (!isTerminal_) return WriteError(ProgressText(state_, kWidestColumn) + "\n");
     Erase();
     // A line as wide as the terminal would leave the cursor in the next.

@@ -20,6 +20,21 @@ struct ProgressState {
 // "1,204/2,719  44 %  812 files/s  2 s left  report.docx", cut to `width` columns.
 std::string ProgressText(const ProgressState& state, std::size_t width);
 
+// When the line is written.
+class ProgressPace {
+public:
+    // In a log every five seconds; on a terminal, where a line replaces the last, far more often,
+    // but from half a second on only, unless it is eager: much is over before anybody looks.
+    ProgressPace(bool isTerminal, bool isEager);
+
+    // Whether the line is due so many seconds after the start; then it was written.
+    bool IsDue(double seconds);
+
+private:
+    double pause_;
+    double next_;
+};
+
 // On a terminal the line is written over and over, from half a second on, and goes when
 // results come; `Always` writes it from the start, and to what is no terminal a line every
 // five seconds and one at the end.
@@ -39,14 +54,14 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    void Show(double seconds);
+    void Show();
 
     const bool isTerminal_;
     const bool isShown_;
     const bool isEager_;  // shows also what is over at once
     const Clock::time_point start_ = Clock::now();
     ProgressState state_;
-    double nextSeconds_;
+    ProgressPace pace_;
     bool isOnScreen_ = false;
 };
 

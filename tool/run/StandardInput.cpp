@@ -48,7 +48,11 @@ void CopyTo(MemoryFile& memory) {
         WaitForInput();
         const ssize_t got = read(STDIN_FILENO, piece.data(), piece.size());
         if (got < 0) ThrowSystemError();
-        if (got == 0) return;
+        if (got == 0) {
+            // An end that comes with an interrupt is where whoever wrote was stopped by it, too.
+            StopIfInterrupted();
+            return;
+        }
         total += static_cast<std::uint64_t>(got);
         if (total > kMostBytes) throw ToolError(kReadOrWriteError, "standard input: more than 4 GiB");
         memory.Append({piece.data(), static_cast<std::size_t>(got)});

@@ -4,6 +4,8 @@
 
 #include <QString>
 #include <clocale>
+#include <cstdio>
+#include <cwchar>
 #include <string_view>
 
 #include "tool/text/Unicode.h"
@@ -16,6 +18,14 @@ bool environmentIsUtf8 = false;
 
 QString Decode(const std::string& local) {
     return QString::fromLocal8Bit(local.data(), static_cast<int>(local.size()));
+}
+
+// "\xff"
+std::string ByteText(char byte) {
+    char text[8];
+    std::snprintf(text, sizeof text, "\\x%02x",
+                  static_cast<unsigned>(static_cast<unsigned char>(byte)));
+    return text;
 }
 
 }  // namespace
@@ -43,7 +53,19 @@ bool IsLocalText(const std::string& local) {
 }
 
 std::string PrintableLocal(const std::string& local) {
-    return PrintableOrQuotes(FromLocal(local));
+    if (IsLocalText(local)) return PrintableOrQuotes(FromLocal(local));
+    std::string printable;
+    std::mbstate_t state{};
+    for (std::string_view rest = local; !rest.empty();) {
+        wchar_t character = 0;
+        const std::size_t size = std::mbrtowc(&character, rest.data(), rest.size(), &state);
+        const bool isText = size != 0 && size <= rest.size();
+        printable +=
+            isText ? Printable(FromLocal(std::string(rest.substr(0, size)))) : ByteText(rest[0]);
+        rest.remove_prefix(isText ? size : 1);
+        if (!isText) state = {};
+    }
+    return printable;
 }
 
 }  // namespace vexpa_tool

@@ -21,7 +21,8 @@ std::u16string FromLocal(const std::string& local);
 // Whether the text survives the way to UTF-16 and back, as a file name has to.
 bool IsLocalText(const std::string& local);
 
-// For messages and headings: an argument as Printable text, two quotes for an empty one.
+// For messages and headings: an argument as Printable text, two quotes for an empty one. Bytes
+// outside the encoding stand as \xff.
 std::string PrintableLocal(const std::string& local);
 
 }  // namespace vexpa_tool

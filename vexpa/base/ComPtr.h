@@ -16,6 +16,7 @@ namespace tarn {
 template <class T>
 class ComPtr {
 public:
+    // Empty.
     ComPtr() noexcept = default;
     explicit ComPtr(T* object) noexcept : object_(object) {}  // takes over one reference
 
@@ -41,8 +42,8 @@ public:
 
     // [borrowed] The object, or null.
     T* Get() const noexcept { return object_; }
-    T* operator->() const noexcept { return object_; }
-    explicit operator bool() const noexcept { return object_ != nullptr; }
+    T* operator->() const noexcept { return object_; }  // [borrowed] the object; not when empty
+    explicit operator bool() const noexcept { return object_ != nullptr; }  // whether there is one
 
     // [owned] The object with its reference, or null; nothing is held any more.
     [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }

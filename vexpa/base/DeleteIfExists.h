@@ -8,9 +8,9 @@ namespace tarn {
 
 // Ends `object` through its deleting destructor; does nothing for null.
 //
-// A binary caller may reach Release through a slot with a null object, and a compiler
+// Kept: a compiled caller may reach Release through a slot with a null object, and a compiler
 // deletes a test of `this` against null. So the pointer passes a barrier that hides where
-// it came from before it is tested. (ReleaseOfANullObjectDoesNothing)
+// it came from before it is tested. (Slots.ReleaseOfANullObjectDoesNothing)
 template <class T>
 void DeleteIfExists(T* object) {
     asm volatile("" : "+r"(object));  // what callers promise about `this` ends here

@@ -17,6 +17,7 @@ namespace tarn {
 template <class T>
 class Handle {
 public:
+    // Empty.
     Handle() noexcept = default;
     explicit Handle(T* object) noexcept : object_(object) {}  // takes over one hold
 
@@ -35,9 +36,9 @@ public:
 
     // [borrowed] The object, or null.
     T* Get() const noexcept { return object_; }
-    T* operator->() const noexcept { return object_; }
-    T& operator*() const noexcept { return *object_; }
-    explicit operator bool() const noexcept { return object_ != nullptr; }
+    T* operator->() const noexcept { return object_; }  // [borrowed] the object; not when empty
+    T& operator*() const noexcept { return *object_; }  // the same
+    explicit operator bool() const noexcept { return object_ != nullptr; }  // whether there is one
 
     // [owned] The object, to be ended with Release(), or null; nothing is held any more.
     [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }

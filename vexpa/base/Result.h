@@ -8,10 +8,11 @@ namespace tarn {
 
 // HRESULT, S_OK, E_OUTOFMEMORY, E_INVALIDARG, E_FAIL and E_ACCESSDENIED are the platform's.
 
-// Whether a result is one of a failure, and whether it is not.
+// Whether a result is one of a failure.
 constexpr bool Failed(HRESULT result) noexcept {
     return result < 0;
 }
+// Whether it is not.
 constexpr bool Succeeded(HRESULT result) noexcept {
     return result >= 0;
 }

@@ -3,6 +3,9 @@
 // Public signatures say `const unsigned short*`, as compiled callers know them; inside,
 // text is char16_t. The two types mean the same and may not alias, so this header alone
 // crosses, and it reads a caller's units as bytes.
+//
+// Errors   None but that of the standard library, out of memory: CopyText allocates.
+// Threads  Any thread at any time.
 #ifndef VEXPA_BASE_UTF16_H_
 #define VEXPA_BASE_UTF16_H_
 
@@ -15,11 +18,12 @@ namespace tarn {
 
 static_assert(sizeof(char16_t) == sizeof(unsigned short), "a code unit is 16 bits wide");
 
-// [borrowed] The same text under the type that public signatures use, and back. The result points
-// into the argument: to be passed on, or read by code that knows only its own type.
+// [borrowed] The same text under the type that public signatures use. The result points into the
+// argument: to be passed on, or read by code that knows only its own type.
 inline const unsigned short* ToUnits(const char16_t* text) noexcept {
     return reinterpret_cast<const unsigned short*>(text);
 }
+// [borrowed] The way back.
 inline const char16_t* FromUnits(const unsigned short* text) noexcept {
     return reinterpret_cast<const char16_t*>(text);
 }

@@ -9,6 +9,8 @@ namespace tarn::opc {
 namespace {
 
 // Calls visit(key, content type) for each element of this name that has both attributes.
+//
+// Kept: wherever it stands, under any root. (ElementsOfAnyRootAndNamespaceCountAtAnyDepth)
 template <class Visit>
 void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t* keyName,
                  Visit visit) {
@@ -41,7 +43,9 @@ const char16_t* ContentTypes::Find(std::u16string_view key) const {
     const auto override = overrideContentTypes.find(key);
     if (override != overrideContentTypes.end()) return override->second.c_str();
 
-    // Kept: a name without a dot is its own extension. (ContentTypes.ANameWithoutADotIsItsOwnExtension)
+    // Kept: the extension begins at the last dot, be it that of a folder, and a name without a dot
+    // is its own. (ContentTypes.TheLastDotCountsEvenWhenItStandsInAFolder,
+    // ContentTypes.ANameWithoutADotIsItsOwnExtension)
     std::u16string_view extension = key;
     const std::size_t dot = extension.rfind(u'.');
     if (dot != std::u16string_view::npos) extension.remove_prefix(dot + 1);

@@ -14,6 +14,8 @@ struct IDomDocument;
 namespace tarn::opc {
 
 // Orders part names by code unit, and compares a bare name with the names in a map.
+//
+// Kept: with case, though ECMA-376 Part 2 says without. (ContentTypes.OverridesAreComparedWithCase)
 struct PartNameLess {
     using is_transparent = void;
     bool operator()(const PartUri& a, const PartUri& b) const noexcept { return a.name < b.name; }
@@ -26,7 +28,9 @@ struct PartNameLess {
 struct ContentTypes {
     // By part name less its leading separator.
     std::map<PartUri, std::u16string, PartNameLess> overrideContentTypes;
-    // By extension exactly as written: no dot is removed, and case matters.
+    // Kept: by extension exactly as written. No dot is removed, so one written with it is never
+    // found, and case matters. (ContentTypes.AnExtensionWithADotNeverMatches,
+    // ContentTypes.ExtensionsThatDifferInCaseAreTwo)
     std::map<std::u16string, std::u16string, std::less<>> defaultContentTypes;
 
     // Adds the Override elements of the document, then its Default elements. One that

@@ -23,6 +23,8 @@ char16_t Fold(char16_t unit) {
 
 }  // namespace
 
+// Kept: the first white space ends the type, and a backslash is a slash.
+// (NormalizeRelationshipType.FoldsATypeForComparison)
 std::u16string NormalizeRelationshipType(std::u16string_view type) {
     // Only the blanks of XML are passed over; any other white space in front cuts at once.
     type.remove_prefix(std::min(type.find_first_not_of(u"\t\n\r "), type.size()));

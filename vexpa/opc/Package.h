@@ -35,11 +35,13 @@ namespace tarn::opc {
 // moved or removed. tests/abi/SlotOrderTest.cpp fails when it changes.
 class Package : public Object, public ShallowCloneable {
 public:
-    // [owned] Opens the package at `path` (NUL-terminated UTF-16, any file system path).
+    // [owned] Opens the package at `path`, NUL-terminated UTF-16. The path passes through the
+    // 8-bit encoding of the process locale: what that cannot say is not found.
     //
-    // Empty when the file is not readable or is no zip archive, when [Content_Types].xml or
-    // _rels/.rels is missing, damaged or malformed, or when the last relationship of the
-    // package has no part. A failure is not remembered. `flags` has no effect.
+    // Empty when `path` is null, when the file is not readable or is no zip archive, when
+    // [Content_Types].xml or _rels/.rels is missing, damaged or malformed, when the last
+    // relationship of the package has no part, when they all would take more than 512 MiB, or when
+    // the platform has no memory. A failure is not remembered. `flags` has no effect.
     VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
 
     // Ends all parts and relationships and closes the archive. Look-ups then find nothing;
@@ -47,7 +49,12 @@ public:
     virtual void Close() = 0;
 
     // [borrowed] The part of this name, loaded with its relationships on first use; null
-    // when the archive has no such entry.
+    // when the archive has no such entry. '\' stands for '/', so an entry can be a part under
+    // several names; of names with '\' that is 16 for each entry, and null for the others.
+    //
+    // A relationship stream that is missing or cannot be read leaves the part without. Once the
+    // relationships of the package and its parts take 512 MiB, or their streams hold 16 MiB of
+    // other text, a part that is loaded has only the first of its own, or none.
     virtual Part* GetPart(const PartUri& name) = 0;
 
     // Whether the archive has an entry for this name, which must begin with '/'.

@@ -15,6 +15,8 @@
 #include "vexpa/opc/PartImpl.h"
 #include "vexpa/opc/RelationshipAllowance.h"
 #include "vexpa/opc/RelationshipIndex.h"
+#include "vexpa/opc/SpellingAllowance.h"
+#include "vexpa/opc/TypeText.h"
 #include "vexpa/zip/UnZipArchive.h"
 
 namespace tarn::opc {
@@ -40,18 +42,22 @@ public:
     RelationshipRange GetRelationshipsByType(const unsigned short* type) override;
     bool HasRelationshipById(const unsigned short* id) override;
     Part* FindPart(const unsigned short* name) override;
+    // Kept: no copy and no share; the slots are published. (PackageClone.IsEmptyEitherWay)
     Handle<Package> Clone() override { return {}; }
     Handle<Object> ShallowClone() override { return {}; }
 
 private:
     HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
     PartImpl* FindLoaded(std::u16string_view key) const;
+    bool MayLoad(std::u16string_view key);
     PartImpl* LoadPart(const PartUri& name, std::u16string_view key);
     void ReadPartRelationships(PartImpl& part);
 
     lumo::Compression::Zip::UnZipArchive archive_;
     OwnedObjects ownedObjects_;  // relationships that their Id map refused
     RelationshipAllowance allowance_;
+    SpellingAllowance spellings_;
+    TypeTexts types_;
     // By key, where the part stands in parts_. Close empties only the list, so that an index
     // beyond its end is one of a closed package.
     std::map<std::u16string, std::size_t, std::less<>> partsByName_;

@@ -13,6 +13,7 @@ namespace tarn::opc {
 
 namespace zip = lumo::Compression::Zip;
 
+// Kept: the flags do nothing; they are part of the exported name. (PackageOpen.IgnoresTheFlags)
 Handle<Package> Package::Open(const unsigned short* path, unsigned int /*flags*/) {
     if (path == nullptr) return {};
     Handle<PackageImpl> package(new PackageImpl);
@@ -37,14 +38,19 @@ HRESULT PackageImpl::ReadContentTypes() {
 
     ComPtr<IDomDocument> document;
     result = ParseDocument(stream.Get(), document.Out());
-    // Kept: a parse that neither failed nor gave a document leaves the tables empty.
-    // (PackageOpen.GoesOnWithoutContentTypesWhenTheParseGivesNoDocument)
+    // Kept: a parse that neither failed nor gave a document leaves the tables empty, and so does
+    // a positive answer with one.
+    // (PackageOpen.GoesOnWithoutContentTypesWhenTheParseGivesNoDocument,
+    // PackageOpen.ReadsContentTypesOnlyWhenTheirParseAnswersZero)
     if (result == S_OK && document) contentTypes_.Read(*document.Get());
     return result;
 }
 
 // The package starts afresh for the relationships: a file that was replaced since its
 // content types were read is read as the new one.
+//
+// Kept: the second opening is a call of its own to the platform, and compiled platforms count
+// on it. (PackageOpen.CallsThePlatformInItsOrder)
 HRESULT PackageImpl::ReopenArchive() {
     archive_.Close();
     return archive_.Open(packagePath_.c_str());
@@ -55,20 +61,25 @@ HRESULT PackageImpl::ReadPackageRelationships() {
     HRESULT result = OpenEntry(u"_rels/.rels", stream.Out());
     if (Failed(result)) return result;
 
+    // Kept: a document counts, whatever the parse answers.
+    // (PackageOpen.TakesTheRelationshipsOfADocumentWhateverItsParseAnswers)
     ComPtr<IDomDocument> document;
     ParseDocument(stream.Get(), document.Out());
     if (!document) return E_FAIL;
 
     // Kept: each relationship overwrites the result, so the last one alone decides whether
-    // the package opens. (PackageOpen.TheLastRelationshipDecides)
-    ReadRelationships(*document.Get(), {}, [&](std::unique_ptr<RelationshipImpl> relationship) {
+    // the package opens, and one that leads out of it never does. Without any the package opens.
+    // (PackageOpen.TheLastRelationshipDecides, PackageOpen.FailsWhenTheLastRelationshipIsExternal,
+    // PackageOpen.SucceedsWithoutAnyRelationship)
+    const auto file = [&](std::unique_ptr<RelationshipImpl> relationship) {
         result = E_FAIL;
         if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         const Relationship& filed = *relationship;
         relationships_.File(std::move(relationship), ownedObjects_);
         if (GetPart(filed.GetTarget()) != nullptr) result = S_OK;
         return true;
-    });
+    };
+    ReadRelationships(*document.Get(), {}, types_, file);
     return result;
 }
 

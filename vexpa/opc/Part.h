@@ -18,7 +18,7 @@ namespace tarn::opc {
 struct PartData {
     std::uint8_t* bytes;      // null: the bytes are the stream's
     std::uint32_t length;     // of `bytes`
-    std::uint32_t ownsBytes;  // non-zero when `bytes` is freed with the part
+    std::uint32_t ownsBytes;  // non-zero: the part ends with delete[] of `bytes`
     IStream* dataStream;      // [borrowed] null until the entry was extracted
     std::uint8_t* position;   // where `bytes` was when the stream was made
     std::uint8_t* end;        // the same
@@ -30,7 +30,8 @@ struct PartData {
 //           out, is valid until the package is closed or released. Streams and storages
 //           outlive the part as long as the caller holds them.
 // Errors    A look-up answers null for "not there". An operation with an out argument
-//           answers an HRESULT. Only the standard library throws (out of memory).
+//           answers an HRESULT: when the platform has no memory for an entry, that is E_FAIL.
+//           What the library allocates for itself throws std::bad_alloc.
 // Threads   One thread at a time for a package and everything that came from it.
 //
 // The order of the virtual members is the binary interface: nothing is inserted,
@@ -77,7 +78,8 @@ public:
     //
     //   S_OK          *out is the stream; an empty entry gives an empty stream
     //   E_INVALIDARG  out is null
-    //   E_FAIL        the entry is missing, damaged or encrypted; *out is null
+    //   E_FAIL        the entry is missing, damaged, encrypted or beyond the limits, or there is
+    //                 no memory for it; *out is null
     virtual HRESULT GetStream(IStream** out) = 0;
 
     // [shared] Stores the compound file that the part holds in *out; the caller releases it.
@@ -87,8 +89,8 @@ public:
     //
     //   S_OK          *out is the storage
     //   E_INVALIDARG  out is null
-    //   E_FAIL        the entry cannot be extracted: *out is null; or it is no compound
-    //                 file: *out is untouched
+    //   E_FAIL        the entry cannot be extracted, or there is no memory for it: *out is null;
+    //                 or it cannot be opened as a compound file: *out is untouched
     virtual HRESULT GetStorage(IStorage** out) = 0;
 
     // 0: the value that the archive keeps for each entry and nothing sets.

@@ -25,6 +25,7 @@ void PartImpl::Release() {
     DeleteIfExists(this);
 }
 
+// Kept: the stream stays, as callers share it. (PartClose.KeepsTheStreamAndDropsTheRelationships)
 void PartImpl::Close() {
     relationships_.Clear();
     if (storage_ != nullptr) std::exchange(storage_, nullptr)->Release();
@@ -50,6 +51,9 @@ bool PartImpl::HasRelationship(const unsigned short* id) {
     return GetRelationshipById(id) != nullptr;
 }
 
+// Kept: nothing here sets `bytes`, but it is copied, and freed when a caller says so: the record
+// is published. (PartLoadData.GivesTheRecordWithTheStream,
+// PartLoadData.FreesTheBytesThatACallerGivesToTheRecord)
 PartData* PartImpl::LoadData() {
     if (data_.dataStream != nullptr) return &data_;
     IStream* made = nullptr;
@@ -62,6 +66,8 @@ PartData* PartImpl::LoadData() {
     return &data_;
 }
 
+// Kept: everybody gets the one stream, with its one seek position.
+// (PartGetStream.HandsEveryCallerTheSameStreamAndSeekPosition)
 HRESULT PartImpl::GetStream(IStream** out) {
     if (out == nullptr) return E_INVALIDARG;
     if (data_.dataStream == nullptr) LoadData();
@@ -71,6 +77,11 @@ HRESULT PartImpl::GetStream(IStream** out) {
     return S_OK;
 }
 
+// Kept: the entry is extracted once more, apart from the stream. What is no compound file leaves
+// *out alone, what cannot be extracted makes it null.
+// (PartGetStorage.HandsOutOneStorageAndExtractsApartFromTheStream,
+// PartGetStorage.OfAPartThatIsNoCompoundFileFailsAndLeavesOutUntouched,
+// PartGetStorage.StoresNullWhenTheEntryCannotBeExtracted)
 HRESULT PartImpl::GetStorage(IStorage** out) {
     if (out == nullptr) return E_INVALIDARG;
     if (storage_ == nullptr) {
@@ -88,6 +99,9 @@ HRESULT PartImpl::GetStorage(IStorage** out) {
     return S_OK;
 }
 
+// Kept: nothing ever sets the value; a name that the index lacks is added to it.
+// (PartGetEntryValue.IsZeroForAnEntryAndWithoutOne,
+// PartGetEntryValue.IsZeroForANameThatTheIndexLacks)
 std::int64_t PartImpl::GetEntryValue() {
     if (archive_ == nullptr || !archive_->HasEntry(entryName_.c_str())) return 0;
     zip::UnZipArchiveImpl& archive = *archive_->GetImpl();
@@ -96,7 +110,8 @@ std::int64_t PartImpl::GetEntryValue() {
 }
 
 // Kept: the bytes are lost when there is no memory for their block. Opening a package frees
-// them, the readers of parts never did. (PartData.OutOfMemoryForTheBlockLosesTheExtractedBytes)
+// them, the readers of parts never did. (PartData.OutOfMemoryForTheBlockLosesTheExtractedBytes,
+// RelationshipStream.OutOfMemoryForItsBlockLosesTheExtractedBytes)
 HRESULT PartImpl::ExtractEntry(HGBL* block) {
     zip::UnZipArchiveImpl* archive = archive_ == nullptr ? nullptr : archive_->GetImpl();
     if (archive == nullptr) return E_FAIL;

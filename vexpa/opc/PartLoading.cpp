@@ -18,9 +18,17 @@ Part* PackageImpl::GetPart(const PartUri& name) {
     const std::u16string_view key = PartNameKey(name.name);
     if (PartImpl* loaded = FindLoaded(key)) return loaded;
     if (!archive_.HasEntry(key.data())) return nullptr;  // the end of the name, so it has its NUL
-    return LoadPart(name, key);
+    return MayLoad(key) ? LoadPart(name, key) : nullptr;
 }
 
+// Whether the entry of this key, which is there, may be a part under it.
+bool PackageImpl::MayLoad(std::u16string_view key) {
+    if (key.find(u'\\') == key.npos) return true;
+    return spellings_.Take(archive_.GetImpl()->entryIndexByName.find(EntryName(key))->second);
+}
+
+// Kept: a part has the name that it was first asked for by, with or without a slash, and its
+// targets are resolved against that. (GetPart.KeepsTheNameAsItWasFirstGiven)
 PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
     auto part = std::make_unique<PartImpl>(name, EntryName(key), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
@@ -39,6 +47,9 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
 // Files the relationships of `part` on it. A part without a readable relationship
 // stream simply has none: most parts do not, and one broken .rels entry must not
 // cost the caller the part itself.
+//
+// Kept: this happens once. What cannot be read now, be it for want of memory, the part goes
+// without. (RelationshipStream.OfAFailingPlatformDoesNotCostThePart)
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
     const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
@@ -62,7 +73,7 @@ void PackageImpl::ReadPartRelationships(PartImpl& part) {
         ++count;
         return true;
     };
-    if (document) ReadRelationships(*document.Get(), source, file);
+    if (document) ReadRelationships(*document.Get(), source, types_, file);
     allowance_.CountText(size, count);
 }
 

@@ -10,6 +10,10 @@ namespace tarn::opc {
 
 // The name less one leading '/' or '\', nothing else changed: producers write targets of
 // the package with and without the slash and mean the same part.
+//
+// Kept: case counts, and so does every other separator. a/b and a\b are two parts over one
+// entry. (GetPart.ComparesNamesWithCase, GetPart.TakesTwoSpellingsOfANameForTwoParts,
+// ContentTypes.ABackslashNameLosesOnlyItsFirstBackslash)
 inline std::u16string_view PartNameKey(std::u16string_view name) {
     if (!name.empty() && (name.front() == u'/' || name.front() == u'\\')) name.remove_prefix(1);
     return name;

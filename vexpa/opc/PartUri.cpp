@@ -29,7 +29,8 @@ bool IsPlainPath(const std::u16string& name) {
     return !hasAuthority && std::all_of(name.begin(), name.end(), IsPlain);
 }
 
-// A component is NUL-terminated, so it ends at an escape %00. (ComponentEndsAtAnEscapedNul)
+// Kept: a component is NUL-terminated, so it ends at an escape %00.
+// (PartUri.ComponentEndsAtAnEscapedNul)
 std::u16string FromLocal(const char* text) {
     return text == nullptr ? std::u16string() : FromLocalText(text);
 }
@@ -44,6 +45,9 @@ PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
         path = name;
         return;
     }
+    // Kept: the parser reads 8-bit text and takes ASCII only. A character outside is an error, or a
+    // question mark where the locale lacks it. (PartUri.DoesNotParseANameOutsideAscii,
+    // PartUri.LosesWhatTheLocaleCannotSayInItsComponentsOnly)
     const QByteArray local = ToLocalText(name);
     if (local.isEmpty()) return;
     const std::string_view text(local.constData(), static_cast<std::size_t>(local.size()));

@@ -50,7 +50,8 @@ public:
     virtual const PartUri& GetTarget() const = 0;
 };
 
-// Relationships by Id, in the order of code units: rId10 stands before rId2.
+// [borrowed] Relationships by Id, in the order of code units: rId10 stands before rId2. They belong
+// to the package or part that hands out the map.
 using RelationshipMap = std::map<std::u16string, Relationship*, std::less<>>;
 
 // What GetRelationshipByType can fill in besides its result. The caller's own record; the

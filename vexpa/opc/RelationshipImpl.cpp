@@ -26,15 +26,15 @@ std::size_t UnitsOf(const PartUri& uri) {
 
 RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
                                    const char16_t* target, const char16_t* targetMode)
-    : RelationshipImpl(id, type, std::make_shared<const RelationshipSource>(source), target,
-                       targetMode) {}
+    : RelationshipImpl(id, std::make_shared<const TypeText>(type),
+                       std::make_shared<const RelationshipSource>(source), target, targetMode) {}
 
-RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type,
+RelationshipImpl::RelationshipImpl(const char16_t* id, std::shared_ptr<const TypeText> type,
                                    std::shared_ptr<const RelationshipSource> source,
                                    const char16_t* target, const char16_t* targetMode)
     : targetMode_(ParseTargetMode(targetMode)),
       id_(CopyText(id)),
-      type_(CopyText(type)),
+      type_(std::move(type)),
       source_(std::move(source)),
       target_(target),
       // The analyzer loses sight of the pointer on its way into the member.
@@ -44,8 +44,8 @@ RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type,
 std::size_t RelationshipImpl::MemoryUse() const noexcept {
     constexpr std::size_t kPlaces = 256;  // nodes of two maps, and what the allocator adds
     const bool isResolved = resolvedTarget_ != nullptr;
-    // Id and type are keys besides.
-    const std::size_t units = 2 * id_.size() + 2 * type_.size() + UnitsOf(target_) +
+    // The Id is a key besides.
+    const std::size_t units = 2 * id_.size() + type_->written.size() + type_->folded.size() + UnitsOf(target_) +
                               (isResolved ? UnitsOf(*resolvedTarget_) : 0);
     return sizeof *this + kPlaces + (isResolved ? sizeof(PartUri) : 0) + units * sizeof(char16_t);
 }
@@ -59,11 +59,11 @@ const unsigned short* RelationshipImpl::GetId() const {
 }
 
 RelationshipTypeId RelationshipImpl::GetTypeId() const {
-    return GetRelationshipTypeId(type_.c_str());
+    return GetRelationshipTypeId(type_->written.c_str());
 }
 
 const unsigned short* RelationshipImpl::GetType() const {
-    return ToUnits(type_.c_str());
+    return ToUnits(type_->written.c_str());
 }
 
 }  // namespace tarn::opc

@@ -5,9 +5,11 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "vexpa/opc/Relationship.h"
 #include "vexpa/opc/RelationshipSource.h"
+#include "vexpa/opc/TypeText.h"
 
 namespace tarn::opc {
 
@@ -17,12 +19,15 @@ public:
     RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
                      const char16_t* target, const char16_t* targetMode);
 
-    RelationshipImpl(const char16_t* id, const char16_t* type,
+    RelationshipImpl(const char16_t* id, std::shared_ptr<const TypeText> type,
                      std::shared_ptr<const RelationshipSource> source, const char16_t* target,
                      const char16_t* targetMode);
 
-    // About how many bytes it takes, with its places in the indexes.
+    // About how many bytes it takes, with its places in the indexes, if no other has its type.
     std::size_t MemoryUse() const noexcept;
+
+    // [borrowed] The type in the form in which types are compared.
+    std::u16string_view FoldedType() const noexcept { return type_->folded; }
 
     void Release() override;
     const unsigned short* GetId() const override;
@@ -38,7 +43,7 @@ public:
 private:
     TargetMode targetMode_;
     std::u16string id_;
-    std::u16string type_;
+    std::shared_ptr<const TypeText> type_;
     std::shared_ptr<const RelationshipSource> source_;
     PartUri target_;
     // Null where it is the target as written: that of the package, and every absolute URI.

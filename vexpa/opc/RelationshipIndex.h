@@ -2,11 +2,13 @@
 #ifndef VEXPA_OPC_RELATIONSHIPINDEX_H_
 #define VEXPA_OPC_RELATIONSHIPINDEX_H_
 
+#include <map>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "vexpa/base/Noncopyable.h"
-#include "vexpa/opc/Relationship.h"
+#include "vexpa/opc/RelationshipImpl.h"
 
 namespace tarn::opc {
 
@@ -21,7 +23,7 @@ public:
     // Files a relationship under its Id and under its folded type, each unless taken. One
     // whose Id is taken goes to `refused`: it may stand in the index by type all the same,
     // so it has to live as long as the index.
-    void File(std::unique_ptr<Relationship> relationship, OwnedObjects& refused);
+    void File(std::unique_ptr<RelationshipImpl> relationship, OwnedObjects& refused);
 
     const RelationshipMap& ById() const noexcept { return relationshipsById_; }
 
@@ -33,11 +35,9 @@ public:
     void Clear() noexcept;
 
 private:
-    void FileByType(Relationship* relationship);
-
     RelationshipMap relationshipsById_;
-    RelationshipMap relationshipsByType_;  // does not own
-    std::u16string lastType_;              // as written
+    // By folded type, which the relationship has. Does not own.
+    std::map<std::u16string_view, Relationship*> relationshipsByType_;
 };
 
 }  // namespace tarn::opc

@@ -10,17 +10,21 @@ const char16_t* AttributeValue(IDomAttributes& attributes, const char16_t* name)
 }
 
 std::unique_ptr<RelationshipImpl> MakeRelationship(
-    IDomAttributes& attributes, const std::shared_ptr<const RelationshipSource>& source) {
+    IDomAttributes& attributes, const std::shared_ptr<const RelationshipSource>& source,
+    TypeTexts& types) {
     const char16_t* id = AttributeValue(attributes, u"Id");
     const char16_t* type = AttributeValue(attributes, u"Type");
     const char16_t* target = AttributeValue(attributes, u"Target");
     const char16_t* targetMode = AttributeValue(attributes, u"TargetMode");
-    return std::make_unique<RelationshipImpl>(id, type, source, target, targetMode);
+    return std::make_unique<RelationshipImpl>(id, types.Share(type), source, target, targetMode);
 }
 
 }  // namespace
 
-void ReadRelationships(IDomDocument& document, const std::u16string& source,
+// Kept: an element counts wherever it stands, under any root, and one that lacks its Id, type or
+// target has an empty one. (RelationshipStream.CountsElementsUnderAnyRootAndNamespace,
+// RelationshipStream.LeavesAMissingAttributeEmpty)
+void ReadRelationships(IDomDocument& document, const std::u16string& source, TypeTexts& types,
                        const RelationshipSink& sink) {
     const auto sharedSource = std::make_shared<const RelationshipSource>(source.c_str());
     // The list may be live, so its length is asked for again before every item.
@@ -28,10 +32,12 @@ void ReadRelationships(IDomDocument& document, const std::u16string& source,
     for (std::uint32_t i = 0; i < elements->GetLength(); ++i) {
         // An element without attributes is no relationship; those after it still count.
         IDomAttributes* attributes = elements->GetItem(i)->GetAttributes();
-        if (attributes != nullptr && !sink(MakeRelationship(*attributes, sharedSource))) return;
+        if (attributes != nullptr && !sink(MakeRelationship(*attributes, sharedSource, types))) return;
     }
 }
 
+// Kept: a name that does not fit has no relationships.
+// (RelationshipEntryName.IsEmptyForANameThatOverflows)
 std::u16string RelationshipEntryName(const std::u16string& source) {
     // Fixed, as compiled platforms know them, in UTF-16 units. Only their first units are set, as
     // there are parts by the thousand.

@@ -15,7 +15,7 @@ using RelationshipSink = std::function<bool(std::unique_ptr<RelationshipImpl>)>;
 
 // Gives `sink` a relationship for each Relationship element, in document order, until it answers
 // false; the element's namespace and parents do not matter. A missing attribute is an empty text.
-void ReadRelationships(IDomDocument& document, const std::u16string& source,
+void ReadRelationships(IDomDocument& document, const std::u16string& source, TypeTexts& types,
                        const RelationshipSink& sink);
 
 // The entry that holds the relationships of the part `source`: word/_rels/document.xml.rels

@@ -9,8 +9,15 @@
 
 namespace tarn::opc {
 
-// A known relationship type. Beside each stands its URI, as far as it does not begin with
-// http://schemas.openxmlformats.org/officedocument/2006/relationships/.
+// A known relationship type. Beside each stands its URI in lower case, less its beginning:
+//
+//   word            http://schemas.openxmlformats.org/officedocument/2006/relationships/, of
+//                   ECMA-376 Part 1
+//   drawingml/...   http://schemas.openxmlformats.org/, of ECMA-376 Part 1
+//   package/...     http://schemas.openxmlformats.org/, of ECMA-376 Part 2
+//   microsoft.com/  http://schemas., of the extensions that Microsoft publishes
+//
+// 41 to 48 are URIs of graphics: numbered, but no relationship has them for its type.
 //
 // The numbers are part of the binary interface: types are appended, never renumbered.
 enum RelationshipTypeId : std::uint32_t {

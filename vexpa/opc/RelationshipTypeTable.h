@@ -9,6 +9,8 @@
 
 namespace tarn::opc {
 
+// Kept: 41 to 48 are no types of relationships, but their numbers are published.
+// (RelationshipTypes.KeepTheNumbersThatCallersKnow)
 struct RelationshipTypeRow {
     const char16_t* uri;  // in lower case, the form that a normalised type has
     RelationshipTypeId id;

@@ -6,7 +6,8 @@
 
 namespace tarn::opc {
 
-// What a relationship's target is. The values are part of the binary interface.
+// What a relationship's target is: the attribute TargetMode of ECMA-376 Part 2. The values are part
+// of the binary interface.
 enum TargetMode : std::uint32_t {
     TargetModeInternal = 0,  // the target is a part of the same package
     TargetModeExternal = 1,  // the target is a resource elsewhere

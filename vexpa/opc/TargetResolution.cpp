@@ -62,6 +62,9 @@ std::u16string_view Climb(std::u16string_view directory, std::size_t steps) {
     return directory;
 }
 
+// Kept: what stands before the last step up is dropped. A dot alone, an escape, a fragment and a
+// backslash in front stay, and mostly name no part. (ResolveTarget.ClimbsADirectoryForEachStepUp,
+// ResolveTarget.AppendsARelativeTargetToTheDirectoryOfTheSource)
 std::u16string ResolveRelative(std::u16string_view directory, std::u16string_view target) {
     const StepsUp steps = CountStepsUp(target);
 
@@ -77,6 +80,7 @@ std::u16string ResolveRelative(std::u16string_view directory, std::u16string_vie
 
 }  // namespace
 
+// Kept: any other word means internal. (RelationshipStream.TakesAnyOtherTargetModeForInternal)
 TargetMode ParseTargetMode(const char16_t* text) {
     if (text == nullptr) return TargetModeInternal;
     return _Xu2_stricmp(text, u"external") == 0 ? TargetModeExternal : TargetModeInternal;
@@ -85,17 +89,22 @@ TargetMode ParseTargetMode(const char16_t* text) {
 std::u16string SourceDirectory(const std::u16string& source) {
     char16_t directory[kDirectorySize];
     directory[0] = 0;
-    // One that does not fit is left empty, so its targets resolve from the root.
+    // Kept: one that does not fit is left empty, so its targets resolve from the root.
+    // (ResolveTarget.TakesADirectoryThatDoesNotFitForTheRoot)
     u_splitpath_s(source.c_str(), nullptr, 0, directory, kDirectorySize, nullptr, 0, nullptr, 0);
     std::size_t length = u_strnlen_s(directory, kDirectorySize);
     if (length != 0 && IsSeparator(directory[length - 1])) --length;
     return {directory, length};
 }
 
+// Kept: the package's targets stay as written.
+// (ResolveTarget.LeavesTheTargetsOfThePackageAsTheyAre)
 std::u16string ResolveTarget(const std::u16string& source, const std::u16string& target) {
     return source.empty() ? target : ResolveTargetFrom(SourceDirectory(source), target);
 }
 
+// Kept: the target mode does not count.
+// (ResolveTarget.AnExternalTargetWithoutASchemeIsResolvedLikeAnyOther)
 std::u16string ResolveTargetFrom(const std::u16string& directory, const std::u16string& target) {
     if (!target.empty() && target.front() == u'/') return target.substr(1);
     if (IsAbsoluteUri(target)) return target;

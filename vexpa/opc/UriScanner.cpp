@@ -157,6 +157,7 @@ private:
         slices_.host = TakeHost();
         if (Next() != ':') return;
         ++at_;
+        // Kept: a port beyond 32 bits wraps. (PartUri.PortWrapsIn32Bits)
         for (; IsDigit(Next()); ++at_) {
             slices_.port = slices_.port * 10 + static_cast<std::uint32_t>(Next() - '0');
         }

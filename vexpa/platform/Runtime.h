@@ -32,17 +32,25 @@
 // Negative is failure.
 using HRESULT = std::int32_t;
 
-// The platform's codes.
+// Done.
 inline constexpr HRESULT S_OK = 0;
+// Done, but not all that was asked for.
 inline constexpr HRESULT S_FALSE = 1;
+// There is no such operation.
 inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80000001U);
+// Memory is exhausted.
 inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x80000002U);
+// An argument is null that may not be.
 inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80000003U);
+// The object has no interface of that id.
 inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80000004U);
+// Any other failure.
 inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80000008U);
+// What is only read was to be changed.
 inline constexpr HRESULT E_ACCESSDENIED = static_cast<HRESULT>(0x80000009U);
-// Storage codes, as COM numbers them.
+// Storage codes, as COM numbers them: a place or an operation that a stream does not have.
 inline constexpr HRESULT STG_E_INVALIDFUNCTION = static_cast<HRESULT>(0x80030001U);
+// Likewise: there is no element of that name.
 inline constexpr HRESULT STG_E_FILENOTFOUND = static_cast<HRESULT>(0x80030002U);
 
 // ---------------------------------------------------------------------------------------
@@ -296,7 +304,7 @@ struct GlobalBlock;
 // A movable memory block; its bytes stand still between lock and unlock.
 using HGBL = GlobalBlock*;
 
-// A flag of _XGblAlloc.
+// A flag of _XGblAlloc, with the value of GMEM_ZEROINIT in the Windows API.
 inline constexpr std::uint32_t kGblZeroInit = 0x40;
 
 // Text with its length before it: the 32 bits before the first unit count its bytes.
@@ -312,8 +320,9 @@ VEXPA_RUNTIME_API void* _XGblLock(HGBL block);
 // 0 when the last lock was given up, 1 when others remain.
 VEXPA_RUNTIME_API int _XGblUnlock(HGBL block);
 
-// [owned] Task memory, or null when memory is exhausted. Freeing null does nothing.
+// [owned] Task memory, or null when memory is exhausted.
 VEXPA_RUNTIME_API void* _XCoTaskMemAlloc(std::size_t size);
+// Ends it; null does nothing.
 VEXPA_RUNTIME_API void _XCoTaskMemFree(void* memory);
 
 // ---------------------------------------------------------------------------------------
@@ -327,6 +336,7 @@ VEXPA_RUNTIME_API void _XCoTaskMemFree(void* memory);
 VEXPA_RUNTIME_API HRESULT _XCreateStreamOnHGBL(HGBL block, int freeOnRelease, IStream** out);
 
 // [shared] The compound file that `*block` holds, read-only. Ownership of the block as above.
+// This call and those of what it gives need a megabyte of stack at most.
 //   E_INVALIDARG  block or out is null
 //   E_FAIL        *block is null or holds no compound file; *out is null
 VEXPA_RUNTIME_API HRESULT _XStgOpenStorageOnHGBL2(HGBL* block, int freeOnRelease, IStorage** out);
@@ -357,14 +367,16 @@ VEXPA_RUNTIME_API HRESULT _XDOMParse(IDomDocument** out, IStream* stream, std::u
 VEXPA_RUNTIME_API HRESULT _XGetZipFileCount(const char16_t* path, std::int32_t* count);
 
 // Stores the name of each entry, in directory order, in names[0 .. count). The names are
-// [borrowed]: they are the runtime's, and end with the calling thread or its next call here.
+// [borrowed]: they are the runtime's, and end with the calling thread or its next call of any of
+// the three zip functions.
 //   E_FAIL        as for the count, or the archive no longer has exactly `count` entries;
 //                 names is left as it was
 //   E_OUTOFMEMORY memory is exhausted; names is left as it was
 VEXPA_RUNTIME_API HRESULT _XGetZipFileList(const char16_t* path, const char16_t** names,
                                            std::int32_t count);
 
-// The records of the in-memory extraction, laid out as Info-ZIP's library has them.
+// The records of the in-memory extraction, laid out as Info-ZIP's library has them. The library
+// zeroes this one before the call, and a failed call may leave it so.
 struct UzpBuffer {
     unsigned long strlength;  // bytes
     char* strptr;             // [owned] free() it, also after a failure, when it is not null

@@ -32,7 +32,7 @@ namespace tarn::xmlfx {
 // Lifetime  References, pointers and iterators stay valid until clear(). Entries iterate
 //           in the order in which they were added.
 // Errors    An addition that runs out of memory throws and leaves the map as it was.
-// Threads   Any number may read while nobody writes.
+// Threads   Any number may read while nobody writes. operator[] writes always.
 template <class Key, class T>
 class VEXPA_API RegistryMap {
     struct Node;
@@ -51,7 +51,7 @@ public:
 
     // An empty map. Only the library makes maps.
     RegistryMap() noexcept;
-    ~RegistryMap();
+    ~RegistryMap();  // ends all entries
 
     RegistryMap(const RegistryMap&) = delete;
     RegistryMap& operator=(const RegistryMap&) = delete;
@@ -62,20 +62,26 @@ public:
     const_iterator begin() const noexcept;
     const_iterator end() const noexcept { return const_iterator(); }
 
-    // How many entries there are, and how many buckets.
+    // Whether there is no entry.
     [[nodiscard]] bool empty() const noexcept { return size() == 0; }
+    // How many entries there are.
     size_type size() const noexcept;
+    // How many buckets there are.
     size_type bucket_count() const noexcept;
+    // How many entries there may be for each bucket.
     float max_load_factor() const noexcept { return 1.0F; }
 
     // The entry of `key`, or end(); nothing is added.
     iterator find(Key key) noexcept;
     const_iterator find(Key key) const noexcept;
+    // Whether there is an entry of `key`.
     bool contains(Key key) const noexcept { return find(key) != end(); }
+    // 1 if there is an entry of `key`, else 0.
     size_type count(Key key) const noexcept { return contains(key) ? 1 : 0; }
 
     // The value of `key`; of a new entry with an empty value when there was none. Asking for
-    // the same key again costs no more than comparing it.
+    // the same key again costs no more than comparing it: the map remembers it, so this writes,
+    // also for a key that is there. Threads that only read use find.
     T& operator[](Key key);
     // The same, and whether the entry is new.
     std::pair<iterator, bool> try_emplace(Key key);

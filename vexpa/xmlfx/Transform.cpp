@@ -40,6 +40,8 @@ Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defau
         const unsigned short* uri = attrs->getURI(i);
         const unsigned short* name = attrs->getLocalName(i);
         const std::uint32_t token = TokenOf(namespaces, IsEmpty(uri) ? defaultUri : uri, name);
+        // Kept: the null name of the empty URI is dropped, that of another one has a token.
+        // (Transform.DropsTheNullName, Transform.KeepsTheNullNameOfAnotherNamespace)
         if (token == kNullToken) continue;
         set->AddLeaf(token, attrs->getValue(i));
     }

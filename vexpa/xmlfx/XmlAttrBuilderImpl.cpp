@@ -21,6 +21,7 @@ void XmlAttrBuilderImpl::Release() {
     DeleteIfExists(this);
 }
 
+// Kept: the token goes unused, that of EndElement counts. (Builder.ReportsTheElementWithItsToken)
 int XmlAttrBuilderImpl::StartElement(std::uint32_t, XmlRoAttr* attrs) {
     current_ = Handle<XmlRoAttrDecorator>(new XmlRoAttrDecorator(*attrs));
     return 1;

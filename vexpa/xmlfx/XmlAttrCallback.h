@@ -14,7 +14,8 @@ class XmlRoAttr;
 // Threads   Called by the thread that feeds the builder.
 class XmlAttrCallback {
 public:
-    // [borrowed] The finished set of an element; share it (ShallowClone) to keep it.
+    // [borrowed] The finished set of an element; share it (ShallowClone) to keep it. `token` is the
+    // element's, as EndElement was given it.
     virtual void OnElement(std::uint32_t token, XmlRoAttr* set) = 0;
 
 protected:

@@ -32,11 +32,13 @@ inline constexpr std::uint32_t kTextToken = 0xFFFFFFFF;
 class XmlAttrHandler : public Object, public Noncopyable {
 public:
     // Begins the set of an element, on top of its attributes (see Transform; never null),
-    // which the set shares. The token is not used here. Always 1.
+    // which the set shares; of attributes that cannot be shared only the value string is taken. The
+    // token is not used here, that of EndElement counts. Always 1.
     virtual int StartElement(std::uint32_t token, XmlRoAttr* attrs) = 0;
     // Adds a piece of the element's text under kTextToken; null adds nothing.
     virtual void Characters(const unsigned short* text) = 0;
-    // Reports the set. It stays until the next StartElement; who keeps it longer shares it.
+    // Reports the set, with this token. It stays until the next StartElement; who keeps it longer
+    // shares it.
     virtual void EndElement(std::uint32_t token) = 0;
     // [borrowed] The handler of the child elements, the same each time. What it reports is
     // added to this handler's set under the child element's token.

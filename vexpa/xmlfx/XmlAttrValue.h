@@ -31,7 +31,8 @@ protected:
     explicit XmlAttrValue(std::u16string_view value) : value_(value) {}
     // A copy of a NUL-terminated text; null is the empty one.
     explicit XmlAttrValue(const unsigned short* value) : value_(CopyText(value)) {}
-    ~XmlAttrValue() = default;
+
+    ~XmlAttrValue() = default;  // for derived classes
 
 private:
     std::u16string value_;

@@ -19,6 +19,8 @@ constexpr char16_t FoldAscii(char16_t unit) noexcept {
 
 }  // namespace
 
+// Kept: other letters than ASCII keep their case, so two names may differ in that alone.
+// (EntryNameSet.TakesNamesForTwoThatDifferInTheCaseOfLettersOutsideAscii)
 std::uint32_t HashEntryName(std::u16string_view name) noexcept {
     std::uint32_t hash = 0;
     for (const char16_t unit : name) {

@@ -15,7 +15,7 @@ namespace lumo::Compression::Zip {
 // The ELF (PJW) hash over 16-bit units, ASCII letters folded to upper case first.
 std::uint32_t HashEntryName(std::u16string_view name) noexcept;
 
-// A set of BSTRs that holds one of each group of names differing in letter case only.
+// A set of BSTRs that holds one of each group of names differing in the case of ASCII letters only.
 //
 // Buckets are blocks of (hash, name) pairs in the order of their hashes; names that share
 // a hash stand in the order of _Xu2_stricmp, so an archive whose names all collide by

@@ -59,6 +59,9 @@ void FreeBlock(HGBL block) {
 
 }  // namespace
 
+// Kept: the unzip call takes 8-bit text, and patterns. A character that the locale lacks becomes
+// a question mark and matches any, and what the conversion takes for a byte order mark is lost.
+// (ExtractEntry.OfANameThatTheLocaleLacksIsAPattern, ExtractEntry.OfANameWithAByteOrderMarkFails)
 HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryName, UzpBuffer* result) {
     QByteArray zip = tarn::ToLocalText(archive.archivePath);
     QByteArray entry = tarn::ToLocalText(entryName);

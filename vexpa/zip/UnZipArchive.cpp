@@ -17,6 +17,9 @@ bool IsReadable(const UnZipArchiveImpl& archive) {
 UnZipArchive::UnZipArchive() noexcept = default;
 UnZipArchive::~UnZipArchive() = default;
 
+// Kept: a file that is open and readable stays; one that is gone makes room for another.
+// (UnZipArchiveOpen.RefusesAnotherFileWhileOneIsOpenAndReadable,
+// UnZipArchiveOpen.TakesAnotherFileWhenTheOldOneIsGone)
 HRESULT UnZipArchive::Open(const char16_t* path) {
     if (impl_ && IsReadable(*impl_)) return E_ACCESSDENIED;
     impl_ = std::make_unique<UnZipArchiveImpl>();

@@ -13,7 +13,8 @@
 
 namespace lumo::Compression::Zip {
 
-// Fixed; compiled callers of the original record expect it and nothing here reads it.
+// Kept: compiled callers expect it, and nothing here reads it.
+// (HasEntry.MakesRecordsWithTheirFixedKind)
 constexpr std::uint32_t kEntryKind = 13;
 
 struct EntryRecord {
@@ -25,6 +26,8 @@ struct EntryRecord {
 };
 
 struct UnZipArchiveImpl {
+    // Kept: filled like the list, and no look-up asks it. One of the names that differ only in
+    // case stands in it. (HasEntry.FindsBothOfTwoNamesThatDifferInCase)
     EntryNameSet entryNameSet;
     std::u16string archivePath;
     std::vector<EntryRecord> entries;  // in directory order; not empty once listed

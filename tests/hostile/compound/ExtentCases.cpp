@@ -1,6 +1,9 @@
 // Directories that are very deep or very wide, and files that stop anywhere.
 
+#include <pthread.h>
+
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,8 +19,8 @@ using vexpa_runtime::kMaxStorageElements;
 using vexpa_runtime::kMaxTableEntries;
 
 // `levels` storages, one in another.
-CompoundImage Nested(std::size_t levels, std::size_t twins = 1) {
-    CompoundImage image(Elements(levels * twins, Storage(u"D")));
+CompoundImage Nested(std::size_t levels, std::size_t twins = 1, const CompoundLayout& layout = {}) {
+    CompoundImage image(Elements(levels * twins, Storage(u"D")), layout);
     const auto number = [=](std::size_t level) {
         return static_cast<std::uint32_t>(1 + level * twins);
     };
@@ -36,8 +39,8 @@ CompoundImage Nested(std::size_t levels, std::size_t twins = 1) {
 }
 
 // `count` streams in the root, each to the right of the one before.
-CompoundImage InARow(std::size_t count) {
-    CompoundImage image(Elements(count, {u"S"}));
+CompoundImage InARow(std::size_t count, const CompoundLayout& layout = {}) {
+    CompoundImage image(Elements(count, {u"S"}), layout);
     for (std::uint32_t entry = 1; entry <= count; ++entry) {
         image.Put32(image.EntryAt(entry) + kLeft, kNone);
         image.Put32(image.EntryAt(entry) + kRight, entry == count ? kNone : entry + 1);
@@ -130,6 +133,55 @@ TEST(HostileCompound, IsNeverReadBeyondWhereItIsCut) {
         EXPECT_TRUE(std::any_of(remains.begin(), remains.end(), [&](const std::string& left) {
             return text == PictureText(cut, left);
         })) << text;
+    }
+}
+
+// Whether the part is a storage.
+bool IsStorage(const CompoundImage& image) {
+    return ReadAsPicture(image.bytes).find(" {") != std::string::npos;
+}
+
+// Each element is put among its siblings, step by step.
+TEST(HostileStorageSiblings, AreSoManyInAll) {
+    const auto storagesOf = [](std::size_t storages, std::size_t streams) {
+        return CompoundImage(Elements(storages, Storage(u"S", Streams(streams))));
+    };
+    EXPECT_TRUE(IsStorage(storagesOf(31, kMaxStorageElements)));
+    EXPECT_FALSE(IsStorage(storagesOf(33, kMaxStorageElements)));
+    EXPECT_TRUE(IsStorage(storagesOf(1'000, 100)));
+}
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__OPTIMIZE__)
+constexpr std::size_t kStack = 16 << 20;  // what is compiled so takes many times as much
+#else
+constexpr std::size_t kStack = 1 << 20;
+#endif
+
+void OnAStackOf(std::size_t size, const std::function<void()>& action) {
+    pthread_attr_t attributes;
+    ASSERT_EQ(pthread_attr_init(&attributes), 0);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, size), 0);
+    const auto run = [](void* call) -> void* {
+        (*static_cast<const std::function<void()>*>(call))();
+        return nullptr;
+    };
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&action)),
+              0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+// The deepest that there may be, and with them the largest table: both lie on the stack.
+TEST(HostileStorageStack, OfAMegabyteIsEnough) {
+    constexpr CompoundLayout kLargest{9, kMaxTableEntries / 128, 0};
+    for (const CompoundLayout& layout : {CompoundLayout{}, kLargest}) {
+        for (const CompoundImage& image :
+             {Nested(kMaxDirectoryDepth - 1, 1, layout), InARow(kMaxDirectoryDepth - 1, layout)}) {
+            bool isStorage = false;
+            OnAStackOf(kStack, [&] { isStorage = IsStorage(image); });
+            EXPECT_TRUE(isStorage);
+        }
     }
 }
 

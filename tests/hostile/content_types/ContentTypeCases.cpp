@@ -237,6 +237,16 @@ CraftedPackages ManyCases() {
          TypesText("a/b", "c/d")},
         {"BeforeTheOnesThatFit", "fifty thousand rules for nothing", many("", "", document + picture),
          TypesText("a/b", "c/d")},
+        {"OfPartsThatAreNot", "fifty thousand names, of which one is there",
+         [] {
+             std::string rules;
+             for (int i = 0; i < 50'000; ++i) {
+                 rules += Override("/word/p" + std::to_string(i) + ".xml", "x/y");
+                 if (i == 25'000) rules += Override("/word/document.xml", "a/b");
+             }
+             return Rules(rules)();
+         },
+         TypesText("a/b")},
         {"OfNamesThatGrow", "three hundred names of a unit more each",
          [] {
              std::string rules;

@@ -23,7 +23,7 @@ Directory DirectoryOf(const ZipFile& zip) {
     return {offset, bytes.find(zip.zip64 ? "PK\x06\x06" : "PK\x05\x06") - offset};
 }
 
-// Which of three fields a number of three bits means: "CountAndOffset", say.
+// Which of the fields the bits of a number mean: "CountAndOffset", say.
 std::string FieldNames(unsigned bits, std::initializer_list<const char*> names) {
     std::string text;
     for (const char* name : names) {
@@ -119,8 +119,8 @@ CraftedPackages RecordCases() {
     };
 }
 
-// The picture with its fields of `wideBits` (size, compressed size, offset) at all ones, and a
-// zip64 field of just those.
+// The picture with its fields of `wideBits` (size, compressed size, offset, disk) at all ones, and
+// a zip64 field of just those.
 std::string EntryBytes(unsigned wideBits, bool hasField) {
     ZipFile zip = SmallPackage();
     const std::string plain = zip.Bytes();
@@ -139,14 +139,18 @@ std::string EntryBytes(unsigned wideBits, bool hasField) {
         picture.localOffset = kAllOnes32;
         numbers += LittleEndian(plain.find(kPictureEntry) - 30, 8);
     }
+    if ((wideBits & 8) != 0) {
+        picture.disk = 0xFFFF;
+        numbers += LittleEndian(0, 4);
+    }
     if (hasField) picture.extra = ExtraField(kZip64Field, numbers);
     return zip.Bytes();
 }
 
 CraftedPackages EntryCases() {
     CraftedPackages cases;
-    for (unsigned bits = 0; bits < 8; ++bits) {
-        const std::string fields = FieldNames(bits, {"Size", "CompressedSize", "Offset"});
+    for (unsigned bits = 0; bits < 16; ++bits) {
+        const std::string fields = FieldNames(bits, {"Size", "CompressedSize", "Offset", "Disk"});
         cases.push_back({"Has" + fields, "the field holds just what the header leaves at all ones",
                          [bits] { return EntryBytes(bits, true); }, SmallPackageText()});
         if (bits == 0) continue;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "runtime/memory/PagePool.h"
+#include "tests/support/FailingMalloc.h"
 
 namespace {
 
@@ -26,21 +27,33 @@ TEST(PagePool, GivesARunAgainAndSaysThatItsBytesAreNotZero) {
     PagePool pool(kMegabyte);
     const auto first = pool.Take(100'000);
     pool.Give(first.run);
-    const auto again = pool.Take(99'000);  // rounded to the same size
+    const auto again = pool.Take(92'000);  // an eighth less at most
     EXPECT_EQ(again.run.data(), first.run.data());
     EXPECT_FALSE(again.isZero);
     pool.Give(again.run);
 }
 
-TEST(PagePool, WastesAnEighthAtMost) {
+TEST(PagePool, GivesNoRunAgainThatIsTooSmallOrMuchTooLarge) {
+    PagePool pool(kMegabyte);
+    const auto first = pool.Take(100'000);
+    pool.Give(first.run);
+    for (const std::size_t size : {first.run.size() + 1, std::size_t{80'000}}) {
+        const auto other = pool.Take(size);
+        EXPECT_TRUE(other.isZero);
+        EXPECT_GE(other.run.size(), size);
+    }
+    EXPECT_EQ(pool.BytesKept(), first.run.size());
+}
+
+TEST(PagePool, MakesARunNoLargerThanItsLastPage) {
     PagePool pool(0);
     for (const std::size_t size : {std::size_t{65'536}, std::size_t{65'537}, std::size_t{1'500'000},
                                    3 * kMegabyte + 1, 33 * kMegabyte}) {
         SCOPED_TRACE(size);
         const auto taken = pool.Take(size);
         EXPECT_GE(taken.run.size(), size);
-        EXPECT_LE(taken.run.size(), size + size / 8 + 4096);
-        taken.run.back() = std::byte{1};
+        EXPECT_LT(taken.run.size(), size + 4096);
+        taken.run.front() = taken.run.back() = std::byte{1};
         pool.Give(taken.run);
     }
 }
@@ -71,6 +84,31 @@ TEST(PagePool, KeepsAFewRunsHoweverSmall) {
     for (int i = 0; i < 100; ++i) runs.push_back(pool.Take(4'096).run);
     for (const PagePool::Run& run : runs) pool.Give(run);
     EXPECT_EQ(pool.BytesKept(), 64U * 4'096);
+}
+
+TEST(PagePool, KeepsNothingOnceItIsEmptied) {
+    PagePool pool(kMegabyte);
+    pool.Give(pool.Take(100'000).run);
+    EXPECT_NE(pool.BytesKept(), 0U);
+    pool.Empty();
+    EXPECT_EQ(pool.BytesKept(), 0U);
+    EXPECT_TRUE(pool.Take(100'000).isZero);
+}
+
+TEST(PagePool, GivesNothingWhenTheSystemHasNoPages) {
+    PagePool pool(0);
+    for (const std::size_t size : {100'000UL, 3 * kMegabyte}) {
+        SCOPED_TRACE(size);
+        for (long calls = 0;; ++calls) {
+            const vexpa_test::FailingMalloc failing(calls);
+            const PagePool::Run run = pool.Take(size).run;
+            EXPECT_EQ(run.empty(), failing.HasFailed());
+            pool.Give(run);
+            if (failing.HasFailed()) continue;
+            EXPECT_GT(calls, 0);
+            break;
+        }
+    }
 }
 
 TEST(PagePool, OfASizeThatNoMemoryHasGivesNothing) {

@@ -37,6 +37,7 @@ bool LeavesAParser(std::string_view xml) {
 
 TEST(KeptParser, IsTheSameForOneSmallStreamAfterAnother) {
     EXPECT_TRUE(LeavesAParser("<a b='1'/>"));
+    EXPECT_TRUE(LeavesAParser("<a>" + std::string(16'000, 't') + "</a>"));
 }
 
 TEST(KeptParser, IsNotOneThatFailed) {
@@ -48,7 +49,7 @@ TEST(KeptParser, IsNotOneThatHoldsDeclarations) {
 }
 
 TEST(KeptParser, IsNotOneThatGrewWithALargeStream) {
-    EXPECT_FALSE(LeavesAParser("<a>" + std::string(300'000, 't') + "</a>"));
+    EXPECT_FALSE(LeavesAParser("<a>" + std::string(17'000, 't') + "</a>"));
 }
 
 TEST(KeptParser, IsTakenByOneStreamAtATime) {

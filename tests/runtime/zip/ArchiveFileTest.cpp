@@ -48,6 +48,32 @@ TEST(ArchiveFile, OfBytesInMemoryReadsThem) {
     EXPECT_TRUE(file.IsUnchanged());
 }
 
+TEST(ArchiveFile, OfAPieceInMemoryReadsWithinThePieceOnly) {
+    const std::vector<std::uint8_t> bytes{1, 2, 3};
+    FileIdentity identity{};
+    identity.size = 10;
+    const ArchiveFile file(identity, bytes, 5);
+    EXPECT_EQ(file.View(6, 2), bytes.data() + 1);
+    EXPECT_EQ(file.View(4, 2), nullptr);
+    EXPECT_EQ(file.View(6, 3), nullptr);
+    std::uint8_t got[2] = {};
+    EXPECT_TRUE(file.ReadAt(6, got, 2));
+    EXPECT_EQ(got[1], 3);
+    EXPECT_FALSE(file.ReadAt(7, got, 2));
+}
+
+TEST(ArchiveFile, ThatIsOpenReadsTheRestOfItsBytesFromTheFile) {
+    const ScratchFile scratch("0123456789");
+    auto file = ArchiveFile::Open(scratch.Path().c_str());
+    const std::vector<std::uint8_t> held{'a', 'b'};
+    file->HoldInMemory(held, 3);
+    std::string bytes(2, ' ');
+    EXPECT_TRUE(file->ReadAt(3, bytes.data(), 2));
+    EXPECT_EQ(bytes, "ab");
+    EXPECT_TRUE(file->ReadAt(4, bytes.data(), 2));
+    EXPECT_EQ(bytes, "45");
+}
+
 TEST(ArchiveFile, ThatIsOpenHasNoViewOfItsBytes) {
     const ScratchFile scratch("bytes");
     EXPECT_EQ(ArchiveFile::Open(scratch.Path().c_str())->View(0, 5), nullptr);

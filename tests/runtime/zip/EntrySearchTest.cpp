@@ -76,4 +76,13 @@ TEST_F(EntrySearch, ComparesLocalTextWithNamesInAnyEncoding) {
     EXPECT_EQ(Find("M?ller"), 0);
 }
 
+// Each part is asked for its relationships, whose name is a pattern where the part's is one.
+TEST_F(EntrySearch, HasRoomForAPatternForEachEntry) {
+    std::vector<std::string> names;
+    for (int i = 0; i < 3'000; ++i) names.push_back("image[" + std::to_string(i) + "].png");
+    List(names);
+    for (int i = 0; i < 3'000; ++i) Find("_rels/image[" + std::to_string(i) + "].png.rels");
+    EXPECT_EQ(Find("i*[[]2999].png"), 2'999);
+}
+
 }  // namespace

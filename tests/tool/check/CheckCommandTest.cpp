@@ -71,6 +71,32 @@ TEST(CheckCommand, FailsOnARefusedPackageWhateverIsSelected) {
     EXPECT_EQ(run.out, file.Path() + ": does not open\n\nno findings\n");
 }
 
+TEST(CheckCommand, SaysThatAFolderIsOneAndWhatToDo) {
+    const ScratchFile sound(SoundPackage().Bytes(), "a.docx");
+    const std::string folder = sound.Path().substr(0, sound.Path().rfind('/'));
+    const ToolRun run = RunTool({"check", folder});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.out, HasSubstr("error   VX001  is a folder; commands for several files take the "
+                                   "documents below with -r\n          hint   add -r, or name a file "
+                                   "in it\n"));
+    EXPECT_EQ(RunTool({"check", "-r", folder}).out, "1 file: 1 open, 0 do not\n");
+}
+
+TEST(CheckCommand, SaysThatPagesAreReferredToByName) {
+    const ScratchFile pages(Spoiled([](SoundPackage& p) {
+        p.relationships =
+            Relation("rId1", "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
+                     "word/document.xml");
+        p.Add("pages/1.png", "x");
+    }));
+    const ScratchFile other(Spoiled([](SoundPackage& p) { p.Add("pages/1.png", "x"); }));
+    EXPECT_THAT(RunTool({"check", pages.Path()}).out,
+                HasSubstr("no relationship leads to 1 entry: pages/1.png; in a fixed-layout document "
+                          "the XML refers to pages by name\n"));
+    EXPECT_THAT(RunTool({"check", other.Path()}).out,
+                HasSubstr("no relationship leads to 1 entry: pages/1.png\n"));
+}
+
 TEST(CheckCommand, QuietlyTellsByItsStatusOnly) {
     const ScratchFile sound(SoundPackage().Bytes()), warning(Dangling()), refused(Refused());
     const struct {

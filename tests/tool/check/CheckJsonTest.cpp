@@ -54,7 +54,9 @@ TEST(CheckCommand, JsonTellsAllOfAFinding) {
         {"line", 1},
         {"column", 228},
         {"cause", "the last relationship rId2 (theme) has no part: Word/Document.xml"},
-        {"hint", "add the part, remove the relationship, or move it before another one"}};
+        {"hint", "add the part, remove the relationship, or move it before another one"},
+        {"items", json::array()},
+        {"items_omitted", 0}};
     EXPECT_EQ(report["findings"][0], expected);
 }
 

@@ -37,8 +37,11 @@ const std::string kTypesUri = "'http://schemas.openxmlformats.org/package/2006/c
 FindingRows ContentTypeRows() {
     return {
         {"no entry", Instead(std::nullopt), "VX201"},
-        {"another case", Named("[content_types].xml"), "VX110 VX201 VX410"},
-        {"inside a folder", Named("report/[Content_Types].xml"), "VX110 VX201 VX410"},
+        {"another case", Named("[content_types].xml"), "VX201 VX410"},
+        {"inside a folder", Named("report/[Content_Types].xml"), "VX201 VX410"},
+        {"in a folder, beside the entry itself",
+         Spoiled([](SoundPackage& p) { p.Add("word/[Content_Types].xml", "<Types/>"); }),
+         "VX110 VX410"},
         {"an archive of something else",
          [] {
              ZipFile zip;

@@ -27,6 +27,8 @@ std::string Dangling();
 // A package that does not open, as its last relationship has another letter case.
 std::string Refused();
 
+// All of these.
+FindingRows AllRows();
 FindingRows FileRows();
 FindingRows ArchiveRows();
 FindingRows EntryNameRows();

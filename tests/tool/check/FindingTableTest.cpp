@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <iterator>
+#include <nlohmann/json.hpp>
 #include <set>
 
 #include "tests/tool/RunTool.h"
@@ -50,6 +51,28 @@ TEST(FindingHelp, OfAnIdIsAParagraph) {
     EXPECT_THAT(help, HasSubstr("hint: "));
     for (const std::string& line : Lines(help)) EXPECT_LE(line.size(), 78u) << line;
     EXPECT_EQ(FindingHelp("vx305"), help);
+}
+
+TEST(FindingHelp, NamesTheSteps) {
+    EXPECT_THAT(FindingHelp("VX301"), HasSubstr("\nerror, found at the step: package relationships\n"));
+    EXPECT_THAT(FindingHelp("VX305"), HasSubstr("\nwarning, found at the step: package relationships "
+                                                "or part relationships\n"));
+}
+
+// It is only found where it keeps the package from opening.
+TEST(FindingHelp, CallsTheLastExternalRelationshipAnError) {
+    EXPECT_THAT(FindingHelp("VX304"), HasSubstr("\nerror, "));
+}
+
+TEST(FindingHelp, AsJsonIsAListAlsoOfOne) {
+    const auto help = nlohmann::json::parse(FindingHelpJson("VX305"));
+    ASSERT_EQ(help["findings"].size(), 1u);
+    EXPECT_EQ(help["findings"][0]["id"], "VX305");
+    EXPECT_EQ(help["findings"][0]["severity"], "warning");
+    EXPECT_EQ(help["findings"][0]["steps"],
+              (nlohmann::json{"package relationships", "part relationships"}));
+    EXPECT_EQ(nlohmann::json::parse(FindingHelpJson("VX"))["findings"].size(), kFindingKinds);
+    EXPECT_EQ(FindingHelpJson("tree"), "");
 }
 
 TEST(FindingHelp, OfSeveralIsAList) {

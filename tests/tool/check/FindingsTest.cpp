@@ -30,6 +30,15 @@ std::string Refused() {
     });
 }
 
+FindingRows AllRows() {
+    FindingRows all;
+    for (const FindingRows& rows : {FileRows(), ArchiveRows(), EntryNameRows(), ContentTypeRows(),
+                                    PackageRows(), RelationshipRows(), PartDataRows(), ShapeRows()}) {
+        all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+}
+
 namespace {
 
 using namespace vexpa_tool;
@@ -82,12 +91,9 @@ TEST(Findings, OfHostileShapes) {
 // Of a file that is not there, or is a folder, tests of their own tell.
 TEST(Findings, AreEachShownByARow) {
     std::set<std::string> shown = {"VX001", "VX002", "VX099", "VX608"};
-    for (const FindingRows& rows : {FileRows(), ArchiveRows(), EntryNameRows(), ContentTypeRows(),
-                                    PackageRows(), RelationshipRows(), PartDataRows(), ShapeRows()}) {
-        for (const FindingRow& row : rows) {
-            std::istringstream ids(row.ids);
-            for (std::string id; ids >> id;) shown.insert(id);
-        }
+    for (const FindingRow& row : AllRows()) {
+        std::istringstream ids(row.ids);
+        for (std::string id; ids >> id;) shown.insert(id);
     }
     for (const FindingKind& kind : kFindingTable)
         EXPECT_TRUE(shown.count(IdText(kind.id))) << IdText(kind.id);
@@ -156,6 +162,12 @@ TEST(Findings, NameTheCause) {
          FindingId::NoDirectory,
          "the end record says that the directory begins at offset 70,000 and has 9 bytes, but the "
          "file has only "},
+        {"a name that is written with backslashes",
+         Spoiled([](SoundPackage& p) { p.Add("a\\c.png", "x").madeBy = 0x0014; }), FindingId::Backslash,
+         "the name is written with '\\' and read with '/': a\\c.png"},
+        {"a NUL in a name", Spoiled([](SoundPackage& p) { p.Add(std::string("a\0b.png", 7), "x"); }),
+         FindingId::DeceptiveName,
+         "the name has control characters or turns the direction of writing: a\\x00b.png"},
         {"broken data", Spoiled([](SoundPackage& p) { p.zip.entries[0].rawData = "\xFF\xFF"; }),
          FindingId::DamagedData, "cannot be extracted: its packed data is broken"},
         {"more data than claimed", Spoiled([](SoundPackage& p) { p.zip.entries[0].size = 1; }),

@@ -93,6 +93,8 @@ TEST(InfoCommand, JsonHasTheSameShapeForEveryFile) {
     EXPECT_EQ(first["reason"], nullptr);
     EXPECT_EQ(second["opened"], false);
     EXPECT_EQ(second["reason"]["id"], "VX010");
+    EXPECT_EQ(first["error"], nullptr);
+    EXPECT_EQ(second["error"], text.Path() + ": does not open: VX010 not a zip: looks like plain text");
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ std::string With(const std::string& before, const std::string& after) {
     return Spoiled([&](SoundPackage& p) { p.relationships = before + p.relationships + after; });
 }
 
+const std::string kMetadata = "http://schemas.openxmlformats.org/package/2006/relationships/metadata/";
 const std::string kUri = "'http://schemas.openxmlformats.org/package/2006/relationships'";
 
 }  // namespace
@@ -63,6 +64,30 @@ FindingRows PackageRows() {
                                  p.relationships + "</Relationships>";
          }),
          "VX206"},
+        {"two themes",
+         With(Relation("rId2", OfficeType("theme"), "word/document.xml") +
+                  Relation("rId3", OfficeType("THEME"), "word/document.xml"),
+              ""),
+         "VX402"},
+        {"a thumbnail and custom properties are two types",
+         With(Relation("rId2", kMetadata + "thumbnail", "word/media/image1.png") +
+                  Relation("rId3", OfficeType("custom-properties"), "word/media/image1.png"),
+              ""),
+         ""},
+        {"a target with a fragment",
+         With(Relation("rId2", OfficeType("theme"), "word/document.xml#a"), ""), "VX302 VX404"},
+        {"a target with a dot", With(Relation("rId2", OfficeType("theme"), "./word/document.xml"), ""),
+         "VX302 VX407"},
+        {"a relationship without an Id",
+         With("<Relationship Type='" + OfficeType("theme") + "' Target='word/document.xml'/>", ""),
+         "VX409"},
+        {"pages that the XML names", Spoiled([](SoundPackage& p) {
+             p.relationships =
+                 Relation("rId1", "http://schemas.microsoft.com/xps/2005/06/fixedrepresentation",
+                          "word/document.xml");
+             p.Add("pages/1.png", "x");
+         }),
+         "VX303 VX405 VX410"},
         {"content types and relationships both malformed", Spoiled([](SoundPackage& p) {
              p.instead[kEntry] = "<";
              p.instead["[Content_Types].xml"] = "<";

@@ -20,6 +20,8 @@ std::string Theme(const std::string& target, const std::string& more = {}) {
 constexpr const char* kPlainDocument =
     "<w:document xmlns:w='http://schemas.openxmlformats.org/wordprocessingml/2006/main'/>";
 
+const std::string kUri = "http://schemas.openxmlformats.org/package/2006/relationships";
+
 constexpr const char* kStream = "word/_rels/document.xml.rels";
 
 std::string Stream(const std::optional<std::string>& content) {
@@ -61,6 +63,15 @@ FindingRows RelationshipRows() {
          With(Relation("rId2", OfficeType("hyperlink"), "a b", "TargetMode='External'")),
          "VX404 VX604"},
         {"an unknown type", With(Relation("rId2", "urn:x", "media/image1.png")), "VX405"},
+        {"a second theme in another case",
+         With(Theme("media/image1.png") + Relation("rId3", OfficeType("Theme"), "media/image1.png")),
+         "VX402"},
+        {"a document type in a stream",
+         Stream("<!DOCTYPE Relationships><Relationships xmlns='" + kUri + "'>" +
+                Relation("rId1", OfficeType("image"), "media/image1.png") + "</Relationships>"),
+         "VX206"},
+        {"another root of a stream",
+         Stream("<R>" + Relation("rId1", OfficeType("image"), "media/image1.png") + "</R>"), "VX308"},
         {"an empty stream", Stream(""), "VX406 VX410"},
         {"a malformed stream", Stream("<a>"), "VX406 VX410"},
         {"a damaged stream", Spoiled([](SoundPackage& p) {

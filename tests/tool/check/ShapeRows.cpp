@@ -15,6 +15,7 @@ std::string With(const std::string& type, const std::string& target, const std::
     });
 }
 
+const std::string kStrict = "http://purl.oclc.org/ooxml/officeDocument/relationships/";
 const std::string kMicrosoft = "http://schemas.microsoft.com/office/2006/relationships/";
 
 }  // namespace
@@ -55,6 +56,14 @@ FindingRows ShapeRows() {
         {"a control", With(OfficeType("control"), "media/image1.png"), "VX605"},
         {"an object", With(OfficeType("oleObject"), "media/image1.png"), "VX605"},
         {"an embedded package", With(OfficeType("package"), "media/image1.png"), "VX605"},
+        {"a Strict object", With(kStrict + "oleObject", "media/image1.png"), "VX405 VX605"},
+        {"a Strict control", With(kStrict + "control", "media/image1.png"), "VX405 VX605"},
+        {"a Strict embedded package", With(kStrict + "package", "media/image1.png"), "VX405 VX605"},
+        {"a Strict type in capitals",
+         With("HTTP" + kStrict.substr(4) + "OLEOBJECT", "media/image1.png"), "VX405 VX605"},
+        {"a Strict theme is no content of its own", With(kStrict + "theme", "media/image1.png"),
+         "VX405"},
+        {"a type that only ends alike", With("urn:x/oleObject", "media/image1.png"), "VX405"},
         {"an attached template", With(OfficeType("attachedTemplate"), "file:///C:/a.dotx", "External"),
          "VX604 VX607"},
         {"a linked object", With(OfficeType("oleObject"), "http://example.org/a", "external"),
