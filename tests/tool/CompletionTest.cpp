@@ -16,7 +16,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 std::string Quoted(const std::string& word) {
     std::string quoted = "'";

@@ -17,7 +17,6 @@
 namespace {
 
 using namespace vexpa_test;
-using testing::HasSubstr;
 
 // Far more files than are read before the key is pressed.
 std::string ListOf(const std::string& path) {
