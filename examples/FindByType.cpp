@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/opc/Package.h"
@@ -23,7 +24,7 @@ void Print(const char* what, const opc::Relationship* relationship) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) return 2;
+    if (argc != 2 || !AreUtf8(argv + 1)) return 2;
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;

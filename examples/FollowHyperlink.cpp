@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/opc/Package.h"
@@ -37,7 +38,7 @@ void PrintTarget(opc::Package& package, const opc::Relationship& link) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return 2;
+    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;

@@ -3,13 +3,14 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
 
 int main(int argc, char** argv) {
-    if (argc != 2) return 2;
+    if (argc != 2 || !AreUtf8(argv + 1)) return 2;
     const Library library;  // _vexpa_Initialize now, _vexpa_Terminate at the end
     const Handle<opc::Package> package =
         opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
@@ -54,7 +55,7 @@ void ListFolder(const Folder& folder, std::vector<Folder>& waiting) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return 2;
+    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "vexpa/xmlfx/XmlMapper.h"
 
@@ -33,7 +34,7 @@ const NameInfo* NameOf(std::uint32_t token) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return 2;
+    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
     const Library library;  // the maps are filled now
     const std::uint32_t token =
         TokenOf(std::filesystem::path(argv[1]).u16string(), std::filesystem::path(argv[2]).u16string());

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
@@ -31,7 +32,7 @@ bool CopyToOutput(opc::Part& part) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return 2;
+    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;

@@ -4,8 +4,10 @@
 #include <cstdio>
 #include <future>
 #include <set>
+#include <stdexcept>
 #include <vector>
 
+#include "examples/Arguments.h"
 #include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
@@ -20,18 +22,30 @@ struct Sums {
     std::uint64_t bytes = 0;
 };
 
+// Leaves the thread through its future.
+class Failure : public std::runtime_error {
+public:
+    Failure(int status, const char* what) : runtime_error(what), status_(status) {}
+    int Status() const noexcept { return status_; }
+
+private:
+    int status_;
+};
+
 std::uint64_t SizeOf(opc::Part& part) {
     ComPtr<IStream> stream;
     std::uint64_t size = 0;
-    if (Failed(part.GetStream(stream.Out()))) return 0;
-    return Failed(stream->Seek(0, STREAM_SEEK_END, &size)) ? 0 : size;
+    if (Failed(part.GetStream(stream.Out())) || Failed(stream->Seek(0, STREAM_SEEK_END, &size))) {
+        throw Failure(5, "a part is missing, damaged or encrypted");
+    }
+    return size;
 }
 
 // A package, and all that comes from it, stays in the thread that opened it.
 Sums ReadDocument(const char* file) {
     Sums sums;
     const Handle<opc::Package> package = OpenPackage(file);
-    if (!package) return sums;
+    if (!package) throw Failure(3, "not readable, or no package");
 
     // Relationships may lead back, so each part is taken once.
     std::set<opc::Part*> seen;
@@ -54,12 +68,19 @@ Sums ReadDocument(const char* file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) return 2;
+    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
     const Library library;  // before the threads, and until they have ended
     std::future<Sums> first = std::async(std::launch::async, ReadDocument, argv[1]);
     std::future<Sums> second = std::async(std::launch::async, ReadDocument, argv[2]);
+    int status = 0;
     for (std::future<Sums>* document : {&first, &second}) {
-        const Sums sums = document->get();
-        std::printf("%zu parts, %" PRIu64 " bytes\n", sums.parts, sums.bytes);
+        try {
+            const Sums sums = document->get();
+            std::printf("%zu parts, %" PRIu64 " bytes\n", sums.parts, sums.bytes);
+        } catch (const Failure& failure) {
+            std::fprintf(stderr, "%s\n", failure.what());
+            status = failure.Status();
+        }
     }
+    return status;
 }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # scripts/build-packages.sh [--tool-from BUILD] FOLDER   builds the Debian packages of this tree
-# into a folder: libvexpa1, libvexpa-runtime1, libvexpa-dev, vexpa-tools, debug symbols. The same
-# tree gives the same bytes. Installs what it needs first.
+# into a folder, in place of those that lie there: libvexpa1, libvexpa-runtime1, libvexpa-dev,
+# vexpa-tools, debug symbols. Installs what it needs first.
 #
 # With --tool-from the inspector is not built for the packages but taken from that build: quick,
 # for looking at the packaging.
@@ -45,4 +45,7 @@ libvexpa ($version) unstable; urgency=medium
 END
 
 (cd "$tree" && dpkg-buildpackage --build=binary --no-sign)
+# Whoever takes *.deb from there gets one version.
+rm -f "$folder"/libvexpa{1,-runtime1,-dev}{,-dbgsym}_*.deb "$folder"/vexpa-tools{,-dbgsym}_*.deb \
+    "$folder"/libvexpa_*.{changes,buildinfo}
 mv "$work"/*.deb "$work"/*.changes "$work"/*.buildinfo "$folder"

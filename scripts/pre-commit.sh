@@ -35,7 +35,7 @@ for file in "${files[@]}"; do
     texts+=("$file")
     # A tab belongs into a table, and before what make runs.
     case $file in
-        *.tsv | */Makefile | packaging/debian/rules) ;;
+        *.tsv | Makefile | */Makefile | packaging/debian/rules) ;;
         *) untabbed+=("$file") ;;
     esac
 done

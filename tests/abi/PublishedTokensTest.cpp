@@ -31,7 +31,7 @@ std::u16string Utf16(const std::string& text) {
 // The rows of the list: namespace, name, token.
 std::vector<PublishedName> ReadPublishedNames() {
     std::vector<PublishedName> names;
-    std::ifstream file(VEXPA_SOURCE_DIR "/abi/tokens-1.tsv");
+    std::ifstream file(VEXPA_SOURCE_DIR "/abi/tokens-1.0.tsv");
     for (std::string line; std::getline(file, line);) {
         if (line.empty() || line.front() == '#') continue;
         std::istringstream row(line);

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
-"""make_memo.py FILE: writes a text document with three headers, the second of them the first in
-its relationship stream, and with a relationship to a part that is missing."""
+"""make_memo.py FILE DAMAGED: writes a text document with three headers, the second of them the
+first in its relationship stream, and with a relationship to a part that is missing; and the same
+document with a header whose bytes cannot be read."""
 
+import pathlib
 import sys
 import zipfile
 
@@ -38,6 +40,15 @@ ENTRIES = {
     **{f"word/header{n}.xml": f'<w:hdr xmlns:w="{W}"/>' for n in (1, 2, 3)},
 }
 
-with zipfile.ZipFile(sys.argv[1], "w", zipfile.ZIP_DEFLATED) as package:
-    for name, text in ENTRIES.items():
-        package.writestr(zipfile.ZipInfo(name), text)
+
+def main(file, damaged):
+    with zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED) as package:
+        for name, text in ENTRIES.items():
+            package.writestr(zipfile.ZipInfo(name), text)
+        header = package.getinfo("word/header2.xml")
+    data = bytearray(pathlib.Path(file).read_bytes())
+    data[header.header_offset + 30 + len(header.filename)] ^= 0xFF
+    pathlib.Path(damaged).write_bytes(data)
+
+
+main(*sys.argv[1:])

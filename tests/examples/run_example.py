@@ -1,13 +1,16 @@
 #!/usr/bin/env python3
 """run_example.py EXPECTED STATUS PROGRAM ARGUMENT...: the program ends with this exit status, and
-prints the bytes of the file EXPECTED, or nothing when there is no such file."""
+prints the bytes of the file EXPECTED, or nothing when there is no such file. In an argument \\xff
+stands for that byte, which CMake cannot write."""
 
+import os
 import pathlib
 import subprocess
 import sys
 
 
-def main(expected, status, *command):
+def main(expected, status, *arguments):
+    command = [os.fsencode(one).replace(b"\\xff", b"\xff") for one in arguments]
     run = subprocess.run(command, stdout=subprocess.PIPE, check=False)
     known = pathlib.Path(expected).read_bytes() if pathlib.Path(expected).exists() else b""
     if run.returncode != int(status):

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# use.sh ROOT FOLDER DOCUMENT   builds programs against packages that were unpacked into a root
+# use.sh ROOT FOLDER DOCUMENT   builds programs against packages that were installed into a root
 # of their own, and runs them and the inspector
 set -euo pipefail
 root=$1 folder=$2 document=$3

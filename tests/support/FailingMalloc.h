@@ -1,8 +1,9 @@
 // tests/support/FailingMalloc.h - makes the n-th allocation of the C kind fail.
 //
 // A program that links vexpa_failing_malloc has its malloc, calloc, realloc, posix_memalign and
-// free wrapped, the calls that get pages from the system too, and what Expat and libdeflate allocate comes from there, too. GLib is left alone: it ends
-// the process when memory runs out. So is Qt, whose allocations nobody can reach.
+// free wrapped, the calls that get pages from the system too, and what Expat and libdeflate allocate
+// comes from there, too. GLib is left alone: it ends the process when memory runs out. So is Qt, whose
+// allocations nobody can reach.
 #ifndef VEXPA_TESTS_SUPPORT_FAILINGMALLOC_H_
 #define VEXPA_TESTS_SUPPORT_FAILINGMALLOC_H_
 

@@ -19,6 +19,7 @@ void PackageImpl::Close() {
     ownedObjects_.clear();
     relationships_.Clear();
     parts_.clear();  // a part that ends closes itself
+    types_ = TypeTexts();
     archive_.Close();
 }
 

@@ -45,8 +45,8 @@ std::size_t RelationshipImpl::MemoryUse() const noexcept {
     constexpr std::size_t kPlaces = 256;  // nodes of two maps, and what the allocator adds
     const bool isResolved = resolvedTarget_ != nullptr;
     // The Id is a key besides.
-    const std::size_t units = 2 * id_.size() + type_->written.size() + type_->folded.size() + UnitsOf(target_) +
-                              (isResolved ? UnitsOf(*resolvedTarget_) : 0);
+    const std::size_t units = 2 * id_.size() + type_->written.size() + type_->folded.size() +
+                              UnitsOf(target_) + (isResolved ? UnitsOf(*resolvedTarget_) : 0);
     return sizeof *this + kPlaces + (isResolved ? sizeof(PartUri) : 0) + units * sizeof(char16_t);
 }
 
