@@ -21,44 +21,69 @@ constexpr bool kHasRuns = true;
 
 struct Memory {
     std::byte* bytes;
-    std::size_t run;  // see GlobalBlock
+    std::size_t room;  // see GlobalBlock
 };
 
 Memory TakeRun(std::size_t size, bool zero) noexcept {
     const PagePool::Taken taken = SharedPagePool().Take(size);
-    if (zero && !taken.isZero) std::memset(taken.run.data(), 0, size);
+    if (zero && !taken.isZero && !taken.run.empty()) std::memset(taken.run.data(), 0, size);
     return {taken.run.data(), taken.run.size()};
 }
 
-// A block of no bytes still has an address, as callers lock it like any other.
-Memory TakeMemory(std::size_t size, bool zero) noexcept {
-    if (kHasRuns && size >= kLarge) return TakeRun(size, zero);
-    const std::size_t room = std::max<std::size_t>(size, 1);
-    return {static_cast<std::byte*>(zero ? std::calloc(room, 1) : std::malloc(room)), 0};
+bool IsRun(std::size_t room) noexcept {
+    return kHasRuns && room >= kLarge;
 }
 
-void GiveBack(const Memory& memory) noexcept {
-    if (memory.run != 0) {
-        SharedPagePool().Give({memory.bytes, memory.run});
+// A block of no bytes still has an address, as callers lock it like any other.
+Memory TakeMemory(std::size_t size) noexcept {
+    if (IsRun(size)) return TakeRun(size, false);
+    return {static_cast<std::byte*>(std::malloc(std::max<std::size_t>(size, 1))), size};
+}
+
+void GiveBackBytes(const GlobalBlock& block) noexcept {
+    if (block.IsInOnePiece()) return;
+    if (IsRun(block.room)) {
+        SharedPagePool().Give({block.bytes, block.room});
     } else {
-        std::free(memory.bytes);
+        std::free(block.bytes);
     }
+}
+
+GlobalBlock* MakeLarge(std::size_t size, bool zero) noexcept {
+    const Memory memory = TakeRun(size, zero);
+    if (memory.bytes == nullptr) return nullptr;
+    void* record = std::malloc(sizeof(GlobalBlock));
+    if (record != nullptr) return new (record) GlobalBlock{memory.bytes, size, memory.room, 0};
+    SharedPagePool().Give({memory.bytes, memory.room});
+    return nullptr;
+}
+
+// In one piece, as there is one for each part of a document.
+static_assert(sizeof(GlobalBlock) % alignof(std::max_align_t) == 0, "bytes stand as malloc's do");
+GlobalBlock* MakeSmall(std::size_t size, bool zero) noexcept {
+    if (size > PTRDIFF_MAX - sizeof(GlobalBlock)) return nullptr;
+    const std::size_t whole = sizeof(GlobalBlock) + size;
+    void* memory = zero ? std::calloc(whole, 1) : std::malloc(whole);
+    if (memory == nullptr) return nullptr;
+    auto* bytes = static_cast<std::byte*>(memory) + sizeof(GlobalBlock);
+    return new (memory) GlobalBlock{bytes, size, size, 0};
 }
 
 }  // namespace
 
 bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept {
     const std::size_t kept = std::min(size, block.size);
-    const bool isInPlace = size <= block.run && size > block.run / 2;
+    // What is left of memory of its own is given back when it is half.
+    const bool isInPlace = size <= block.room && (block.IsInOnePiece() || size > block.room / 2);
     if (!isInPlace) {
         // What grows once may well grow again, and is not to be copied each time.
-        const std::size_t more = kHasRuns && size >= kLarge && size > block.size ? size / 8 : 0;
-        const Memory memory = TakeMemory(size + more, false);
+        const std::size_t more = IsRun(size) && size > block.size ? size / 8 : 0;
+        const Memory memory = TakeMemory(size + more);
         if (memory.bytes == nullptr) return false;
         std::memcpy(memory.bytes, block.bytes, kept);
-        GiveBack({block.bytes, block.run});
+        GiveBackBytes(block);
         block.bytes = memory.bytes;
-        block.run = memory.run;
+        block.room = memory.room;
     }
     std::memset(block.bytes + kept, 0, size - kept);
     block.size = size;
@@ -67,19 +92,16 @@ bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept {
 
 void FreeBlock(HGBL block) noexcept {
     if (block == nullptr) return;
-    GiveBack({block->bytes, block->run});
-    delete block;
+    GiveBackBytes(*block);
+    std::free(block);
 }
 
 }  // namespace vexpa_runtime
 
 HGBL _XGblAlloc(std::uint32_t flags, std::size_t size) {
     using namespace vexpa_runtime;
-    const Memory memory = TakeMemory(size, (flags & kGblZeroInit) != 0);
-    if (memory.bytes == nullptr) return nullptr;
-    auto* block = new (std::nothrow) GlobalBlock{memory.bytes, size, memory.run, 0};
-    if (block == nullptr) GiveBack(memory);
-    return block;
+    const bool zero = (flags & kGblZeroInit) != 0;
+    return IsRun(size) ? MakeLarge(size, zero) : MakeSmall(size, zero);
 }
 
 void* _XGblLock(HGBL block) {

@@ -6,13 +6,15 @@
 
 #include "vexpa/platform/Runtime.h"
 
-// The bytes lie in a block of their own, so that a stream can grow them while the handle
-// that callers hold stays the same.
+// The bytes lie behind this record, or where a stream has grown them to, while the handle that
+// callers hold stays the same.
 struct GlobalBlock {
     std::byte* bytes;
     std::size_t size;
-    std::size_t run;  // of pages that the bytes begin; 0 when they are malloc's
+    std::size_t room;  // for how many bytes there is memory; a run of pages if it is a large one
     int locks;
+
+    bool IsInOnePiece() const noexcept { return bytes == reinterpret_cast<const std::byte*>(this + 1); }
 };
 
 namespace vexpa_runtime {

@@ -11,7 +11,8 @@ using namespace tarn;
 TEST(LocalText, IsWhatTheCodecsGiveForEveryUnit) {
     for (unsigned int unit = 1; unit <= 0xFFFF; ++unit) {
         const char16_t text[] = {u'a', static_cast<char16_t>(unit), u'b'};
-        ASSERT_EQ(ToLocalText({text, 3}), QString::fromUtf16(text, 3).toLocal8Bit()) << unit;
+        ASSERT_EQ(LocalText({text, 3}).View(), QString::fromUtf16(text, 3).toLocal8Bit().toStdString())
+            << unit;
     }
 }
 
@@ -23,8 +24,16 @@ TEST(LocalText, OfEveryByteIsWhatTheCodecsGive) {
 }
 
 TEST(LocalText, OfNothingIsNothing) {
-    EXPECT_EQ(ToLocalText(u""), "");
+    EXPECT_EQ(LocalText(u"").View(), "");
     EXPECT_EQ(FromLocalText(""), u"");
+}
+
+TEST(LocalText, EndsInANulAtEveryLength) {
+    for (const std::size_t size : {0U, 1U, 254U, 255U, 256U, 257U, 100000U}) {
+        LocalText text(std::u16string(size, u'x'));
+        EXPECT_EQ(text.View(), std::string(size, 'x')) << size;
+        EXPECT_EQ(text.Data()[size], 0) << size;
+    }
 }
 
 }  // namespace

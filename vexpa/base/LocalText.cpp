@@ -16,14 +16,16 @@ bool IsInvariant(Unit unit) {
 
 }  // namespace
 
-QByteArray ToLocalText(std::u16string_view text) {
+LocalText::LocalText(std::u16string_view text) : size_(text.size()) {
     const int size = static_cast<int>(text.size());
     if (!std::all_of(text.begin(), text.end(), IsInvariant<char16_t>)) {
-        return QString::fromUtf16(text.data(), size).toLocal8Bit();
+        long_ = QString::fromUtf16(text.data(), size).toLocal8Bit();
+        size_ = static_cast<std::size_t>(long_.size());
+        return;
     }
-    QByteArray local(size, Qt::Uninitialized);
-    std::transform(text.begin(), text.end(), local.begin(), [](char16_t c) { return char(c); });
-    return local;
+    isShort_ = size_ < short_.size();
+    if (!isShort_) long_ = QByteArray(size, Qt::Uninitialized);
+    *std::transform(text.begin(), text.end(), Data(), [](char16_t c) { return char(c); }) = 0;
 }
 
 std::u16string FromLocalText(std::string_view text) {

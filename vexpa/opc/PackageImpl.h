@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <memory_resource>
 #include <string>
 #include <vector>
 
@@ -60,7 +61,8 @@ private:
     TypeTexts types_;
     // By key, where the part stands in parts_. Close empties only the list, so that an index
     // beyond its end is one of a closed package.
-    std::map<std::u16string, std::size_t, std::less<>> partsByName_;
+    std::pmr::monotonic_buffer_resource indexMemory_;
+    std::pmr::map<std::pmr::u16string, std::size_t, std::less<>> partsByName_{&indexMemory_};
     std::vector<std::unique_ptr<PartImpl>> parts_;
     RelationshipIndex relationships_;
     std::u16string packagePath_;

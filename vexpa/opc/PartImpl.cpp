@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "vexpa/base/DeleteIfExists.h"
+#include "vexpa/opc/PartNameKey.h"
 #include "vexpa/zip/ExtractEntry.h"
 #include "vexpa/zip/UnZipArchive.h"
 #include "vexpa/zip/UnZipArchiveImpl.h"
@@ -11,14 +12,22 @@ namespace tarn::opc {
 
 namespace zip = lumo::Compression::Zip;
 
-PartImpl::PartImpl(const PartUri& name, std::u16string entryName, const char16_t* contentType,
+PartImpl::PartImpl(const PartUri& name, std::u16string ownEntryName, const char16_t* contentType,
                    zip::UnZipArchive* archive)
-    : name_(name), entryName_(std::move(entryName)), contentType_(contentType), archive_(archive) {}
+    : name_(name),
+      ownEntryName_(std::move(ownEntryName)),
+      contentType_(contentType),
+      archive_(archive) {}
 
 PartImpl::~PartImpl() {
     PartImpl::Close();
     if (data_.dataStream != nullptr) data_.dataStream->Release();
     if (data_.ownsBytes != 0) delete[] data_.bytes;
+}
+
+// The end of a text, so it has its NUL.
+const char16_t* PartImpl::EntryName() const noexcept {
+    return ownEntryName_.empty() ? PartNameKey(name_.name).data() : ownEntryName_.c_str();
 }
 
 void PartImpl::Release() {
@@ -103,9 +112,9 @@ HRESULT PartImpl::GetStorage(IStorage** out) {
 // (PartGetEntryValue.IsZeroForAnEntryAndWithoutOne,
 // PartGetEntryValue.IsZeroForANameThatTheIndexLacks)
 std::int64_t PartImpl::GetEntryValue() {
-    if (archive_ == nullptr || !archive_->HasEntry(entryName_.c_str())) return 0;
+    if (archive_ == nullptr || !archive_->HasEntry(EntryName())) return 0;
     zip::UnZipArchiveImpl& archive = *archive_->GetImpl();
-    const std::size_t index = archive.entryIndexByName.try_emplace(entryName_, 0).first->second;
+    const std::size_t index = archive.entryIndexByName.emplace(EntryName(), 0).first->second;
     return archive.entries[index].value;
 }
 
@@ -115,7 +124,7 @@ std::int64_t PartImpl::GetEntryValue() {
 HRESULT PartImpl::ExtractEntry(HGBL* block) {
     zip::UnZipArchiveImpl* archive = archive_ == nullptr ? nullptr : archive_->GetImpl();
     if (archive == nullptr) return E_FAIL;
-    return ExtractEntryToBlock(*archive, entryName_.c_str(), zip::OnBlockFailure::LoseBytes, block);
+    return ExtractEntryToBlock(*archive, EntryName(), zip::OnBlockFailure::LoseBytes, block);
 }
 
 HRESULT PartImpl::MakeStream(IStream** out) {

@@ -17,9 +17,9 @@ namespace tarn::opc {
 
 class PartImpl : public Part, Noncopyable {
 public:
-    // `contentType` and `archive` are the package's. The archive may be null: a part without
-    // one has no data.
-    PartImpl(const PartUri& name, std::u16string entryName, const char16_t* contentType,
+    // `ownEntryName` is empty where the entry has the name's key for its name. `contentType` and
+    // `archive` are the package's. The archive may be null: a part without one has no data.
+    PartImpl(const PartUri& name, std::u16string ownEntryName, const char16_t* contentType,
              lumo::Compression::Zip::UnZipArchive* archive);
     ~PartImpl() override;
 
@@ -41,11 +41,12 @@ public:
     std::int64_t GetEntryValue() override;
 
 private:
+    const char16_t* EntryName() const noexcept;
     HRESULT ExtractEntry(HGBL* block);
     HRESULT MakeStream(IStream** out);
 
     PartUri name_;
-    std::u16string entryName_;
+    std::u16string ownEntryName_;
     const char16_t* contentType_;
     RelationshipIndex relationships_;
     lumo::Compression::Zip::UnZipArchive* archive_;

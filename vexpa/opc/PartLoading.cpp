@@ -14,6 +14,15 @@ namespace tarn::opc {
 
 namespace zip = lumo::Compression::Zip;
 
+namespace {
+
+// Only then its entry is spelled in another way, see EntryName().
+bool HasBackslash(std::u16string_view key) {
+    return key.find(u'\\') != key.npos;
+}
+
+}  // namespace
+
 Part* PackageImpl::GetPart(const PartUri& name) {
     const std::u16string_view key = PartNameKey(name.name);
     if (PartImpl* loaded = FindLoaded(key)) return loaded;
@@ -23,20 +32,25 @@ Part* PackageImpl::GetPart(const PartUri& name) {
 
 // Whether the entry of this key, which is there, may be a part under it.
 bool PackageImpl::MayLoad(std::u16string_view key) {
-    if (key.find(u'\\') == key.npos) return true;
-    return spellings_.Take(archive_.GetImpl()->entryIndexByName.find(EntryName(key))->second);
+    if (!HasBackslash(key)) return true;
+    const std::u16string entryName = EntryName(key);
+    const auto& index = archive_.GetImpl()->entryIndexByName;
+    return spellings_.Take(index.find(std::u16string_view(entryName))->second);
 }
 
 // Kept: a part has the name that it was first asked for by, with or without a slash, and its
 // targets are resolved against that. (GetPart.KeepsTheNameAsItWasFirstGiven)
 PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
-    auto part = std::make_unique<PartImpl>(name, EntryName(key), contentTypes_.Find(key), &archive_);
+    std::u16string entryName = HasBackslash(key) ? EntryName(key) : std::u16string();
+    auto part =
+        std::make_unique<PartImpl>(name, std::move(entryName), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
 
     // A key must never stand without its part, nor for the part that comes next.
     parts_.push_back(std::move(part));
     try {
-        partsByName_.insert_or_assign(std::u16string(key), parts_.size() - 1);
+        const auto place = partsByName_.emplace(key, 0).first;
+        place->second = parts_.size() - 1;
     } catch (...) {
         parts_.pop_back();
         throw;
@@ -52,12 +66,13 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
 // without. (RelationshipStream.OfAFailingPlatformDoesNotCostThePart)
 void PackageImpl::ReadPartRelationships(PartImpl& part) {
     const std::u16string& source = part.GetName().name;
-    const std::u16string entryName = EntryName(PartNameKey(RelationshipEntryName(source)));
+    const std::u16string pathName = RelationshipEntryName(source);
+    const std::u16string_view entryName = PartNameKey(pathName);
     if (entryName.empty() || allowance_.IsUsedUp()) return;
 
     HGBL block = nullptr;
     std::size_t size = 0;
-    if (Failed(ExtractEntryToBlock(*archive_.GetImpl(), entryName.c_str(),
+    if (Failed(ExtractEntryToBlock(*archive_.GetImpl(), entryName.data(),
                                    zip::OnBlockFailure::LoseBytes, &block, &size))) {
         return;
     }

@@ -48,10 +48,9 @@ PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
     // Kept: the parser reads 8-bit text and takes ASCII only. A character outside is an error, or a
     // question mark where the locale lacks it. (PartUri.DoesNotParseANameOutsideAscii,
     // PartUri.LosesWhatTheLocaleCannotSayInItsComponentsOnly)
-    const QByteArray local = ToLocalText(name);
-    if (local.isEmpty()) return;
-    const std::string_view text(local.constData(), static_cast<std::size_t>(local.size()));
-    if (ParseUri(text, *parsed) != UriStatus::Parsed) return;
+    LocalText local(name);
+    const std::string_view text = local.View();
+    if (text.empty() || ParseUri(text, *parsed) != UriStatus::Parsed) return;
 
     scheme = FromLocal(parsed->scheme);
     opaque = FromLocal(parsed->opaque);

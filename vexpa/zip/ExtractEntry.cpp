@@ -63,15 +63,15 @@ void FreeBlock(HGBL block) {
 // a question mark and matches any, and what the conversion takes for a byte order mark is lost.
 // (ExtractEntry.OfANameThatTheLocaleLacksIsAPattern, ExtractEntry.OfANameWithAByteOrderMarkFails)
 HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryName, UzpBuffer* result) {
-    QByteArray zip = tarn::ToLocalText(archive.archivePath);
-    QByteArray entry = tarn::ToLocalText(entryName);
+    tarn::LocalText zip(archive.archivePath);
+    tarn::LocalText entry(entryName);
 
     UzpOpts options{};
     UzpCB callbacks{};
     callbacks.structlen = kCallbacksLength;
     callbacks.msgfn = DropMessage;
 
-    return UzpUnzipToMemory(zip.data(), entry.data(), &options, &callbacks, result) != 0 ? S_OK
+    return UzpUnzipToMemory(zip.Data(), entry.Data(), &options, &callbacks, result) != 0 ? S_OK
                                                                                          : E_FAIL;
 }
 

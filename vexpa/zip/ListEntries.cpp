@@ -49,7 +49,7 @@ void AddEntry(UnZipArchiveImpl& archive, const char16_t* name) {
     EntryRecord record;
     record.name = name;
     archive.entries.push_back(std::move(record));
-    archive.entryIndexByName.try_emplace(name, archive.entries.size() - 1);
+    archive.entryIndexByName.emplace(name, archive.entries.size() - 1);
 }
 
 // A half-filled list would count as the whole one, so a failure on the way empties it.
@@ -59,6 +59,7 @@ public:
     ~ListingGuard() {
         if (done_) return;
         archive_.entryIndexByName.clear();
+        archive_.indexMemory.release();
         archive_.entries.clear();
         archive_.entryNameSet.Clear();
     }

@@ -38,7 +38,7 @@ bool UnZipArchive::HasEntry(const char16_t* name) {
     if (given.find(u'\\') == given.npos) return impl_->entryIndexByName.contains(given);
     std::u16string converted(given);
     std::replace(converted.begin(), converted.end(), u'\\', u'/');
-    return impl_->entryIndexByName.contains(converted);
+    return impl_->entryIndexByName.contains(std::u16string_view(converted));
 }
 
 }  // namespace lumo::Compression::Zip

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory_resource>
 #include <string>
 #include <vector>
 
@@ -32,7 +33,10 @@ struct UnZipArchiveImpl {
     std::u16string archivePath;
     std::vector<EntryRecord> entries;  // in directory order; not empty once listed
     std::vector<std::u16string> reservedTexts;
-    std::map<std::u16string, std::size_t, std::less<>> entryIndexByName;  // the first of equal names
+    // Side by side, as a look-up goes from one to the next, and freed at once.
+    std::pmr::monotonic_buffer_resource indexMemory;
+    // The first of equal names.
+    std::pmr::map<std::pmr::u16string, std::size_t, std::less<>> entryIndexByName{&indexMemory};
     std::u16string reservedText;
 };
 

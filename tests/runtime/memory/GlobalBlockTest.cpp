@@ -1,19 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 
 #include "runtime/memory/GlobalBlock.h"
-#include "tests/support/FailingAllocator.h"
 #include "tests/support/FailingMalloc.h"
 
 namespace {
 
 using vexpa_runtime::FreeBlock;
 using vexpa_runtime::ResizeBlock;
-using vexpa_test::FailingAllocator;
 using vexpa_test::FailingMalloc;
-using vexpa_test::LiveAllocations;
+using vexpa_test::LiveBlocks;
 
 std::string BytesOf(const GlobalBlock& block) {
     return {reinterpret_cast<const char*>(block.bytes), block.size};
@@ -60,19 +59,28 @@ TEST(GlobalBlock, OfNullCanBeLockedUnlockedAndFreed) {
     FreeBlock(nullptr);
 }
 
-// That its bytes are freed when its record cannot be had is for the leak checker to say.
-TEST(GlobalBlock, IsNullWhenMemoryIsExhausted) {
-    for (const std::uint32_t flags : {std::uint32_t{0}, std::uint32_t{kGblZeroInit}}) {
-        SCOPED_TRACE(flags);
-        const long before = LiveAllocations();
-        {
-            const FailingMalloc failing;
-            EXPECT_EQ(_XGblAlloc(flags, 8), nullptr);
+TEST(GlobalBlock, IsNullWhicheverOfItsAllocationsFails) {
+    for (const std::size_t size : {8U, 100'000U}) {
+        SCOPED_TRACE(size);
+        bool hasFailed = true;
+        for (long successes = 0; hasFailed; ++successes) {
+            const std::size_t before = LiveBlocks();
+            HGBL block = nullptr;
+            {
+                const FailingMalloc failing(successes);
+                block = _XGblAlloc(successes % 2 == 0 ? 0 : kGblZeroInit, size);
+                hasFailed = failing.HasFailed();
+            }
+            EXPECT_EQ(block == nullptr, hasFailed) << successes;
+            FreeBlock(block);
+            EXPECT_EQ(LiveBlocks(), before) << successes;
         }
-        const FailingAllocator failing(0);
-        EXPECT_EQ(_XGblAlloc(flags, 8), nullptr);
-        EXPECT_EQ(LiveAllocations(), before);
     }
+}
+
+TEST(GlobalBlock, IsNullForMoreBytesThanThereCanBe) {
+    EXPECT_EQ(_XGblAlloc(0, SIZE_MAX), nullptr);
+    EXPECT_EQ(_XGblAlloc(kGblZeroInit, SIZE_MAX - sizeof(GlobalBlock)), nullptr);
 }
 
 TEST(GlobalBlock, GrowsByZerosAndShrinksKeepingItsBytes) {
