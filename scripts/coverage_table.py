@@ -25,7 +25,7 @@ EVERY_BRANCH = (
     "vexpa/opc/PartNameKey.h", "vexpa/opc/PartUri.*", "vexpa/opc/Uri*",
     "vexpa/opc/TargetResolution.*", "vexpa/opc/NormalizeRelationshipType.*",
     "vexpa/opc/ContentTypes.*", "vexpa/zip/EntryNameSet*", "vexpa/xmlfx/*XmlRoAttr*",
-    "vexpa/xmlfx/XmlAttrValue.*",
+    "vexpa/xmlfx/XmlAttrValue.*", "vexpa/xmlfx/ValueList.h", "runtime/zip/EntryName.*",
 )
 
 

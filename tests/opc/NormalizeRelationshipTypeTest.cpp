@@ -21,6 +21,7 @@ const Folding kFoldings[] = {
     {"an inner space cuts", u"a b", u"a"},
     {"an inner tab cuts", u"a\tb", u"a"},
     {"an inner vertical tab cuts, as all white space does", u"a\vb", u"a"},
+    {"white space beyond ASCII cuts", u"a\u2003b", u"a"},
     {"a leading vertical tab is not passed over and cuts at once", u"\va", u""},
     {"a leading form feed after a blank cuts at once", u" \fa", u""},
     {"blanks alone fold to nothing", u" \t\r\n", u""},

@@ -80,6 +80,13 @@ TEST(PartUri, HasAnOpaqueTextWhenNoSlashFollowsTheScheme) {
     EXPECT_EQ(uri.path, u"");
 }
 
+TEST(PartUri, SplitsAReferenceToAHost) {
+    const PartUri uri(u"//host/a");
+    EXPECT_EQ(uri.host, u"host");
+    EXPECT_EQ(uri.path, u"/a");
+    EXPECT_TRUE(HasNoComponents(PartUri(u"//")));
+}
+
 TEST(PartUri, HasARegistryNameForAnAuthorityThatNamesNoServer) {
     const PartUri uri(u"http://a:b:c/d");
     EXPECT_EQ(uri.registryName, u"a:b:c");

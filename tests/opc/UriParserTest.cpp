@@ -85,6 +85,15 @@ TEST(UriParser, ReadsASchemeAndAPath) {
     });
 }
 
+TEST(UriParser, ReadsASchemeThatBeginsWithALetter) {
+    for (int unit = 1; unit < 128; ++unit) {
+        const char c = static_cast<char>(unit);
+        const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        const std::string scheme{c};
+        EXPECT_EQ(DescribeParsed(scheme + ":/b") == "s(" + scheme + ")p(/b)", isLetter) << unit;
+    }
+}
+
 TEST(UriParser, ReadsOpaqueText) {
     ExpectAll({
         {"letters, colon, letters", "mailto:someone", "s(mailto)o(someone)"},

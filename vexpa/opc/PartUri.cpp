@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <string_view>
 
 #include "vexpa/base/LocalText.h"
 #include "vexpa/opc/UriComponents.h"
@@ -49,8 +48,7 @@ PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
     // question mark where the locale lacks it. (PartUri.DoesNotParseANameOutsideAscii,
     // PartUri.LosesWhatTheLocaleCannotSayInItsComponentsOnly)
     LocalText local(name);
-    const std::string_view text = local.View();
-    if (text.empty() || ParseUri(text, *parsed) != UriStatus::Parsed) return;
+    if (ParseUri(local.View(), *parsed) != UriStatus::Parsed) return;
 
     scheme = FromLocal(parsed->scheme);
     opaque = FromLocal(parsed->opaque);

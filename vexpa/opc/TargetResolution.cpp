@@ -20,10 +20,9 @@ bool IsSeparator(char16_t unit) {
 // only in a target that has no slash at all.
 bool IsAbsoluteUri(std::u16string_view target) {
     const std::size_t colon = target.find(u':');
-    if (colon == target.npos) return false;
     const std::size_t slash = target.find(u'/');
     const std::size_t separator = slash != target.npos ? slash : target.find(u'\\');
-    return colon < separator;  // npos, no separator, is after every colon
+    return colon < separator;  // npos, none, is after every other place
 }
 
 struct StepsUp {
