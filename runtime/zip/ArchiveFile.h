@@ -14,7 +14,7 @@
 namespace vexpa_runtime::zip {
 
 // Two equal identities, seen at different times, mean the same bytes - unless the file was
-// changed twice within one tick of the file system's clock (see DirectoryCache).
+// changed twice within one tick of the file system's clock (see Settling.h).
 struct FileIdentity {
     dev_t device;
     ino_t inode;

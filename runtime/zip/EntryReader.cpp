@@ -55,17 +55,6 @@ Block Allocate(std::uint64_t size) {
     return block;
 }
 
-// What can be said of an entry before anything is read or allocated for it.
-bool IsPlausible(const ArchiveFile& file, const Entry& entry) {
-    if (entry.encrypted || entry.onOtherDisk || entry.overlaps) return false;
-    if (entry.headerPosition > file.Size() || entry.compressedSize > file.Size()) return false;
-    if (entry.method == kStored) return entry.size == entry.compressedSize;
-    if (entry.method != kDeflated) return false;
-    // Divided, as the product with a claimed size could run over.
-    return entry.size <= kRatioSlack ||
-           (entry.size - kRatioSlack - 1) / kBestRatio < entry.compressedSize;
-}
-
 // The size of the local header, its name and its extra data, which need not be those of the
 // directory; 0 when there is no local header.
 std::size_t LocalHeaderSize(const std::uint8_t* header) {
@@ -153,6 +142,16 @@ std::optional<EntryBytes> ReadDeflated(const ArchiveFile& file, const Entry& ent
 }
 
 }  // namespace
+
+bool IsPlausible(const ArchiveFile& file, const Entry& entry) noexcept {
+    if (entry.encrypted || entry.onOtherDisk || entry.overlaps) return false;
+    if (entry.headerPosition > file.Size() || entry.compressedSize > file.Size()) return false;
+    if (entry.method == kStored) return entry.size == entry.compressedSize;
+    if (entry.method != kDeflated) return false;
+    // Divided, as the product with a claimed size could run over.
+    return entry.size <= kRatioSlack ||
+           (entry.size - kRatioSlack - 1) / kBestRatio < entry.compressedSize;
+}
 
 std::uint64_t LikelySize(const ArchiveFile& file, const Entry& entry) noexcept {
     return std::min(kLikelyHeaderSize + entry.compressedSize, file.Size() - entry.headerPosition);

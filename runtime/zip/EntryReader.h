@@ -31,8 +31,12 @@ struct EntryBytes {
 std::optional<EntryBytes> ReadEntry(const ArchiveFile& file, const Entry& entry,
                                     bool* isDamaged = nullptr);
 
-// How many bytes from its header on an entry takes up, as far as that can be said before they are
-// read. Not for an entry that lies behind the end of the file.
+// What can be said of an entry before anything is read or allocated for it: only of one that is
+// plausible ReadEntry() gives bytes.
+bool IsPlausible(const ArchiveFile& file, const Entry& entry) noexcept;
+
+// How many bytes from its header on a plausible entry takes up, as far as that can be said before
+// they are read.
 std::uint64_t LikelySize(const ArchiveFile& file, const Entry& entry) noexcept;
 
 // Whether all that ReadEntry() would read is in memory.

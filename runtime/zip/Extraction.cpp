@@ -88,14 +88,16 @@ std::optional<EntryBytes> Extract(DirectoryCache& cache, const char* path, std::
         if (const auto inMemory = FindInMemory(prospect)) return ReadFrom(*inMemory, prospect);
     }
     ReadAhead& ahead = ReadAhead::OfThread();
-    ahead.Prepare(*file, *prospect.entry);
+    const bool isAhead = ahead.Prepare(*file, *prospect.entry);
     std::optional<EntryBytes> bytes = ReadFrom(*file, prospect);
     if (file->IsUnchanged()) {
-        ahead.Keep();
+        if (isAhead) ahead.Keep();
         return bytes;
     }
     if (!bytes) return std::nullopt;
-    // It may only have been replaced: then all that was in it is still there.
+    // It may only have been replaced: then all that was in it is still there. But what is in memory
+    // says nothing of that.
+    file->HoldInMemory({}, 0);
     return ReadTwice(*file, request);
 }
 

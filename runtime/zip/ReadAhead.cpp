@@ -1,6 +1,7 @@
 #include "runtime/zip/ReadAhead.h"
 
 #include <algorithm>
+#include <new>
 
 #include "runtime/zip/EntryReader.h"
 
@@ -28,21 +29,28 @@ bool ReadAhead::IsNear(const FileIdentity& identity, std::uint64_t position) con
     return position < last_ ? last_ - position < kPiece : position - last_ < kPiece;
 }
 
-void ReadAhead::Prepare(ArchiveFile& file, const Entry& entry) {
+bool ReadAhead::Prepare(ArchiveFile& file, const Entry& entry) noexcept {
+    if (!IsPlausible(file, entry)) return false;
     const std::uint64_t position = entry.headerPosition;
+    const std::uint64_t size = LikelySize(file, entry);
     const bool isNear = IsNear(file.Identity(), position);
+    const bool isHeld = Find(file.Identity()).View(position, static_cast<std::size_t>(size)) != nullptr;
     identity_ = file.Identity();
     last_ = position;
-    size_ = 0;
+    if (isHeld) {
+        file.HoldInMemory({bytes_.get(), size_}, begin_);
+        return false;
+    }
     isKept_ = false;
-    if (!isNear || position >= file.Size() || LikelySize(file, entry) > kPiece - kBehind) return;
+    if (!isNear || size > kPiece - kBehind) return false;
 
-    if (bytes_ == nullptr) bytes_ = std::make_unique_for_overwrite<std::uint8_t[]>(kPiece);
+    if (bytes_ == nullptr) bytes_.reset(new (std::nothrow) std::uint8_t[kPiece]);
+    if (bytes_ == nullptr) return false;
     begin_ = position - std::min(position, kBehind);
-    const auto whole = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, file.Size() - begin_));
-    if (!file.ReadAt(begin_, bytes_.get(), whole)) return;
-    size_ = whole;
+    size_ = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, file.Size() - begin_));
+    if (!file.ReadAt(begin_, bytes_.get(), size_)) return false;
     file.HoldInMemory({bytes_.get(), size_}, begin_);
+    return true;
 }
 
 }  // namespace vexpa_runtime::zip

@@ -29,12 +29,12 @@ public:
     ArchiveFile Find(const FileIdentity& identity) const noexcept;
 
     // Says that `entry` is about to be read of `file`, and reads a piece around it where that may
-    // pay. What the piece holds, `file` takes from memory from then on, until the next call.
-    // Throws when memory is exhausted.
-    void Prepare(ArchiveFile& file, const Entry& entry);
+    // pay and there is memory for it. What the piece holds, `file` takes from memory from then on,
+    // until the next call. Whether there is a new piece to be kept.
+    [[nodiscard]] bool Prepare(ArchiveFile& file, const Entry& entry) noexcept;
 
-    // Keeps what Prepare() has read. To be called when the file has not changed meanwhile, and
-    // every later change will show in its identity.
+    // Keeps the piece that Prepare() has read. To be called when the file has not changed meanwhile,
+    // and every later change will show in its identity.
     void Keep() noexcept { isKept_ = true; }
 
 private:

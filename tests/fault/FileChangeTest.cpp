@@ -12,6 +12,7 @@
 #include "tests/runtime/zip/ZipClient.h"
 #include "tests/support/ScratchFile.h"
 #include "tests/support/SystemCalls.h"
+#include "tests/support/ZipFile.h"
 
 namespace {
 
@@ -120,6 +121,51 @@ TEST_P(FileChange, InTwoStepsGivesOneContentOrTheOtherOrNone) {
                 Check(UnzipEntry(file_.Path(), "entry"));
                 calls = std::max(calls, system.Count());
             }
+        }
+    }
+}
+
+// Too large to be kept whole, and of a local header so large that the piece read ahead ends within
+// the entry's data.
+Versions BeyondThePieceReadAhead() {
+    constexpr std::size_t kExtra = 60'000;
+    ZipFile zip;
+    zip.Add("much", std::string(9 << 20, 'm')).stored = true;
+    zip.Add("near", "by").stored = true;
+    ZipEntry& entry = zip.Add("entry", std::string(228'000, 't'));
+    entry.stored = true;
+    entry.localExtra = std::string("\xFE\xCA", 2) + static_cast<char>((kExtra - 4) & 0xFF) +
+                       static_cast<char>((kExtra - 4) >> 8) + std::string(kExtra - 4, 'x');
+    Versions versions{zip.Bytes(), {}};
+    entry.content = WithTheSameCheckSum(entry.content);
+    versions.becomes = zip.Bytes();
+    return versions;
+}
+
+TEST(FileChangeOfALargeFile, WhileAPieceIsReadAheadGivesOneContentOrTheOtherOrNone) {
+    const Versions versions = BeyondThePieceReadAhead();
+    const std::optional<std::string> was = UnzipBytes(versions.was, "entry");
+    const std::optional<std::string> becomes = UnzipBytes(versions.becomes, "entry");
+    ASSERT_TRUE(was && becomes && was != becomes);
+    const ScratchFile file("");
+    for (const Way way : kWays) {
+        bool hasChanged = true;
+        for (std::size_t n = 1; hasChanged; ++n) {
+            file.Write(versions.was);
+            SystemCalls system;
+            const Times times(Tell::kBoth);
+            times.Before(system);
+            ASSERT_EQ(UnzipEntry(file.Path(), "near"), "by");
+            system.SetHook([&](const SystemCall& call) {
+                if (call.number == n) {
+                    way(file, versions.becomes);
+                    times.After(system);
+                }
+                return SystemAnswer{};
+            });
+            const std::optional<std::string> content = UnzipEntry(file.Path(), "entry");
+            EXPECT_TRUE(!content || content == was || content == becomes) << "before call " << n;
+            hasChanged = system.Count() >= n;
         }
     }
 }
