@@ -55,9 +55,23 @@ PagePool::Run NewRun(std::size_t size) noexcept {
 
 }  // namespace
 
+// Runs go to the system after the lock is released: that takes as long as they are large.
+class PagePool::Dropped {
+public:
+    ~Dropped() {
+        for (std::size_t i = 0; i < count_; ++i) Unmap(runs_[i]);
+    }
+    void Add(Run run) noexcept { runs_[count_++] = run; }
+
+private:
+    std::array<Run, kMostRuns> runs_;
+    std::size_t count_ = 0;
+};
+
 void PagePool::Empty() noexcept {
+    Dropped dropped;
     const std::lock_guard lock(mutex_);
-    while (count_ != 0) Unmap(RemoveKept(count_ - 1));
+    while (count_ != 0) dropped.Add(RemoveKept(count_ - 1));
 }
 
 PagePool::Taken PagePool::Take(std::size_t size) noexcept {
@@ -70,8 +84,9 @@ PagePool::Taken PagePool::Take(std::size_t size) noexcept {
 
 void PagePool::Give(Run run) noexcept {
     if (run.size() > mostKept_) return Unmap(run);
+    Dropped dropped;
     const std::lock_guard lock(mutex_);
-    while (count_ == kMostRuns || bytes_ + run.size() > mostKept_) Unmap(RemoveKept(0));
+    while (count_ == kMostRuns || bytes_ + run.size() > mostKept_) dropped.Add(RemoveKept(0));
     kept_[count_++] = run;
     bytes_ += run.size();
 }

@@ -41,6 +41,7 @@ public:
 
 private:
     static constexpr std::size_t kMostRuns = 64;
+    class Dropped;
 
     Run FindKept(std::size_t size) noexcept;
     Run RemoveKept(std::size_t index) noexcept;

@@ -34,14 +34,22 @@ DirectoryCache::DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Set
 
 std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identity) {
     const std::lock_guard lock(mutex_);
+    if (auto large = FindLarge(identity)) return large;
     const auto isIt = [&identity](const Kept& kept) { return kept.identity == identity; };
     const auto found = std::find_if(kept_.begin(), kept_.end(), isIt);
-    if (found == kept_.end()) {
-        if (bytes_ > mostBytes_) DropOldest();  // the only one
-        return nullptr;
-    }
+    if (found == kept_.end()) return nullptr;
     std::rotate(found, found + 1, kept_.end());
     return kept_.back().directory;
+}
+
+std::shared_ptr<const Directory> DirectoryCache::FindLarge(const FileIdentity& identity) {
+    if (!large_) return nullptr;
+    if (large_->identity == identity) {
+        sinceLarge_ = 0;
+        return large_->directory;
+    }
+    if (++sinceLarge_ >= kPatience) large_.reset();
+    return nullptr;
 }
 
 std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
@@ -62,13 +70,21 @@ void DirectoryCache::Keep(const FileIdentity& identity,
     const std::size_t size = directory->MemoryUse();
     const std::lock_guard lock(mutex_);
     // Another state of the same file will not come back, and another thread may have read this one.
+    const auto isSameFile = [&identity](const Kept& kept) {
+        return kept.identity.device == identity.device && kept.identity.inode == identity.inode;
+    };
+    if (large_ && isSameFile(*large_)) large_.reset();
     std::erase_if(kept_, [&](const Kept& kept) {
-        if (kept.identity.device != identity.device || kept.identity.inode != identity.inode)
-            return false;
+        if (!isSameFile(kept)) return false;
         bytes_ -= kept.directory->MemoryUse();
         return true;
     });
-    while (!kept_.empty() && (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_)) DropOldest();
+    if (size > mostBytes_) {
+        large_ = {identity, directory};
+        sinceLarge_ = 0;
+        return;
+    }
+    while (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_) DropOldest();
     kept_.push_back({identity, directory});
     bytes_ += size;
 }

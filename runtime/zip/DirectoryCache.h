@@ -6,6 +6,7 @@
 #include <ctime>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include "runtime/zip/ArchiveFile.h"
@@ -27,10 +28,13 @@ namespace vexpa_runtime::zip {
 // Threads  All functions may be called from any thread.
 class DirectoryCache {
 public:
-    // Keeps at most `mostFiles` directories, together at most `mostBytes` large. One that is larger
-    // is kept alone, until another file is asked for: to read it again for each of its entries
-    // would never end. A file of up to a quarter of the bytes is kept whole. The clocks are those
-    // of Settling.
+    // How often other files are asked for until a directory that is too large is forgotten.
+    static constexpr int kPatience = 256;
+
+    // Keeps at most `mostFiles` directories, together at most `mostBytes` large. Of those that are
+    // larger the one read last is kept besides, as to read it again for each of its entries would
+    // never end; but not for long when it is not asked for. A file of up to a quarter of the bytes
+    // is kept whole. The clocks are those of Settling.
     DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Settling::Clock stamping,
                    Settling::Clock steady = SteadyClock);
 
@@ -52,6 +56,7 @@ private:
         std::shared_ptr<const Directory> directory;
     };
 
+    std::shared_ptr<const Directory> FindLarge(const FileIdentity& identity);
     void DropOldest();
     void Keep(const FileIdentity& identity, const std::shared_ptr<const Directory>& directory);
 
@@ -60,7 +65,9 @@ private:
     Settling settling_;
     std::mutex mutex_;        // guards what follows
     std::vector<Kept> kept_;  // the one used last stands last
-    std::size_t bytes_ = 0;
+    std::size_t bytes_ = 0;   // without the next one's
+    std::optional<Kept> large_;
+    int sinceLarge_ = 0;  // how often other files have been asked for
 };
 
 // The cache of the process.
