@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "vexpa/zip/EntryNameSet.h"
+#include "vexpa/zip/EntryNameSetBlock.h"
 
 namespace {
 
@@ -118,6 +119,35 @@ TEST(EntryNameSet, FindsEveryNameOfABucketWhateverOrderTheyCameIn) {
         for (const int i : order) ASSERT_TRUE(Insert(set, names[static_cast<std::size_t>(i)]));
         for (const std::u16string& name : names) ASSERT_TRUE(set.Contains(name.c_str()));
     } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST(EntryNameSet, KeepsABucketInTheOrderOfItsHashes) {
+    EntryNameSet set;
+    for (char16_t i = 5; i-- > 0;) {
+        ASSERT_TRUE(Insert(set, static_cast<char16_t>(u'g' - i) + std::u16string(i + 1U, u'@')));
+    }
+    const EntryNameSet::Block* bucket = set.GetBucket(0);
+    ASSERT_EQ(bucket->GetCount(), 5u);
+    const EntryNameSet::Pair* pairs = bucket->GetPairs();
+    EXPECT_TRUE(
+        std::is_sorted(pairs, pairs + 5, [](const auto& a, const auto& b) { return a.hash < b.hash; }));
+}
+
+TEST(EntryNameSet, DoublesABlockOnlyWhenItIsFull) {
+    EntryNameSet set;
+    const std::size_t place = HashEntryName(Colliding(0, 3)) % set.GetBucketCount();
+    ASSERT_EQ(set.GetBucket(place), nullptr);
+    const EntryNameSet::Block* before = nullptr;
+    constexpr std::uint32_t kCapacities[] = {1, 2, 4, 4, 8, 8, 8, 8};
+    for (unsigned i = 0; i < 8; ++i) {
+        ASSERT_TRUE(Insert(set, Colliding(i, 3)));
+        const EntryNameSet::Block* block = set.GetBucket(place);
+        EXPECT_EQ(block->GetCapacity(), kCapacities[i]) << i;
+        if (i > 0 && kCapacities[i] == kCapacities[i - 1]) {
+            EXPECT_EQ(block, before) << i;
+        }
+        before = block;
+    }
 }
 
 TEST(EntryNameSet, TakesNamesForTwoThatDifferInTheCaseOfLettersOutsideAscii) {

@@ -46,10 +46,7 @@ const char16_t* ContentTypes::Find(std::u16string_view key) const {
     // Kept: the extension begins at the last dot, be it that of a folder, and a name without a dot
     // is its own. (ContentTypes.TheLastDotCountsEvenWhenItStandsInAFolder,
     // ContentTypes.ANameWithoutADotIsItsOwnExtension)
-    std::u16string_view extension = key;
-    const std::size_t dot = extension.rfind(u'.');
-    if (dot != std::u16string_view::npos) extension.remove_prefix(dot + 1);
-    const auto byExtension = defaultContentTypes.find(extension);
+    const auto byExtension = defaultContentTypes.find(key.substr(key.rfind(u'.') + 1));
     return byExtension == defaultContentTypes.end() ? u"" : byExtension->second.c_str();
 }
 

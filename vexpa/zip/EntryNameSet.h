@@ -38,12 +38,16 @@ public:
     // Frees every name and goes back to 16 empty buckets.
     void Clear() noexcept;
 
-private:
     struct Pair {
         std::uint64_t hash;
         BSTR name;
     };
-    class Block;
+    class Block;  // EntryNameSetBlock.h
+
+    // [borrowed] The names of one bucket, null for none, until the set is changed.
+    const Block* GetBucket(std::size_t index) const noexcept { return buckets_[index]; }
+
+private:
     struct BlockList;
     struct Place {
         std::uint32_t index;
