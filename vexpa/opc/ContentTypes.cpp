@@ -46,7 +46,8 @@ const char16_t* ContentTypes::Find(std::u16string_view key) const {
     // Kept: the extension begins at the last dot, be it that of a folder, and a name without a dot
     // is its own. (ContentTypes.TheLastDotCountsEvenWhenItStandsInAFolder,
     // ContentTypes.ANameWithoutADotIsItsOwnExtension)
-    const auto byExtension = defaultContentTypes.find(key.substr(key.rfind(u'.') + 1));
+    const std::u16string_view extension = key.substr(key.rfind(u'.') + 1);  // npos + 1 is 0
+    const auto byExtension = defaultContentTypes.find(extension);
     return byExtension == defaultContentTypes.end() ? u"" : byExtension->second.c_str();
 }
 
