@@ -179,6 +179,14 @@ TEST_F(Transform, KeepsAThousandAttributesInOrder) {
     EXPECT_EQ(token, 77U);
 }
 
+TEST_F(Transform, AnswersNullBeyondTheEndOfAFewAttributes) {
+    const Handle<XmlRoAttr> set = TransformOf(AttributeList{{kWordprocessing, u"val", u"1"}});
+    std::uint32_t token = 77;
+    EXPECT_EQ(set->GetAt(1, &token), nullptr);
+    EXPECT_EQ(set->Find(kWordId), nullptr);
+    EXPECT_EQ(token, 77U);
+}
+
 TEST_F(Transform, AValueOutlivesTheSetThroughAReferenceOfItsOwn) {
     const AttributeList list{{kWordprocessing, u"val", u"a value too long for a short string"},
                              {kWordprocessing, u"id", u"7"},
