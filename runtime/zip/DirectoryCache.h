@@ -63,7 +63,7 @@ private:
     std::size_t bytes_ = 0;
 };
 
-// The cache of the process.
+// The cache of the process, which is never destroyed.
 DirectoryCache& SharedDirectoryCache();
 
 }  // namespace vexpa_runtime::zip

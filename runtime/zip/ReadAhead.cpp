@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "runtime/ThreadsOwn.h"
 #include "runtime/zip/EntryReader.h"
 
 namespace vexpa_runtime::zip {
@@ -14,8 +15,7 @@ constexpr std::uint64_t kBehind = ReadAhead::kPiece / 8;
 }  // namespace
 
 ReadAhead& ReadAhead::OfThread() {
-    thread_local ReadAhead readAhead;
-    return readAhead;
+    return ThreadsOwn<ReadAhead>();
 }
 
 ArchiveFile ReadAhead::Find(const FileIdentity& identity) const noexcept {
