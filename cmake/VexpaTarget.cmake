@@ -30,6 +30,12 @@ function(vexpa_configure_target target)
     target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now)
 endfunction()
 
+# A library stays in the process once it is loaded. What it keeps for the process would otherwise
+# be lost at each dlclose, and what ends with a thread would be ended by code that is gone.
+function(vexpa_stay_loaded target)
+    target_link_options(${target} PRIVATE LINKER:-z,nodelete)
+endfunction()
+
 # Where an installed program or library looks for the project's libraries: beside itself, so
 # that a prefix can be moved. Who packages for a system leaves it out by CMAKE_SKIP_INSTALL_RPATH.
 function(vexpa_look_beside target installed_to)

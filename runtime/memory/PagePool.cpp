@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
-#include <new>
+
+#include "runtime/NeverDestroyed.h"
 
 namespace vexpa_runtime {
 
@@ -114,9 +115,8 @@ PagePool::Run PagePool::RemoveKept(std::size_t index) noexcept {
 }
 
 PagePool& SharedPagePool() noexcept {
-    alignas(PagePool) static std::byte room[sizeof(PagePool)];
-    static PagePool& pool = *new (room) PagePool(kMostKept);
-    return pool;
+    static NeverDestroyed<PagePool> pool(kMostKept);
+    return pool.Get();
 }
 
 }  // namespace vexpa_runtime

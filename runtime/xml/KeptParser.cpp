@@ -4,17 +4,20 @@
 #include <utility>
 
 #include "runtime/RandomKey.h"
+#include "runtime/ThreadsOwn.h"
 
 namespace vexpa_runtime {
 
 namespace {
 
-thread_local ParserPtr kept;
+struct Kept {
+    ParserPtr parser;
+};
 
 }  // namespace
 
 ParserPtr TakeParser() {
-    ParserPtr parser = std::exchange(kept, nullptr);
+    ParserPtr parser = std::exchange(ThreadsOwn<Kept>().parser, nullptr);
     if (parser == nullptr) parser.reset(XML_ParserCreate(nullptr));
     if (parser == nullptr) throw std::bad_alloc();
     // Without one, Expat asks the system for each stream.
@@ -23,7 +26,8 @@ ParserPtr TakeParser() {
 }
 
 void KeepParser(ParserPtr parser) noexcept {
-    if (XML_ParserReset(parser.get(), nullptr) == XML_TRUE) kept = std::move(parser);
+    if (XML_ParserReset(parser.get(), nullptr) != XML_TRUE) return;
+    ThreadsOwn<Kept>().parser = std::move(parser);  // made when it was taken, so it does not throw
 }
 
 }  // namespace vexpa_runtime

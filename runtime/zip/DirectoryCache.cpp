@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "runtime/NeverDestroyed.h"
 #include "runtime/zip/DirectoryReader.h"
 
 namespace vexpa_runtime::zip {
@@ -95,8 +96,9 @@ void DirectoryCache::DropOldest() {
 }
 
 DirectoryCache& SharedDirectoryCache() {
-    static DirectoryCache cache(kMostFiles, kMostBytes, [] { return TimeOf(CLOCK_REALTIME); });
-    return cache;
+    static NeverDestroyed<DirectoryCache> cache(kMostFiles, kMostBytes,
+                                                [] { return TimeOf(CLOCK_REALTIME); });
+    return cache.Get();
 }
 
 }  // namespace vexpa_runtime::zip

@@ -70,7 +70,7 @@ private:
     int sinceLarge_ = 0;  // how often other files have been asked for
 };
 
-// The cache of the process.
+// The cache of the process, which is never destroyed.
 DirectoryCache& SharedDirectoryCache();
 
 }  // namespace vexpa_runtime::zip

@@ -5,6 +5,8 @@
 #include <memory>
 #include <new>
 
+#include "runtime/ThreadsOwn.h"
+
 namespace vexpa_runtime::zip {
 
 namespace {
@@ -15,9 +17,11 @@ struct FreeDecompressor {
     }
 };
 
+using DecompressorPtr = std::unique_ptr<libdeflate_decompressor, FreeDecompressor>;
+
 // One for each thread, as making one costs as much as inflating a small entry.
 libdeflate_decompressor& ThreadDecompressor() {
-    thread_local std::unique_ptr<libdeflate_decompressor, FreeDecompressor> decompressor;
+    auto& decompressor = ThreadsOwn<DecompressorPtr>();
     if (decompressor == nullptr) decompressor.reset(libdeflate_alloc_decompressor());
     if (decompressor == nullptr) throw std::bad_alloc();
     return *decompressor;

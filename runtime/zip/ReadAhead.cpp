@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 
+#include "runtime/ThreadsOwn.h"
 #include "runtime/zip/EntryReader.h"
 
 namespace vexpa_runtime::zip {
@@ -15,8 +16,7 @@ constexpr std::uint64_t kBehind = ReadAhead::kPiece / 8;
 }  // namespace
 
 ReadAhead& ReadAhead::OfThread() {
-    thread_local ReadAhead readAhead;
-    return readAhead;
+    return ThreadsOwn<ReadAhead>();
 }
 
 ArchiveFile ReadAhead::Find(const FileIdentity& identity) const noexcept {

@@ -23,7 +23,7 @@ class ReadAhead {
 public:
     static constexpr std::size_t kPiece = 256UL * 1024;
 
-    static ReadAhead& OfThread();
+    static ReadAhead& OfThread();  // throws when memory is exhausted
 
     // The file of this identity as far as it is in memory, until the next call of Prepare.
     ArchiveFile Find(const FileIdentity& identity) const noexcept;

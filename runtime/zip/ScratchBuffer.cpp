@@ -1,16 +1,21 @@
 #include "runtime/zip/ScratchBuffer.h"
 
+#include "runtime/ThreadsOwn.h"
+
 namespace vexpa_runtime::zip {
 
 namespace {
 
 constexpr std::size_t kKept = 256UL * 1024;  // most entries of a document are smaller
 
+struct Kept {
+    std::unique_ptr<std::uint8_t[]> bytes;
+};
+
 std::uint8_t* ThreadBuffer() {
-    thread_local std::unique_ptr<std::uint8_t[]> buffer;
-    if (buffer == nullptr) buffer = std::make_unique_for_overwrite<std::uint8_t[]>(kKept);
-    // The analyzer takes the thread's buffer for gone when the call is over.
-    return buffer.get();  // NOLINT(clang-analyzer-cplusplus.NewDelete)
+    auto& bytes = ThreadsOwn<Kept>().bytes;
+    if (bytes == nullptr) bytes = std::make_unique_for_overwrite<std::uint8_t[]>(kKept);
+    return bytes.get();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "runtime/ThreadsOwn.h"
 #include "runtime/text/LocalText.h"
 #include "runtime/zip/Extraction.h"
 #include "runtime/zip/Utf8.h"
@@ -15,9 +16,12 @@ namespace vexpa_runtime::zip {
 namespace {
 
 // The names that a thread was given last. They end with its next call of the service.
+struct Listed {
+    std::u16string names;
+};
+
 std::u16string& ListedNames() {
-    thread_local std::u16string names;
-    return names;
+    return ThreadsOwn<Listed>().names;
 }
 
 // Those of a large archive do not stay with the thread for good.

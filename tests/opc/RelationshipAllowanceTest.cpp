@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/opc/SingleRelationship.h"
 #include "vexpa/opc/PackageImpl.h"
-#include "vexpa/opc/RelationshipImpl.h"
 
 namespace {
 
@@ -79,7 +79,7 @@ protected:
 
     // What one relationship is taken to need, be it of the package or of a part: they are alike.
     static std::size_t One() {
-        return opc::RelationshipImpl(u"rId0", u"t", u"a.xml", u"x.xml", nullptr).MemoryUse();
+        return SingleRelationship(u"rId0", u"t", u"a.xml", u"x.xml", nullptr).MemoryUse();
     }
 
     PackageFile file_;

@@ -128,7 +128,7 @@ TEST(RelationshipTypes, ThumbnailTypeAnswers33) {
 
 TEST(RelationshipTypes, NoTypeAnswers34) {
     for (const RelationshipTypeRow& row : kRelationshipTypeRows) {
-        EXPECT_NE(GetRelationshipTypeId(row.uri), RelTypeThumbnail);
+        EXPECT_NE(GetRelationshipTypeId(row.uri.data()), RelTypeThumbnail);
     }
 }
 

@@ -59,7 +59,6 @@ inline std::size_t CutPoint(const std::u16string& directory, std::size_t steps) 
 }
 
 inline std::u16string ResolveSlowly(const std::u16string& source, const std::u16string& target) {
-    if (source.empty()) return target;
     if (!target.empty() && target[0] == u'/') return target.substr(1);
     if (IsUri(target)) return target;
 

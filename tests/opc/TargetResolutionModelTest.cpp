@@ -5,11 +5,12 @@
 #include <random>
 #include <string>
 
+#include "tests/opc/ResolveTarget.h"
 #include "tests/opc/TargetResolutionModel.h"
-#include "vexpa/opc/TargetResolution.h"
 
 namespace {
 
+using vexpa_test::ResolveTarget;
 using vexpa_test::resolution_model::ResolveSlowly;
 
 std::u16string RandomText(std::mt19937& random, std::size_t most) {
@@ -25,7 +26,7 @@ TEST(ResolveTarget, AgreesWithTheSearchesMadeOneByOne) {
     for (int i = 0; i < 200000; ++i) {
         const std::u16string source = RandomText(random, 9);
         const std::u16string target = RandomText(random, 9);
-        ASSERT_EQ(tarn::opc::ResolveTarget(source, target), ResolveSlowly(source, target))
+        ASSERT_EQ(ResolveTarget(source, target), ResolveSlowly(source, target))
             << "source " << testing::PrintToString(source) << ", target "
             << testing::PrintToString(target);
     }
@@ -39,7 +40,7 @@ TEST(ResolveTarget, AgreesWithTheSearchesAroundTheEndOfTheBuffer) {
         for (int i = 0; i < 20; ++i) {
             source[length - 1 - random() % 8] = u'/';
             const std::u16string target = RandomText(random, 60);
-            ASSERT_EQ(tarn::opc::ResolveTarget(source, target), ResolveSlowly(source, target))
+            ASSERT_EQ(ResolveTarget(source, target), ResolveSlowly(source, target))
                 << "length " << length << ", target " << testing::PrintToString(target);
         }
     }

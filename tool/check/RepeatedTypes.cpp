@@ -36,9 +36,10 @@ void RepeatedTypes::Report(Findings& findings) const {
         if (only != nullptr) finding.step = StepThatReads(*only);
         ShownList list(kMostWords);
         for (const auto& [type, uses] : types_) {
-            list.Add(type + " (" + UsesText(uses, only != nullptr) + ")");
+            const std::string& word = type.first;
+            list.Add(word + " (" + UsesText(uses, only != nullptr) + ")");
             if (uses.size() > 1) finding.namesAllItems = false;
-            for (const Use& use : uses) findings.AddItem(finding, {use.source->entry, type, use.count});
+            for (const Use& use : uses) findings.AddItem(finding, {use.source->entry, word, use.count});
         }
         finding.cause = "a look-up by type answers the first of several: " + list.Text();
         finding.namesAllItems = finding.namesAllItems && list.IsWhole();
@@ -47,8 +48,9 @@ void RepeatedTypes::Report(Findings& findings) const {
 
 void RepeatedTypes::Add(const CheckedSource& source, const opc::Relationship& first,
                         std::uint64_t count) {
-    const auto [word, isNew] = words_.try_emplace(SearchTypeId(first), TypeTail(first));
-    types_[word->second].push_back({&source, count});
+    const opc::RelationshipTypeId type = SearchTypeId(first);
+    const auto [word, isNew] = words_.try_emplace(type, TypeTail(first));
+    types_[{word->second, type}].push_back({&source, count});
 }
 
 // "3", "3 in word/document.xml", "up to 3 in 2 parts, first in word/document.xml"

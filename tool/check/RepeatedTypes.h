@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tool/check/CheckedSources.h"
@@ -33,7 +34,8 @@ private:
     const CheckedSource* OnlySource() const;
 
     std::map<tarn::opc::RelationshipTypeId, std::string> words_;  // as it is spelled first
-    std::map<std::string, Uses> types_;
+    // Two types may end in the same word.
+    std::map<std::pair<std::string, tarn::opc::RelationshipTypeId>, Uses> types_;
 };
 
 }  // namespace vexpa_tool

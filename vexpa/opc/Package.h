@@ -29,19 +29,23 @@ namespace tarn::opc {
 // Errors    A look-up answers null or an empty handle for "not there". Only the standard
 //           library throws (out of memory).
 // Threads   One thread at a time for a package and everything that came from it; different
-//           packages may be used from different threads.
+//           packages may be used from different threads, also while a thread or the process
+//           ends. The child of a fork, where other threads of its parent may have been in a call,
+//           calls nothing of the library before exec: a lock may be held.
 //
 // The order of the virtual members is the binary interface: nothing is inserted,
 // moved or removed. tests/abi/SlotOrderTest.cpp fails when it changes.
 class Package : public Object, public ShallowCloneable {
 public:
     // [owned] Opens the package at `path`, NUL-terminated UTF-16. The path passes through the
-    // 8-bit encoding of the process locale: what that cannot say is not found.
+    // 8-bit encoding of the process locale: what that cannot say is not found. It may
+    // be gone when static objects end: from then on only paths of ASCII are found.
     //
     // Empty when `path` is null, when the file is not readable or is no zip archive, when
     // [Content_Types].xml or _rels/.rels is missing, damaged or malformed, when the last
-    // relationship of the package has no part, when they all would take more than 512 MiB, or when
-    // the platform has no memory. A failure is not remembered. `flags` has no effect.
+    // relationship of the package has no part, when the relationships of the package would take
+    // more than 512 MiB, or when the platform has no memory. A failure is not remembered. `flags` has
+    // no effect.
     VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
 
     // Ends all parts and relationships and closes the archive. Look-ups then find nothing;

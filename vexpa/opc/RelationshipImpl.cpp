@@ -11,6 +11,8 @@ namespace tarn::opc {
 namespace {
 
 // The name of the part that `target` leads to from `source`, or null when it is `target` itself.
+//
+// Kept: the package's targets stay as written. (Relationship.OfThePackageResolvesToItsTarget)
 std::unique_ptr<const PartUri> Resolved(const RelationshipSource& source, const PartUri& target) {
     if (source.uri.name.empty()) return nullptr;
     const std::u16string name = ResolveTargetFrom(source.directory, target.name);
@@ -23,11 +25,6 @@ std::size_t UnitsOf(const PartUri& uri) {
 }
 
 }  // namespace
-
-RelationshipImpl::RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
-                                   const char16_t* target, const char16_t* targetMode)
-    : RelationshipImpl(id, std::make_shared<const TypeText>(type),
-                       std::make_shared<const RelationshipSource>(source), target, targetMode) {}
 
 RelationshipImpl::RelationshipImpl(const char16_t* id, std::shared_ptr<const TypeText> type,
                                    std::shared_ptr<const RelationshipSource> source,

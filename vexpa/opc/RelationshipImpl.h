@@ -15,10 +15,7 @@ namespace tarn::opc {
 
 class RelationshipImpl : public Relationship {
 public:
-    // Each text may be null, which is the empty text; `source` is empty for the package.
-    RelationshipImpl(const char16_t* id, const char16_t* type, const char16_t* source,
-                     const char16_t* target, const char16_t* targetMode);
-
+    // Each text may be null, which is the empty text.
     RelationshipImpl(const char16_t* id, std::shared_ptr<const TypeText> type,
                      std::shared_ptr<const RelationshipSource> source, const char16_t* target,
                      const char16_t* targetMode);

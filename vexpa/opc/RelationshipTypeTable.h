@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 #include "vexpa/opc/RelationshipTypeId.h"
 
@@ -12,13 +13,13 @@ namespace tarn::opc {
 // Kept: 41 to 48 are no types of relationships, but their numbers are published.
 // (RelationshipTypes.KeepTheNumbersThatCallersKnow)
 struct RelationshipTypeRow {
-    const char16_t* uri;  // in lower case, the form that a normalised type has
+    std::u16string_view uri;  // NUL-terminated, in lower case as a normalised type is
     RelationshipTypeId id;
 };
 
 inline constexpr std::size_t kRelationshipTypeCount = 60;
 
-// In the order of the ids.
+// Each row stands at the place of its id.
 extern const std::array<RelationshipTypeRow, kRelationshipTypeCount> kRelationshipTypeRows;
 
 }  // namespace tarn::opc

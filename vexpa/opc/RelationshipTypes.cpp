@@ -1,6 +1,7 @@
 #include "vexpa/opc/RelationshipTypes.h"
 
-#include <map>
+#include <algorithm>
+#include <array>
 
 #include "vexpa/opc/NormalizeRelationshipType.h"
 #include "vexpa/opc/RelationshipTypeTable.h"
@@ -9,41 +10,33 @@ namespace tarn::opc {
 
 namespace {
 
-using TypeIndex = std::map<std::u16string_view, RelationshipTypeId>;
-using TypeNameIndex = std::map<RelationshipTypeId, std::u16string_view>;
+// The rows in the order of their URIs. It has nothing to end, as a static object of the caller's may
+// still ask when the process ends.
+using TypeIndex = std::array<const RelationshipTypeRow*, kRelationshipTypeCount>;
 
 TypeIndex MakeTypeIndex() {
     TypeIndex index;
-    for (const RelationshipTypeRow& row : kRelationshipTypeRows) {
-        // Kept: a thumbnail answers 33, the id of custom properties; only a search uses 34.
-        // (ThumbnailTypeAnswers33)
-        const bool isThumbnail = row.id == RelTypeThumbnail;
-        index.emplace(row.uri, isThumbnail ? RelTypeCustomProperties : row.id);
-    }
-    return index;
-}
-
-TypeNameIndex MakeTypeNameIndex() {
-    TypeNameIndex index;
-    for (const RelationshipTypeRow& row : kRelationshipTypeRows) index.emplace(row.id, row.uri);
+    std::transform(kRelationshipTypeRows.begin(), kRelationshipTypeRows.end(), index.begin(),
+                   [](const RelationshipTypeRow& row) { return &row; });
+    std::sort(index.begin(), index.end(), [](const auto* a, const auto* b) { return a->uri < b->uri; });
     return index;
 }
 
 }  // namespace
 
-// Each index is filled as part of the one guarded step that creates it, so that no thread
-// ever searches one that is still being filled.
-
 RelationshipTypeId FindRelationshipTypeId(std::u16string_view normalizedType) {
     static const TypeIndex index = MakeTypeIndex();
-    const auto found = index.find(normalizedType);
-    return found == index.end() ? RelTypeUnknown : found->second;
+    const auto found =
+        std::lower_bound(index.begin(), index.end(), normalizedType,
+                         [](const RelationshipTypeRow* row, auto type) { return row->uri < type; });
+    if (found == index.end() || (*found)->uri != normalizedType) return RelTypeUnknown;
+    // Kept: a thumbnail answers 33, the id of custom properties; only a search uses 34.
+    // (ThumbnailTypeAnswers33)
+    return (*found)->id == RelTypeThumbnail ? RelTypeCustomProperties : (*found)->id;
 }
 
 std::u16string_view FindRelationshipTypeUri(RelationshipTypeId id) {
-    static const TypeNameIndex index = MakeTypeNameIndex();
-    const auto found = index.find(id);
-    return found == index.end() ? u"" : found->second;
+    return id < kRelationshipTypeCount ? kRelationshipTypeRows[id].uri : u"";
 }
 
 RelationshipTypeId GetRelationshipTypeId(const unsigned short* type) {

@@ -96,12 +96,6 @@ std::u16string SourceDirectory(const std::u16string& source) {
     return {directory, length};
 }
 
-// Kept: the package's targets stay as written.
-// (ResolveTarget.LeavesTheTargetsOfThePackageAsTheyAre)
-std::u16string ResolveTarget(const std::u16string& source, const std::u16string& target) {
-    return source.empty() ? target : ResolveTargetFrom(SourceDirectory(source), target);
-}
-
 // Kept: the target mode does not count.
 // (ResolveTarget.AnExternalTargetWithoutASchemeIsResolvedLikeAnyOther)
 std::u16string ResolveTargetFrom(const std::u16string& directory, const std::u16string& target) {

@@ -15,13 +15,8 @@ TargetMode ParseTargetMode(const char16_t* text);
 // end; empty when it is too long to count.
 std::u16string SourceDirectory(const std::u16string& source);
 
-// The name of the part that `target` means in the relationships of the part `source`;
-// `source` is empty for those of the package, whose targets stay as they are. Neither the
-// target mode nor a fragment or an escape in the target changes the steps. Time is linear.
-std::u16string ResolveTarget(const std::u16string& source, const std::u16string& target);
-
-// The same for a source that is not empty and has this directory. One source has many relationships,
-// and its name may be longer than all their targets.
+// The name of the part that `target` means in the relationships of a part in this directory. Neither
+// the target mode nor a fragment or an escape in the target changes the steps. Time is linear.
 std::u16string ResolveTargetFrom(const std::u16string& directory, const std::u16string& target);
 
 }  // namespace tarn::opc

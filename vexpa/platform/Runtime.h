@@ -11,8 +11,8 @@
 // Lifetime  As COM has it: an interface pointer handed out carries one reference, which
 //           the receiver releases. What differs is said at the declaration.
 // Errors    No function throws. A failed allocation is a failed call.
-// Threads   Functions may be called from several threads at once; one object is used by
-//           one thread at a time, reference counts included.
+// Threads   Functions may be called from several threads at once, also while a thread or the
+//           process ends; one object is used by one thread at a time, reference counts included.
 #ifndef VEXPA_PLATFORM_RUNTIME_H_
 #define VEXPA_PLATFORM_RUNTIME_H_
 

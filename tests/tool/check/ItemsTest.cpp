@@ -154,4 +154,20 @@ TEST(RepeatedTypes, NameTheFirstOfSeveralPartsAndListAll) {
                            Item("word/more2.png", "theme", 3)}));
 }
 
+TEST(RepeatedTypes, OfOneLastWordAreTwo) {
+    const std::string bytes = Spoiled([](SoundPackage& p) {
+        const std::string start = "http://schemas.microsoft.com/office/";
+        for (const char* id : {"a1", "a2", "b1", "b2", "b3"}) {
+            const char* year = *id == 'a' ? "2006" : "2007";
+            p.partRelationships +=
+                Relation(id, start + year + "/relationships/ui/extensibility", "media/image1.png");
+        }
+    });
+    const Finding finding = FindingOf(CheckBytes(bytes), FindingId::RepeatedType);
+    EXPECT_EQ(finding.entry, "word/document.xml");
+    EXPECT_EQ(finding.cause,
+              "a look-up by type answers the first of several: "
+              "extensibility (2) and extensibility (3)");
+}
+
 }  // namespace
