@@ -167,6 +167,14 @@ TEST(EntryNameSet, TakesABucketOfMoreThanASmallBlockHolds) {
     EXPECT_FALSE(Insert(set, Colliding(kNames - 1, 16)));
 }
 
+TEST(EntryNameSet, HasNoBucketsAfterClear) {
+    EntryNameSet set;
+    for (int i = 0; i < 16; ++i) ASSERT_TRUE(Insert(set, Numbered(i)));
+    ASSERT_EQ(set.GetBucketCount(), 16u);
+    set.Clear();
+    for (std::size_t i = 0; i < 16; ++i) EXPECT_EQ(set.GetBucket(i), nullptr) << i;
+}
+
 TEST(EntryNameSet, IsEmptyAgainAfterClear) {
     EntryNameSet set;
     for (int i = 0; i < 100; ++i) ASSERT_TRUE(Insert(set, Numbered(i)));
