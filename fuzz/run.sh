@@ -2,7 +2,7 @@
 # fuzz/run.sh SECONDS [TARGET...]   builds the fuzz targets and runs each for so long or for 50
 # million inputs, JOBS (two unless set) at a time, all unless some are named. The table of what
 # they did goes to build/fuzz/report.md, inputs that broke something to build/fuzz/finds/TARGET/;
-# corpora grow from run to run.
+# corpora begin with fuzz/corpora/ and grow from run to run; fuzz/minimise.sh keeps the best of them.
 #
 # Needs besides packages.txt: clang, libclang-rt-14-dev (or that of the clang installed).
 set -euo pipefail
@@ -24,6 +24,8 @@ mkdir -p "$out/logs"
 run_target() {
     local name=$1 options=()
     mkdir -p "$out/corpus/$name" "$out/finds/$name"
+    local kept=$PWD/fuzz/corpora/$name.tar.xz
+    [ ! -f "$kept" ] || (cd "$out/corpus/$name" && cmake -E tar xf "$kept")
     [ -f "fuzz/dictionaries/$name.dict" ] && options+=("-dict=fuzz/dictionaries/$name.dict")
     "$out/fuzz/fuzz_$name" "${options[@]}" -max_total_time="$seconds" -runs=50000000 -max_len=65536 \
         -timeout=10 -rss_limit_mb=1024 -print_final_stats=1 \

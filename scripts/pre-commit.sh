@@ -28,7 +28,7 @@ fail() {
 sources=() texts=() untabbed=()
 for file in "${files[@]}"; do
     case $file in
-        samples/*.* | fuzz/seeds/* | tests/tool/golden/* | tests/examples/expected/*) continue ;;
+        samples/*.* | fuzz/seeds/* | fuzz/corpora/* | tests/tool/golden/* | tests/examples/expected/*) continue ;;
         *.generated.cpp) ;;
         *.cpp | *.h) sources+=("$file") ;;
     esac
