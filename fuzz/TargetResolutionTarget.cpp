@@ -6,8 +6,11 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     vexpa_fuzz::Lines lines(vexpa_fuzz::Bytes(data, size));
     // Names and targets come out of documents, where there is no NUL.
-    const std::u16string source = vexpa_fuzz::Units(lines.Next()).c_str();
-    const std::u16string target = vexpa_fuzz::Units(lines.Rest()).c_str();
+    const auto beforeNul = [](const std::u16string& units) {
+        return units.substr(0, units.find(u'\0'));
+    };
+    const std::u16string source = beforeNul(vexpa_fuzz::Units(lines.Next()));
+    const std::u16string target = beforeNul(vexpa_fuzz::Units(lines.Rest()));
     vexpa_fuzz::Require(vexpa_test::ResolveTarget(source, target) ==
                             vexpa_test::resolution_model::ResolveSlowly(source, target),
                         "the resolution and its model agree");

@@ -82,7 +82,7 @@ TEST(KeptByTheThread, OfTheNamesOfALargeArchiveIsNothingAfterTheNextCall) {
     const std::size_t before = meter.Live();
     std::int32_t count = 0;
     _XGetZipFileCount(u"/none", &count);
-    EXPECT_LE(meter.Live() + 2 * 50 * 60'000, before);
+    EXPECT_LE(meter.Live() + 2UL * 50 * 60'000, before);
 }
 
 std::string Document(std::size_t size, std::string (*piece)(std::size_t), const char* ending) {

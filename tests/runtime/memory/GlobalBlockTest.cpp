@@ -100,7 +100,7 @@ TEST(GlobalBlock, GrowsByZerosAndShrinksKeepingItsBytes) {
 TEST(GlobalBlock, KeepsItsBytesHoweverLargeItGrows) {
     HGBL block = NewBlock("abc");
     std::string bytes = "abc";
-    for (const std::size_t size : {70'000, 71'000, 3'000'000, 2'900'000, 1'000, 100'000, 2}) {
+    for (const std::size_t size : {70'000U, 71'000U, 3'000'000U, 2'900'000U, 1'000U, 100'000U, 2U}) {
         SCOPED_TRACE(size);
         ASSERT_TRUE(ResizeBlock(*block, size));
         bytes.resize(size);

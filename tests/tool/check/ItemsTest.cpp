@@ -40,8 +40,9 @@ std::string Crowded() {
             p.Add("\x81" + number + ".png", "x");
             p.Add("bell\x07" + number + ".png", "x");
             p.partRelationships += Relation("u" + number, "urn:x/" + number, "media/image1.png");
-            p.document.insert(p.document.rfind("</w:body>"),
-                              "<x xmlns='urn:" + number + "'/><w:n" + number + "/>");
+            std::string elements = "<x xmlns='urn:" + number;
+            elements.append("'/><w:n").append(number).append("/>");
+            p.document.insert(p.document.rfind("</w:body>"), elements);
         }
     });
 }
