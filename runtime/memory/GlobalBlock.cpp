@@ -58,8 +58,9 @@ GlobalBlock* MakeLarge(std::size_t size, bool zero) noexcept {
     return nullptr;
 }
 
-// In one piece, as there is one for each part of a document.
 static_assert(sizeof(GlobalBlock) % alignof(std::max_align_t) == 0, "bytes stand as malloc's do");
+
+// In one piece, as there is one for each part of a document.
 GlobalBlock* MakeSmall(std::size_t size, bool zero) noexcept {
     if (size > PTRDIFF_MAX - sizeof(GlobalBlock)) return nullptr;
     const std::size_t whole = sizeof(GlobalBlock) + size;

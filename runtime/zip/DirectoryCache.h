@@ -65,9 +65,9 @@ private:
     Settling settling_;
     std::mutex mutex_;        // guards what follows
     std::vector<Kept> kept_;  // the one used last stands last
-    std::size_t bytes_ = 0;   // without the next one's
+    std::size_t bytes_ = 0;   // of those
     std::optional<Kept> large_;
-    int sinceLarge_ = 0;  // how often other files have been asked for
+    int sinceLarge_ = 0;  // how often other files have been asked for since large_ was
 };
 
 // The cache of the process, which is never destroyed.

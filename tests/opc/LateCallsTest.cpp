@@ -4,11 +4,10 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <string>
-#include <thread>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/support/Late.h"
 #include "tests/support/OldFiles.h"
 
 namespace {
@@ -55,24 +54,11 @@ struct Packages {
     bool AreReadWhole() const { return small.IsReadWhole() && large.IsReadWhole(); }
 };
 
-struct Late {
-    std::function<void()> action;
-    ~Late() {
-        if (action) action();
-    }
-};
-thread_local Late lateInThread;
-
 TEST(LateCalls, OfAnEndingThreadReadPackages) {
     const Packages packages;
-    bool worked = false;
-    bool workedLate = false;
-    std::thread([&] {
-        lateInThread.action = [&] { workedLate = packages.AreReadWhole(); };
-        worked = packages.AreReadWhole();
-    }).join();
-    EXPECT_TRUE(worked);
-    EXPECT_TRUE(workedLate);
+    const Worked worked = CallOnAnEndingThread([&] { return packages.AreReadWhole(); });
+    EXPECT_TRUE(worked.first);
+    EXPECT_TRUE(worked.late);
 }
 
 TEST(LateCalls, OfAnEndingProcessReadPackages) {

@@ -4,12 +4,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <string>
 #include <thread>
 
 #include "tests/runtime/xml/Dom.h"
 #include "tests/runtime/zip/ZipClient.h"
+#include "tests/support/Late.h"
 #include "tests/support/OldFiles.h"
 #include "tests/support/ScratchFile.h"
 
@@ -41,30 +41,20 @@ bool EverythingWorks(const Files& files) {
     return works;
 }
 
-struct Late {
-    std::function<void()> action;
-    ~Late() {
-        if (action) action();
-    }
-};
-thread_local Late lateInThread;
-
 TEST(LateCalls, OfAnEndingThreadAreLikeAnyOther) {
     const Files files;
-    bool worked = false;
-    bool workedLate = false;
-    std::thread([&] {
-        lateInThread.action = [&] { workedLate = EverythingWorks(files); };
-        worked = EverythingWorks(files);
-    }).join();
-    EXPECT_TRUE(worked);
-    EXPECT_TRUE(workedLate);
+    const Worked worked = CallOnAnEndingThread([&] { return EverythingWorks(files); });
+    EXPECT_TRUE(worked.first);
+    EXPECT_TRUE(worked.late);
 }
 
 TEST(LateCalls, MayBeTheFirstOfTheirThread) {
     const Files files;
     bool workedLate = false;
-    std::thread([&] { lateInThread.action = [&] { workedLate = EverythingWorks(files); }; }).join();
+    std::thread([&] {
+        thread_local Late late;
+        late.action = [&] { workedLate = EverythingWorks(files); };
+    }).join();
     EXPECT_TRUE(workedLate);
 }
 
