@@ -7,7 +7,7 @@
 #include <string>
 
 #include "vexpa/base/Handle.h"
-#include "vexpa/platform/Runtime.h"
+#include "vexpa/platform/Com.h"
 #include "vexpa/xmlfx/XmlMapper.h"
 #include "vexpa/xmlfx/XmlRoAttr.h"
 

@@ -7,7 +7,7 @@
 
 #include "vexpa/base/ComPtr.h"
 #include "vexpa/opc/Package.h"
-#include "vexpa/platform/Runtime.h"
+#include "vexpa/platform/Com.h"
 
 namespace importer {
 

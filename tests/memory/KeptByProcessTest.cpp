@@ -11,6 +11,7 @@
 #include "tests/support/OldFiles.h"
 #include "tests/worst/FullWalk.h"
 #include "tests/worst/ShapeParts.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #ifndef VEXPA_BASE_RESULT_H_
 #define VEXPA_BASE_RESULT_H_
 
-#include "vexpa/platform/Runtime.h"
+#include "vexpa/platform/Com.h"
 
 namespace tarn {
 

@@ -8,6 +8,7 @@
 #include "vexpa/base/Noncopyable.h"
 #include "vexpa/opc/Part.h"
 #include "vexpa/opc/RelationshipIndex.h"
+#include "vexpa/platform/Runtime.h"
 
 namespace lumo::Compression::Zip {
 class UnZipArchive;
