@@ -41,8 +41,8 @@ constexpr std::uint32_t NamespaceOf(std::uint32_t token) noexcept {
 //     if (auto names = namespaces.find(uri); names != namespaces.end()) {
 //         if (auto name = names->second.find(localName); name != names->second.end()) ...
 //
-// Lifetime  Filled by the first _vexpa_Initialize, emptied by the last _vexpa_Terminate;
-//           the maps themselves live until the process ends.
+// Lifetime  Filled by the first _vexpa_Initialize, emptied by the last _vexpa_Terminate and once
+//           static objects end; as empty maps they are there for as long as anybody can call.
 // Errors    A name or token that is not there is not found; adding may run out of memory.
 // Threads   Any number may read, by find. Whatever writes is serialised by the callers: the two
 //           calls above, Transform, which adds the namespace URIs it does not know, and operator[]
