@@ -27,7 +27,8 @@ const Entry* FindEntry(const Directory& directory, std::string_view request, std
     tried = 0;
     // Every locale's encoding has ASCII in it, and nearly every request is ASCII.
     if (IsAscii(request)) return FindUtf8(directory, request, tried);
-    return FindUtf8(directory, Utf8FromUtf16(FromLocal(request)), tried);
+    const std::u16string text = FromLocal(request);
+    return text.empty() ? nullptr : FindUtf8(directory, Utf8FromUtf16(text), tried);
 }
 
 }  // namespace vexpa_runtime::zip

@@ -2,6 +2,7 @@
 // that were there before the first call.
 #include <gtest/gtest.h>
 
+#include <QTextCodec>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -70,6 +71,36 @@ TEST(LateCalls, OfAnEndingProcessReadPackages) {
         std::exit(0);  // NOLINT(concurrency-mt-unsafe): there is one thread
     };
     EXPECT_EXIT(readAndExit(), ::testing::ExitedWithCode(0), "works late");
+}
+
+// What the document's part says, or "nothing".
+std::string ReadPart(opc::Package& package, const char16_t* name) {
+    opc::Part* part = package.GetPart(opc::PartUri(name));
+    ComPtr<IStream> stream;
+    if (part == nullptr || part->GetStream(stream.Out()) != S_OK) return "nothing";
+    return ReadToEnd(*stream.Get());
+}
+
+// The encoding of the locale is gone then; a question mark in place of the letter would match the
+// other entry.
+TEST(LateCalls, DoNotReadAnotherPartForOneOutsideAscii) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto readAndExit = [] {
+        static PackageFile file = MinimalPackage();
+        static Handle<opc::Package> early;
+        static Handle<opc::Package> package;
+        static const Late late{
+            [] { std::fputs(ReadPart(*package, u"word/\u4E2D.xml").c_str(), stderr); }};
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+        file.Entry("word/x.xml", "another");
+        file.Entry("word/\xE4\xB8\xAD.xml", "right");
+        const std::u16string path = file.Write().Path16();
+        early = opc::Package::Open(path.c_str());
+        package = opc::Package::Open(path.c_str());
+        std::fputs((ReadPart(*early, u"word/\u4E2D.xml") + " ").c_str(), stderr);
+        std::exit(0);  // NOLINT(concurrency-mt-unsafe): there is one thread
+    };
+    EXPECT_EXIT(readAndExit(), ::testing::ExitedWithCode(0), "right nothing");
 }
 
 }  // namespace

@@ -12,12 +12,16 @@
 
 namespace tarn {
 
-// The answer of QString::toLocal8Bit for a text of at most INT_MAX / 8 units, for as long as this
-// object lives. Qt's codecs, and memory for the answer, cost more than what most texts are converted
-// for, so the short ones of characters that all encodings agree on go without either.
+// Text in the 8-bit encoding of the process locale, as QString::toLocal8Bit gives it, of at most
+// INT_MAX / 8 units. Most texts are short and hold only characters that every encoding has in the same
+// place; those do without Qt's codec and the heap, which cost more than what they are converted for.
 class LocalText : Noncopyable {
 public:
     explicit LocalText(std::u16string_view text);
+
+    // False when the text is not ASCII and the locale's encoding is gone, as it is once static objects
+    // end; then there is nothing to view.
+    explicit operator bool() const noexcept { return isConverted_; }
 
     // Ends in a NUL besides. The bytes may be written, as some calls take them so.
     char* Data() noexcept { return isShort_ ? short_.data() : long_.data(); }
@@ -28,9 +32,10 @@ private:
     QByteArray long_;
     std::size_t size_;
     bool isShort_ = false;
+    bool isConverted_ = true;
 };
 
-// The answer of QString::fromLocal8Bit, in the same way.
+// The other way, as QString::fromLocal8Bit; empty where LocalText would be false.
 std::u16string FromLocalText(std::string_view text);
 
 }  // namespace tarn

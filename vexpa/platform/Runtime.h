@@ -7,7 +7,8 @@
 // conventions can take its place.
 //
 // Linkage   C, so that a symbol does not depend on how an implementation spells a type.
-// Text      NUL-terminated UTF-16. "Local 8-bit" is the encoding of the process locale.
+// Text      NUL-terminated UTF-16. "Local 8-bit" is the encoding of the process locale; paths pass
+//           through it, too. It may be gone when static objects end: then only ASCII is found.
 // Results   HRESULT: negative is failure. The values of the codes are this platform's own.
 // Lifetime  As COM has it: an interface pointer handed out carries one reference, which
 //           the receiver releases. What differs is said at the declaration.

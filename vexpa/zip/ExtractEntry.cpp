@@ -65,6 +65,7 @@ void FreeBlock(HGBL block) {
 HRESULT ExtractEntryToMemory(UnZipArchiveImpl& archive, const char16_t* entryName, UzpBuffer* result) {
     tarn::LocalText zip(archive.archivePath);
     tarn::LocalText entry(entryName);
+    if (!zip || !entry) return E_FAIL;
 
     UzpOpts options{};
     UzpCB callbacks{};
