@@ -43,6 +43,18 @@ protected:
     std::u16string path_;
 };
 
+TEST_F(KeptData, DoesNotGrowWithTheQuestionsAboutAPart) {
+    Handle<opc::Package> package = opc::Package::Open(path_.c_str());
+    opc::Part* part = Part(*package, 0);
+    ASSERT_NE(part, nullptr);
+    const HeapMeter all;
+    for (int times = 0; times < 10'000; ++times) {
+        part->GetEntryValue();
+        EXPECT_EQ(Part(*package, 0), part);
+    }
+    EXPECT_LE(all.Live(), kLittle);
+}
+
 TEST_F(KeptData, IsThatOfEachStreamOnceAndTakesItTwiceForAMoment) {
     const HeapMeter all;
     Handle<opc::Package> package = opc::Package::Open(path_.c_str());

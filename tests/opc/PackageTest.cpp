@@ -156,6 +156,15 @@ TEST(GetPart, TakesTwoSpellingsOfANameForTwoParts) {
     EXPECT_EQ(ReadToEnd(*first.Get()), ReadToEnd(*second.Get()));
 }
 
+TEST(GetPart, OfANameWithANulInItIsNullWhenItHasABackslash) {
+    PackageFile file;
+    file.Entry("a/b.xml", "<b/>");
+    const Handle<opc::Package> package = file.Open();
+    opc::PartUri name(u"a/b.xml");
+    name.name.append(std::u16string_view(u"\0\\x", 3));
+    EXPECT_EQ(package->GetPart(name), nullptr);
+}
+
 TEST(GetPart, KeepsTheNameAsItWasFirstGiven) {
     PackageFile file;
     file.Entry("a.xml", "<a/>");

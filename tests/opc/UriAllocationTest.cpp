@@ -78,6 +78,13 @@ TEST_F(TaskMemory, EachComponentTakesOneAllocation) {
     }
 }
 
+TEST_F(TaskMemory, APlainPathNeedsTheRecordAsWell) {
+    allocationsLeft = 0;
+    EXPECT_EQ(PartUri(u"/word/document.xml").path, u"");
+    allocationsLeft = 1;
+    EXPECT_EQ(PartUri(u"/word/document.xml").path, u"/word/document.xml");
+}
+
 TEST_F(TaskMemory, AFailureIsNoReasonToReadTheTextAnotherWay) {
     for (int left = 1; left < 3; ++left) {
         SCOPED_TRACE(left);

@@ -59,9 +59,10 @@ private:
     RelationshipAllowance allowance_;
     SpellingAllowance spellings_;
     TypeTexts types_;
-    std::pmr::monotonic_buffer_resource indexMemory_;  // its nodes side by side, freed at once
-    // By key, where the part stands in parts_. Close empties only the list, so that an index
-    // beyond its end is one of a closed package.
+    // Nodes side by side, freed at once; the default resource may end before the package does.
+    std::pmr::monotonic_buffer_resource indexMemory_{std::pmr::new_delete_resource()};
+    // By key, where the part stands in parts_. Beyond the end of the list there is none, as in a
+    // closed package: Close empties only the list.
     std::pmr::map<std::pmr::u16string, std::size_t, std::less<>> partsByName_{&indexMemory_};
     std::vector<std::unique_ptr<PartImpl>> parts_;
     RelationshipIndex relationships_;

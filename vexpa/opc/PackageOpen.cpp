@@ -17,7 +17,6 @@ namespace zip = lumo::Compression::Zip;
 Handle<Package> Package::Open(const unsigned short* path, unsigned int /*flags*/) {
     if (path == nullptr) return {};
     Handle<PackageImpl> package(new PackageImpl);
-    package->Close();
     if (Failed(package->OpenArchive(CopyText(path).c_str())) || Failed(package->ReadContentTypes()) ||
         Failed(package->ReopenArchive()) || Failed(package->ReadPackageRelationships())) {
         return {};

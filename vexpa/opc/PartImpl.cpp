@@ -114,8 +114,11 @@ HRESULT PartImpl::GetStorage(IStorage** out) {
 std::int64_t PartImpl::GetEntryValue() {
     if (archive_ == nullptr || !archive_->HasEntry(EntryName())) return 0;
     zip::UnZipArchiveImpl& archive = *archive_->GetImpl();
-    const std::size_t index = archive.entryIndexByName.emplace(EntryName(), 0).first->second;
-    return archive.entries[index].value;
+    auto& index = archive.entryIndexByName;
+    // Looked up first: the index never frees the node of a name that emplace finds to be there.
+    auto place = index.find(std::u16string_view(EntryName()));
+    if (place == index.end()) place = index.emplace(EntryName(), 0).first;
+    return archive.entries[place->second].value;
 }
 
 // Kept: the bytes are lost when there is no memory for their block. Opening a package frees

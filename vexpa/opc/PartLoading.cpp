@@ -1,5 +1,7 @@
 // Making the parts of a package, each with its content type and its relationships.
 
+#include <cstddef>
+#include <limits>
 #include <utility>
 
 #include "vexpa/base/ComPtr.h"
@@ -16,6 +18,9 @@ namespace zip = lumo::Compression::Zip;
 
 namespace {
 
+// Beyond the end of any list of parts.
+constexpr std::size_t kNotLoaded = std::numeric_limits<std::size_t>::max();
+
 // Only then its entry is spelled in another way, see EntryName().
 bool HasBackslash(std::u16string_view key) {
     return key.find(u'\\') != key.npos;
@@ -30,12 +35,14 @@ Part* PackageImpl::GetPart(const PartUri& name) {
     return MayLoad(key) ? LoadPart(name, key) : nullptr;
 }
 
-// Whether the entry of this key, which is there, may be a part under it.
+// Whether the entry of this key may be a part under it.
 bool PackageImpl::MayLoad(std::u16string_view key) {
     if (!HasBackslash(key)) return true;
     const std::u16string entryName = EntryName(key);
     const auto& index = archive_.GetImpl()->entryIndexByName;
-    return spellings_.Take(index.find(std::u16string_view(entryName))->second);
+    const auto found = index.find(std::u16string_view(entryName));
+    // A name with a NUL in it has an entry up to there, but none as a whole.
+    return found != index.end() && spellings_.Take(found->second);
 }
 
 // Kept: a part has the name that it was first asked for by, with or without a slash, and its
@@ -46,15 +53,10 @@ PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
         std::make_unique<PartImpl>(name, std::move(entryName), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
 
-    // A key must never stand without its part, nor for the part that comes next.
+    // Either may run out of memory: a key without its part is as good as none.
+    std::size_t& place = partsByName_.emplace(key, kNotLoaded).first->second;
     parts_.push_back(std::move(part));
-    try {
-        const auto place = partsByName_.emplace(key, 0).first;
-        place->second = parts_.size() - 1;
-    } catch (...) {
-        parts_.pop_back();
-        throw;
-    }
+    place = parts_.size() - 1;
     return parts_.back().get();
 }
 

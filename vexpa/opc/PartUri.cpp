@@ -15,7 +15,8 @@ namespace {
 constexpr std::size_t kLongestName = std::numeric_limits<int>::max() / 8;
 
 // True for the characters that stand for themselves in a path, whatever is around them. One that
-// may begin something else, like ':' or '?', is not among them, nor is '~', see above.
+// may begin something else, like ':' or '?', is not among them, nor is '~', which some encodings
+// have elsewhere.
 bool IsPlain(char16_t unit) {
     if (unit >= u'a' && unit <= u'z') return true;
     if (unit >= u'-' && unit <= u'9') return true;  // - . / 0 to 9
@@ -38,6 +39,8 @@ std::u16string FromLocal(const char* text) {
 
 PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
     if (name.empty() || name.size() > kLongestName) return;
+    // Kept: without room for the parser a name has no components, one that needs no parser either.
+    // (TaskMemory.APlainPathNeedsTheRecordAsWell)
     const ScratchUriComponents parsed;
     if (!parsed) return;
     if (IsPlainPath(name)) {
@@ -48,7 +51,7 @@ PartUri::PartUri(const unsigned short* givenName) : name(CopyText(givenName)) {
     // question mark where the locale lacks it. (PartUri.DoesNotParseANameOutsideAscii,
     // PartUri.LosesWhatTheLocaleCannotSayInItsComponentsOnly)
     LocalText local(name);
-    if (ParseUri(local.View(), *parsed) != UriStatus::Parsed) return;
+    if (!local || ParseUri(local.View(), *parsed) != UriStatus::Parsed) return;
 
     scheme = FromLocal(parsed->scheme);
     opaque = FromLocal(parsed->opaque);

@@ -14,7 +14,7 @@
 
 namespace lumo::Compression::Zip {
 
-// Kept: compiled callers expect it, and nothing here reads it.
+// Kept: every record has it, and nothing here reads it.
 // (HasEntry.MakesRecordsWithTheirFixedKind)
 constexpr std::uint32_t kEntryKind = 13;
 
@@ -33,8 +33,9 @@ struct UnZipArchiveImpl {
     std::u16string archivePath;
     std::vector<EntryRecord> entries;  // in directory order; not empty once listed
     std::vector<std::u16string> reservedTexts;
-    // Side by side, as a look-up goes from one to the next, and freed at once.
-    std::pmr::monotonic_buffer_resource indexMemory;
+    // Side by side, as a look-up goes from one to the next, and freed at once. Not from the default
+    // resource: that is the process's to choose, and may end before the archive does.
+    std::pmr::monotonic_buffer_resource indexMemory{std::pmr::new_delete_resource()};
     // The first of equal names.
     std::pmr::map<std::pmr::u16string, std::size_t, std::less<>> entryIndexByName{&indexMemory};
     std::u16string reservedText;
