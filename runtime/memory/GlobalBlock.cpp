@@ -13,7 +13,10 @@ namespace {
 
 // Blocks from here on are runs of pages; but a sanitizer knows the ends of malloc's blocks only.
 constexpr std::size_t kLarge = 64UL * 1024;
-#ifdef __SANITIZE_ADDRESS__
+#ifndef __has_feature
+#define __has_feature(feature) 0  // GCC 12 has macros of its own for what Clang asks for so
+#endif
+#if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
 constexpr bool kHasRuns = false;
 #else
 constexpr bool kHasRuns = true;
@@ -41,7 +44,7 @@ Memory TakeMemory(std::size_t size) noexcept {
 }
 
 void GiveBackBytes(const GlobalBlock& block) noexcept {
-    if (block.IsInOnePiece()) return;
+    if (block.isInOnePiece) return;
     if (IsRun(block.room)) {
         SharedPagePool().Give({block.bytes, block.room});
     } else {
@@ -53,7 +56,7 @@ GlobalBlock* MakeLarge(std::size_t size, bool zero) noexcept {
     const Memory memory = TakeRun(size, zero);
     if (memory.bytes == nullptr) return nullptr;
     void* record = std::malloc(sizeof(GlobalBlock));
-    if (record != nullptr) return new (record) GlobalBlock{memory.bytes, size, memory.room, 0};
+    if (record != nullptr) return new (record) GlobalBlock{memory.bytes, size, memory.room, 0, false};
     SharedPagePool().Give({memory.bytes, memory.room});
     return nullptr;
 }
@@ -67,7 +70,7 @@ GlobalBlock* MakeSmall(std::size_t size, bool zero) noexcept {
     void* memory = zero ? std::calloc(whole, 1) : std::malloc(whole);
     if (memory == nullptr) return nullptr;
     auto* bytes = static_cast<std::byte*>(memory) + sizeof(GlobalBlock);
-    return new (memory) GlobalBlock{bytes, size, size, 0};
+    return new (memory) GlobalBlock{bytes, size, size, 0, true};
 }
 
 }  // namespace
@@ -75,7 +78,7 @@ GlobalBlock* MakeSmall(std::size_t size, bool zero) noexcept {
 bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept {
     const std::size_t kept = std::min(size, block.size);
     // What is left of memory of its own is given back when it is half.
-    const bool isInPlace = size <= block.room && (block.IsInOnePiece() || size > block.room / 2);
+    const bool isInPlace = size <= block.room && (block.isInOnePiece || size > block.room / 2);
     if (!isInPlace) {
         // What grows once may well grow again, and is not to be copied each time.
         const std::size_t more = IsRun(size) && size > block.size ? size / 8 : 0;
@@ -85,6 +88,7 @@ bool ResizeBlock(GlobalBlock& block, std::size_t size) noexcept {
         GiveBackBytes(block);
         block.bytes = memory.bytes;
         block.room = memory.room;
+        block.isInOnePiece = false;
     }
     std::memset(block.bytes + kept, 0, size - kept);
     block.size = size;

@@ -13,8 +13,7 @@ struct GlobalBlock {
     std::size_t size;
     std::size_t room;  // for how many bytes there is memory; a run of pages if it is a large one
     int locks;
-
-    bool IsInOnePiece() const noexcept { return bytes == reinterpret_cast<const std::byte*>(this + 1); }
+    bool isInOnePiece;  // the bytes lie behind this record
 };
 
 namespace vexpa_runtime {

@@ -34,8 +34,10 @@ DirectoryCache::DirectoryCache(std::size_t mostFiles, std::size_t mostBytes, Set
     : mostFiles_(mostFiles), mostBytes_(mostBytes), settling_(stamping, steady) {}
 
 std::shared_ptr<const Directory> DirectoryCache::Find(const FileIdentity& identity) {
+    std::optional<Kept> dropped;  // freed after the lock is given up, as it may be very large
     const std::lock_guard lock(mutex_);
     if (auto large = FindLarge(identity)) return large;
+    if (sinceLarge_ >= kPatience) dropped.swap(large_);
     const auto isIt = [&identity](const Kept& kept) { return kept.identity == identity; };
     const auto found = std::find_if(kept_.begin(), kept_.end(), isIt);
     if (found == kept_.end()) return nullptr;
@@ -49,7 +51,7 @@ std::shared_ptr<const Directory> DirectoryCache::FindLarge(const FileIdentity& i
         sinceLarge_ = 0;
         return large_->directory;
     }
-    if (++sinceLarge_ >= kPatience) large_.reset();
+    ++sinceLarge_;
     return nullptr;
 }
 
@@ -69,23 +71,25 @@ std::shared_ptr<const Directory> DirectoryCache::Read(const ArchiveFile& file) {
 void DirectoryCache::Keep(const FileIdentity& identity,
                           const std::shared_ptr<const Directory>& directory) {
     const std::size_t size = directory->MemoryUse();
+    std::optional<Kept> dropped;  // as in Find
     const std::lock_guard lock(mutex_);
     // Another state of the same file will not come back, and another thread may have read this one.
     const auto isSameFile = [&identity](const Kept& kept) {
         return kept.identity.device == identity.device && kept.identity.inode == identity.inode;
     };
-    if (large_ && isSameFile(*large_)) large_.reset();
+    if (large_ && isSameFile(*large_)) dropped.swap(large_);
     std::erase_if(kept_, [&](const Kept& kept) {
         if (!isSameFile(kept)) return false;
         bytes_ -= kept.directory->MemoryUse();
         return true;
     });
     if (size > mostBytes_) {
+        if (large_) dropped.swap(large_);
         large_ = {identity, directory};
         sinceLarge_ = 0;
         return;
     }
-    while (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_) DropOldest();
+    while (!kept_.empty() && (kept_.size() >= mostFiles_ || bytes_ + size > mostBytes_)) DropOldest();
     kept_.push_back({identity, directory});
     bytes_ += size;
 }
