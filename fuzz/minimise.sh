@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-most_kilobytes=5  # larger inputs take long, and mostly only repeat themselves
+most_bytes=4096  # larger inputs take long, and mostly only repeat themselves
 
 targets=("$@")
 if ((${#targets[@]} == 0)); then
@@ -17,7 +17,7 @@ mkdir -p fuzz/corpora
 for name in "${targets[@]}"; do
     rm -rf "$out/small/$name" "$out/few/$name"
     mkdir -p "$out/small/$name" "$out/few/$name"
-    find "$out/corpus/$name" -type f -size -"${most_kilobytes}k" -exec cp -t "$out/small/$name" {} +
+    find "$out/corpus/$name" -type f -size -"$((most_bytes + 1))c" -exec cp -t "$out/small/$name" {} +
     "$out/fuzz/fuzz_$name" -set_cover_merge=1 -rss_limit_mb=2048 "$out/few/$name" "$out/small/$name" \
         >"$out/logs/minimise-$name.log" 2>&1
     (cd "$out/few/$name" && cmake -E tar cJf "$OLDPWD/fuzz/corpora/$name.tar.xz" \
