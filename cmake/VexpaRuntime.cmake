@@ -1,4 +1,4 @@
-# vexpa::runtime: what exports the calls of vexpa/platform/Runtime.h. Either the stand-in in
+# vexpa::runtime: what exports the calls of vexpa/platform/Runtime.h. Either the built-in one in
 # runtime/ or, with VEXPA_RUNTIME=external, the library that VEXPA_RUNTIME_LIBRARY names.
 
 if(NOT VEXPA_RUNTIME MATCHES "^(builtin|external)$")

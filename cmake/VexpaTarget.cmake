@@ -41,7 +41,7 @@ function(vexpa_stay_loaded target)
 endfunction()
 
 # Where an installed program or library looks for the project's libraries: beside itself, so
-# that a prefix can be moved. Who packages for a system leaves it out by CMAKE_SKIP_INSTALL_RPATH.
+# that a prefix can be moved. Packagers of a system leave it out by CMAKE_SKIP_INSTALL_RPATH.
 function(vexpa_look_beside target installed_to)
     if(VEXPA_INSTALL AND NOT DEFINED CMAKE_INSTALL_RPATH)
         include(GNUInstallDirs)

@@ -11,21 +11,20 @@
 
 namespace vexpa_runtime {
 
-// A key for pointers of threads that `end` is called with; throws std::bad_alloc when there is none.
+// A pthread key whose destructor is `end`; throws std::bad_alloc when the process has none left.
 inline pthread_key_t NewThreadKey(void (*end)(void*)) {
     pthread_key_t key = 0;
     if (pthread_key_create(&key, end) != 0) throw std::bad_alloc();
     return key;
 }
 
-// The calling thread's T, made by its first call; T is a type that nobody else asks for. That
-// call throws std::bad_alloc when the system has no room to write down how T ends.
+// The calling thread's T, made on its first call, which throws std::bad_alloc when the system cannot
+// note the destructor. T is a type that nobody else asks for.
 //
-// A thread_local object of ours would be gone when those of a caller that were made before it
-// end, and on the main thread when static objects do; and their destructors may call us. So
-// it is a key that ends T: a thread comes to its keys after all of its thread_local objects, and
-// the end of the process does not come to them at all. Should another key's end call us once
-// more, T is made once more.
+// Not a plain thread_local: that would be destroyed before older thread_local objects of a caller,
+// and on the main thread before static objects, whose destructors may call us. The destructors of
+// keys run after all of a thread's thread_local objects, and at the end of the process not at all.
+// Should another key's destructor call us once more, T is made once more.
 template <class T>
 T& ThreadsOwn() {
     static_assert(std::is_nothrow_default_constructible_v<T>);

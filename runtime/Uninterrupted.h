@@ -6,8 +6,8 @@
 
 namespace vexpa_runtime {
 
-// What `call` answers, made again for as long as signals interrupt it. On file systems that
-// programs serve (FUSE) or that a network brings, this can happen to any call on a file.
+// The result of `call`, made again for as long as signals interrupt it. On FUSE and network file
+// systems that can happen to any call on a file.
 template <class Call>
 auto Uninterrupted(Call call) noexcept {
     for (;;) {

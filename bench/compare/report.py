@@ -47,10 +47,14 @@ WHY = """What stands in the way of those that are not met:
   too, for the same relationships. What is left to this library - names, types, indexes, two copies of
   each part - is about as much as Expat takes.
 - *10,000 parts and more*: the objects no longer fit the processor's caches. A part name is a record
-  of 328 bytes by the binary interface, and each part of a chain has four of them besides its maps.
-  That is also why the time for a part grows, and what a part takes beyond 1.5 KB.
-- *One large part*: a part's bytes are copied once, from where they were unpacked to the block that
-  its stream reads, and the reader copies them again. The limit copies once.
+  of 296 bytes by the binary interface, besides its texts, and each part of a chain has four of them:
+  its own, and source, target and resolved target of its relationship. That is also why the time for a
+  part grows, and what a part takes beyond 1.5 KB.
+- *One large part*, and documents of over 1 MiB: a part's bytes are copied once, from where they were
+  unpacked to the block that its stream reads, and the reader copies them again. The limit copies once.
+- *One extraction beside libzip*: both inflate the same bytes, and of what both take for a small entry
+  that is most. libzip has the archive open; here a call names the file, and looks whether it is still
+  the one that is kept.
 """
 
 

@@ -2,6 +2,7 @@
 #ifndef VEXPA_EXAMPLES_IMPORTER_IMPORTER_H_
 #define VEXPA_EXAMPLES_IMPORTER_IMPORTER_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <stdexcept>
 #include <string>

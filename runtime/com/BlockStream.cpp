@@ -5,7 +5,7 @@
 #include <new>
 #include <utility>
 
-#include "runtime/com/Guarded.h"
+#include "runtime/Guarded.h"
 
 namespace vexpa_runtime {
 

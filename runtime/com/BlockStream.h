@@ -2,6 +2,9 @@
 #ifndef VEXPA_RUNTIME_COM_BLOCKSTREAM_H_
 #define VEXPA_RUNTIME_COM_BLOCKSTREAM_H_
 
+#include <cstdint>
+#include <utility>
+
 #include "runtime/com/SharedBlock.h"
 #include "runtime/com/StreamBase.h"
 

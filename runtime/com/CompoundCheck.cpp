@@ -158,8 +158,9 @@ bool Checker::ReadMiniFat() {
     return CollectWhole(U32(kMiniFatStartAt), miniFat_.sectors) && MakeTable(miniFat_);
 }
 
-// Once the table's sectors are known. A number that means nothing ends libgsf's reading: of the
-// FAT it says so, of the mini FAT it takes the rest for zeros, and streams for what they are not.
+// Once the table's sectors are known. libgsf stops reading at a number that is neither a sector nor a
+// mark: for the FAT it reports an error, of the mini FAT it takes the rest for zeros, and hands out
+// the wrong bytes for a stream.
 bool Checker::MakeTable(Table& table) const {
     table.entries = table.sectors.size() * PerSector();
     if (table.entries > kMaxTableEntries) return false;

@@ -6,9 +6,9 @@
 
 #include <utility>
 
+#include "runtime/Guarded.h"
 #include "runtime/com/CompoundCheck.h"
 #include "runtime/com/GsfSilence.h"
-#include "runtime/com/Guarded.h"
 #include "runtime/com/StorageEnumerator.h"
 #include "runtime/com/StorageStream.h"
 

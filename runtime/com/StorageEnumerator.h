@@ -2,6 +2,7 @@
 #ifndef VEXPA_RUNTIME_COM_STORAGEENUMERATOR_H_
 #define VEXPA_RUNTIME_COM_STORAGEENUMERATOR_H_
 
+#include <cstdint>
 #include <memory>
 #include <utility>
 

@@ -2,8 +2,10 @@
 #ifndef VEXPA_RUNTIME_COM_STORAGESTREAM_H_
 #define VEXPA_RUNTIME_COM_STORAGESTREAM_H_
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "runtime/com/CompoundFile.h"
 #include "runtime/com/StorageElements.h"

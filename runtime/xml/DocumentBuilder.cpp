@@ -5,42 +5,15 @@
 #include <new>
 #include <utility>
 
+#include "runtime/text/Utf8.h"
+
 namespace vexpa_runtime {
 
 namespace {
 
 constexpr std::size_t kMaxCount = std::numeric_limits<std::uint32_t>::max();
 
-// Gives the units of the UTF-16 of `utf8`, which the parser has checked, one by one.
-template <class Sink>
-void ForEachUnit(std::string_view utf8, const Sink& sink) {
-    const auto* at = reinterpret_cast<const unsigned char*>(utf8.data());
-    const unsigned char* end = at + utf8.size();
-    const auto next = [&] { return at != end ? static_cast<char32_t>(*at++ & 0x3F) : 0; };
-    while (at != end) {
-        char32_t code = *at++;
-        if (code >= 0xF0) {
-            code = (code & 0x07) << 18;
-            code |= next() << 12;
-            code |= next() << 6;
-            code |= next();
-            sink(static_cast<char16_t>(0xD7C0 + (code >> 10)));
-            sink(static_cast<char16_t>(0xDC00 | (code & 0x3FF)));
-            continue;
-        }
-        if (code >= 0xE0) {
-            code = (code & 0x0F) << 12;
-            code |= next() << 6;
-            code |= next();
-        } else if (code >= 0x80) {
-            code = (code & 0x1F) << 6;
-            code |= next();
-        }
-        sink(static_cast<char16_t>(code));
-    }
-}
-
-// How many there are: one for each character, and another for those of four bytes.
+// The units of `utf8` in UTF-16: one for each character, and another for those of four bytes.
 std::size_t Utf16Length(std::string_view utf8) {
     std::size_t units = 0;
     for (const char c : utf8) {
@@ -51,11 +24,11 @@ std::size_t Utf16Length(std::string_view utf8) {
     return units;
 }
 
-// Answers where it places them.
+// Writes the UTF-16 of `utf8`, which the parser has checked, and answers its end.
 char16_t* WriteUtf16(std::string_view utf8, std::size_t units, char16_t* out) {
     const bool isAscii = units == utf8.size();
     if (isAscii) return std::copy(utf8.begin(), utf8.end(), out);
-    ForEachUnit(utf8, [&](char16_t unit) { *out++ = unit; });
+    for (std::size_t at = 0; at < utf8.size();) out = WriteCharacter(NextCharacter(utf8, at), out);
     return out;
 }
 

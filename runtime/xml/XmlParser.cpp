@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "runtime/com/Guarded.h"
+#include "runtime/Guarded.h"
 #include "runtime/xml/Encoding.h"
 #include "runtime/xml/XmlLimits.h"
 

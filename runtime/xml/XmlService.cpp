@@ -1,6 +1,6 @@
 #include <memory>
 
-#include "runtime/com/Guarded.h"
+#include "runtime/Guarded.h"
 #include "runtime/xml/XmlParser.h"
 #include "vexpa/platform/Runtime.h"
 

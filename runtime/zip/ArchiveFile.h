@@ -30,7 +30,8 @@ struct FileIdentity {
 // What `path` leads to now; nothing unless that is a regular file.
 std::optional<FileIdentity> IdentityOf(const char* path) noexcept;
 
-// A regular file, open as long as this object lives, or in memory; or both, a piece of it.
+// A regular file: open for as long as this object lives, or held in memory, or open with a piece of
+// it in memory.
 class ArchiveFile {
 public:
     // Nothing when `path` cannot be opened or is no regular file. Never waits on a FIFO.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "runtime/zip/Utf8.h"
+#include "runtime/text/Utf8.h"
 
 namespace vexpa_runtime::zip {
 

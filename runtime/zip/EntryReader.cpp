@@ -38,9 +38,9 @@ constexpr std::size_t kPiece = 128UL * 1024;
 
 using Block = std::unique_ptr<char, FreeMemory>;
 
-// From malloc, as whoever gets it frees it so. A large one lies in huge pages, if the system has
-// them for those who ask: a fault for each of those costs less than one for each 4 KiB. To align it,
-// malloc takes up to two more of them, of which nothing but addresses is ever used.
+// From malloc, as the receiver calls free. A large block is aligned to huge pages, and asks for them:
+// one fault for 2 MiB costs less than one for each 4 KiB. The alignment takes up to 4 MiB of addresses
+// more, but no memory.
 void* AllocateBytes(std::size_t size) {
     if (size < kHugePage) return std::malloc(size == 0 ? 1 : size);
     void* bytes = nullptr;

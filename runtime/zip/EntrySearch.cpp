@@ -4,8 +4,8 @@
 #include <string>
 
 #include "runtime/text/LocalText.h"
+#include "runtime/text/Utf8.h"
 #include "runtime/zip/NamePattern.h"
-#include "runtime/zip/Utf8.h"
 
 namespace vexpa_runtime::zip {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "runtime/zip/Utf8.h"
+#include "runtime/text/Utf8.h"
 
 namespace vexpa_runtime::zip {
 

@@ -32,7 +32,8 @@ void MarkOverlaps(std::vector<Entry>& entries, std::uint64_t fileSize) {
     for (Entry& entry : entries) {
         if (HasData(entry, fileSize)) inFile.push_back(&entry);
     }
-    // The first of the directory comes last of those at one place, and so is the one before the next.
+    // Of entries at one place the first of the directory is sorted last, so that it alone is
+    // measured by the next place.
     std::sort(inFile.begin(), inFile.end(), [](const Entry* a, const Entry* b) {
         return a->headerPosition != b->headerPosition ? a->headerPosition < b->headerPosition : a > b;
     });

@@ -17,18 +17,18 @@ class NamePattern;
 struct Entry;
 
 // Every request for an entry is a pattern, that for the relationships of a part too, and a part
-// may be named a*b. So an archive of many such names asks for many patterns, each of which has
-// to be tried on every name: a product that takes hours. Therefore
+// may be named a*b. An archive of many such names would have many patterns tried on every name, for
+// hours. Therefore
 //
 // - what a pattern matched is remembered: opening the same document again costs nothing;
 // - the work for new ones is bounded for each directory, and so is the room to remember them in.
-//   When either is used up, new patterns match nothing; names are found as ever. No archive comes
-//   near that was not made for it.
+//   When either is used up, new patterns match nothing; names are found as ever. No archive that was
+//   not made for it comes near these bounds.
 //
 // So a pattern that matched once always does, and a file gives the same package each time that it
 // is opened.
 //
-// Threads  Any.
+// Threads  Any thread at any time.
 class PatternSearch {
 public:
     // May take `steps`, as NamePattern counts them, and remember patterns in `room` bytes.

@@ -19,11 +19,10 @@ namespace vexpa_runtime::zip {
 // Whether the stamps of the file say so, by the clock that files are stamped by.
 bool HadSettled(const FileIdentity& file, const std::timespec& now);
 
-// Stamps may lie ahead of this machine's clock, by hours: that of a server is fast, or this one
-// was set back. But the clock that stamped a file had reached the stamp when the file was first
-// seen with it, so a change more than a tick after that is stamped later. Hence no file is
-// unsettled for longer, whatever its stamps, as long as the clock that it is stamped by is not
-// set back to the very tick of its last change.
+// Stamps may lie hours ahead of this machine's clock: that of a server is fast, or this one was set
+// back. But the clock that stamped a file had reached the stamp when the file was first seen with it,
+// so any change more than a tick later gets a later stamp. Hence no file stays unsettled for longer
+// than a tick, unless the clock that it is stamped by is set back to the very tick of its last change.
 //
 // Threads  All functions may be called from any thread.
 class Settling {

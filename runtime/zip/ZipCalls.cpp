@@ -5,10 +5,11 @@
 #include <string>
 #include <utility>
 
+#include "runtime/Guarded.h"
 #include "runtime/ThreadsOwn.h"
 #include "runtime/text/LocalText.h"
+#include "runtime/text/Utf8.h"
 #include "runtime/zip/Extraction.h"
-#include "runtime/zip/Utf8.h"
 #include "vexpa/platform/Runtime.h"
 
 namespace vexpa_runtime::zip {
@@ -30,17 +31,13 @@ void ForgetLargeList() {
     if (ListedNames().capacity() > kMostKept) std::u16string().swap(ListedNames());
 }
 
-// What every call begins with. No exception leaves a C call.
+// What every call begins with.
 template <class Call>
-HRESULT Guarded(Call call) noexcept {
-    try {
+HRESULT Begin(Call call) noexcept {
+    return Guarded([&] {
         ForgetLargeList();
         return call();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (...) {
-        return E_FAIL;
-    }
+    });
 }
 
 std::shared_ptr<const Directory> OpenDirectory(const char16_t* path) {
@@ -89,7 +86,7 @@ HRESULT _XGetZipFileCount(const char16_t* path, std::int32_t* count) {
     if (count == nullptr) return E_INVALIDARG;
     *count = 0;
     if (path == nullptr) return E_FAIL;
-    return Guarded([&] {
+    return Begin([&] {
         const auto directory = OpenDirectory(path);
         if (directory == nullptr) return E_FAIL;
         *count = static_cast<std::int32_t>(directory->Count());
@@ -101,7 +98,7 @@ HRESULT _XGetZipFileList(const char16_t* path, const char16_t** names, std::int3
     using namespace vexpa_runtime::zip;
     if (path == nullptr) return E_FAIL;
     if (names == nullptr && count != 0) return E_INVALIDARG;
-    return Guarded([&] { return List(path, names, count); });
+    return Begin([&] { return List(path, names, count); });
 }
 
 // The messages that the callbacks ask for exist for a person at a terminal; there are none here.
@@ -110,5 +107,5 @@ int UzpUnzipToMemory(char* zip, char* entry, UzpOpts*, UzpCB*, UzpBuffer* result
     if (result == nullptr) return 0;
     *result = {0, nullptr};
     if (zip == nullptr || entry == nullptr) return 0;
-    return Guarded([&] { return Unzip(zip, entry, *result); }) == S_OK ? 1 : 0;
+    return Begin([&] { return Unzip(zip, entry, *result); }) == S_OK ? 1 : 0;
 }

@@ -170,6 +170,8 @@ def check_kept(tree):
         if len(named) != text.count("Kept:"):
             yield f"{where}: a 'Kept:' without its test"
         for name in re.findall(r"[\w.]+", " ".join(named)):
+            if "." not in name:
+                yield f"{where}: {name} without its suite"
             said.add(name.rpartition(".")[2])
             if not tree.has_test(name):
                 yield f"{where}: the test {name} does not exist"

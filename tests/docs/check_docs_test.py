@@ -72,25 +72,31 @@ class DocsTest(FolderTest):
         self.assertIn("'Read();'", self.found("snippets"))
 
     def test_what_is_kept_is_on_the_page(self):
-        self.write("vexpa/Part.cpp", "// Kept: an oddity that\n// must stay. (IsOdd, Part.IsOdder)\n")
+        self.write("vexpa/Part.cpp", "// Kept: an oddity that\n// must stay. (Part.IsOdd, Part.IsOdder)\n")
         self.write("tests/PartTest.cpp", "TEST(Part, IsOdd) {}\nTEST(Part, IsOdder) {}\n")
         self.write("docs/kept-behaviour.md",
                    "| What | Why | Test |\n|---|---|---|\n| odd | so | `Part.IsOdd`, `Part.IsOdder` |\n")
         self.assertEqual(self.found("kept"), "")
 
     def test_what_is_kept_and_not_on_the_page(self):
-        self.write("vexpa/Part.cpp", "// Kept: an oddity. (IsOdd)\n")
+        self.write("vexpa/Part.cpp", "// Kept: an oddity. (Part.IsOdd)\n")
         self.write("tests/PartTest.cpp", "TEST(Part, IsOdd) {}\n")
-        self.assertIn("IsOdd is not in docs/kept-behaviour.md", self.found("kept"))
+        self.assertIn("Part.IsOdd is not in docs/kept-behaviour.md", self.found("kept"))
 
     def test_what_is_kept_without_a_test(self):
         self.write("vexpa/Part.cpp", "// Kept: an oddity.\nint odd;\n")
         self.assertIn("without its test", self.found("kept"))
 
     def test_what_is_kept_with_a_test_that_does_not_exist(self):
-        self.write("vexpa/Part.cpp", "// Kept: an oddity. (IsOdd)\n")
+        self.write("vexpa/Part.cpp", "// Kept: an oddity. (Part.IsOdd)\n")
         self.write("docs/kept-behaviour.md", "`Part.IsOdd`\n")
-        self.assertIn("the test IsOdd does not exist", self.found("kept"))
+        self.assertIn("the test Part.IsOdd does not exist", self.found("kept"))
+
+    def test_what_is_kept_with_a_test_without_its_suite(self):
+        self.write("vexpa/Part.cpp", "// Kept: an oddity. (IsOdd)\n")
+        self.write("tests/PartTest.cpp", "TEST(Part, IsOdd) {}\n")
+        self.write("docs/kept-behaviour.md", "`Part.IsOdd`\n")
+        self.assertEqual(self.found("kept"), "vexpa/Part.cpp: IsOdd without its suite")
 
     def test_what_is_kept_with_its_tests_in_two_lines(self):
         self.write("vexpa/Part.cpp", "// Kept: odd. (Part.IsOdd,\n// Part.IsOdder)\nint odd;\n")

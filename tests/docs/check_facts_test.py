@@ -22,7 +22,10 @@ class FactsTest(FolderTest):
                 "CMakePresets.json": '{"configurePresets": [{"name": "base", "hidden": true},'
                                        ' {"name": "dev"}]}',
                 "docs/man/vexpa.1": '.TH VEXPA 1 "" "libvexpa 1.2.0"\n.BI "check " FILE\n.B \\-\\-deep\n',
-                "vexpa/xmlfx/tokens.tsv": "name\none\ntwo\n",
+                "vexpa/xmlfx/namespaces.tsv": "registration\tid\tlabel\turi\tnames\n"
+                                              "1\t1\ta\turn:a\t2\n2\t2\ta\turn:a\t1\n",
+                "vexpa/xmlfx/tokens.tsv": "registration\tid\tposition\tindex\tname\n"
+                                          "1\t1\t1\t1\tone\n1\t1\t2\t2\ttwo\n2\t2\t1\t1\ttwo\n",
                 "vexpa/opc/relationship-types.tsv": "type\none\n",
                 "packaging/debian/control": "Package: libvexpa1\nDescription: 2 names\n with tokens\n",
                 "tool/check/FindingTable.cpp": "numbers 1 relationship types\n",

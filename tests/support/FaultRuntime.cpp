@@ -18,7 +18,7 @@ FaultRuntime::FaultRuntime() {
 
 FaultRuntime::~FaultRuntime() {
     g_active = nullptr;
-    for (const auto& buffer : buffers_) std::free(buffer.first);
+    for (void* buffer : buffers_) std::free(buffer);
 }
 
 FaultRuntime* FaultRuntime::Active() {
@@ -55,7 +55,9 @@ std::size_t FaultRuntime::Count(const std::string& call) const {
 
 bool FaultRuntime::Fails(const std::string& name, const std::string& detail) {
     calls_.push_back(detail.empty() ? name : name + "(" + detail + ")");
-    const bool fails = ++fallible_ == failAt_ || (++counts_[name] == failNameAt_ && name == failName_);
+    ++fallible_;
+    ++counts_[name];
+    const bool fails = fallible_ == failAt_ || (name == failName_ && counts_[name] == failNameAt_);
     if (fails) failedCall_ = name;
     return fails;
 }
@@ -71,7 +73,7 @@ void FaultRuntime::OnCallbacks(const UzpCB& callbacks) {
 }
 
 void FaultRuntime::OnBuffer(void* bytes) {
-    if (bytes != nullptr) buffers_[bytes] = true;
+    if (bytes != nullptr) buffers_.insert(bytes);
 }
 
 void FaultRuntime::OnFree(void* memory) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -64,7 +65,7 @@ public:
 private:
     std::vector<std::string> calls_;
     std::map<std::string, std::size_t> counts_;
-    std::map<void*, bool> buffers_;
+    std::set<void*> buffers_;
     std::size_t fallible_ = 0;
     std::size_t failAt_ = 0;
     std::string failName_;

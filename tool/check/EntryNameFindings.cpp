@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "runtime/zip/Utf8.h"
+#include "runtime/text/Utf8.h"
 #include "tool/check/Groups.h"
 #include "tool/check/PartNames.h"
 #include "tool/check/Shown.h"
@@ -123,7 +123,7 @@ public:
         } else if (HasWildcard(name) && !IsToldOf(name)) {
             wildcard_.push_back(&entry);
         }
-        if (!vexpa_runtime::zip::IsUtf8(rawName)) codePage_.push_back(&entry);
+        if (!vexpa_runtime::IsUtf8(rawName)) codePage_.push_back(&entry);
         if (!SurvivesLocale(name)) outsideLocale_.push_back(&entry);
         if (LeavesItsFolder(name)) climbing_.push_back(&entry);
         if (IsDeceptive(name, rawName)) deceptive_.push_back(&entry);

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "runtime/zip/Utf8.h"
+#include "runtime/text/Utf8.h"
 #include "tool/text/Unicode.h"
 
 namespace vexpa_tool {
@@ -12,7 +12,7 @@ std::string SpelledName(const Container& container, const ContainerEntry& entry)
     const std::string raw = container.RawName(entry);
     if (raw.find('\0') == std::string::npos) return std::string(listed);
     // Each character of the bytes, in UTF-8 or a code page of bytes, has become one of the name.
-    const bool isUtf8 = vexpa_runtime::zip::IsUtf8(raw);
+    const bool isUtf8 = vexpa_runtime::IsUtf8(raw);
     std::string spelled;
     for (std::string_view rest = raw; !rest.empty() && !listed.empty();) {
         const char32_t character = TakeUtf8(listed);

@@ -2,8 +2,8 @@
 
 #include <libdeflate.h>
 
+#include "runtime/text/Utf8.h"
 #include "runtime/zip/ExtraFields.h"
-#include "runtime/zip/Utf8.h"
 
 namespace vexpa_tool {
 
@@ -23,7 +23,7 @@ std::optional<std::string> UnicodePath(const Container& container, const Contain
     const std::string rawName = container.RawName(entry);
     if (libdeflate_crc32(0, rawName.data(), rawName.size()) != crc) return std::nullopt;
     std::string name(reinterpret_cast<const char*>(field.at), field.size);
-    if (!zip::IsUtf8(name)) return std::nullopt;
+    if (!vexpa_runtime::IsUtf8(name)) return std::nullopt;
     return name;
 }
 

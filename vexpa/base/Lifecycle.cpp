@@ -9,7 +9,7 @@
 namespace {
 
 // Kept: nothing guards the count. One _vexpa_Terminate too many wraps it, and the next
-// _vexpa_Initialize only brings it back to zero. (TerminateWithoutInitializeWrapsTheCount)
+// _vexpa_Initialize only brings it back to zero. (Lifecycle.TerminateWithoutInitializeWrapsTheCount)
 constinit std::uint32_t initCount = 0;
 
 }  // namespace

@@ -10,7 +10,7 @@ namespace {
 
 // Calls visit(key, content type) for each element of this name that has both attributes.
 //
-// Kept: wherever it stands, under any root. (ElementsOfAnyRootAndNamespaceCountAtAnyDepth)
+// Kept: wherever it stands, under any root. (ContentTypes.ElementsOfAnyRootAndNamespaceCountAtAnyDepth)
 template <class Visit>
 void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t* keyName,
                  Visit visit) {

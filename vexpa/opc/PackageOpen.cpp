@@ -70,7 +70,7 @@ HRESULT PackageImpl::ReadPackageRelationships() {
     // the package opens, and one that leads out of it never does. Without any the package opens.
     // (PackageOpen.TheLastRelationshipDecides, PackageOpen.FailsWhenTheLastRelationshipIsExternal,
     // PackageOpen.SucceedsWithoutAnyRelationship)
-    const auto file = [&](std::unique_ptr<RelationshipImpl> relationship) {
+    const auto keep = [&](std::unique_ptr<RelationshipImpl> relationship) {
         result = E_FAIL;
         if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         const Relationship& filed = *relationship;
@@ -78,7 +78,7 @@ HRESULT PackageImpl::ReadPackageRelationships() {
         if (GetPart(filed.GetTarget()) != nullptr) result = S_OK;
         return true;
     };
-    ReadRelationships(*document.Get(), {}, types_, file);
+    ReadRelationships(*document.Get(), {}, types_, keep);
     return result;
 }
 

@@ -84,13 +84,13 @@ void PackageImpl::ReadPartRelationships(PartImpl& part) {
     ComPtr<IDomDocument> document;
     ParseDocument(stream.Get(), document.Out());
     std::size_t count = 0;
-    const auto file = [&](std::unique_ptr<RelationshipImpl> relationship) {
+    const auto keep = [&](std::unique_ptr<RelationshipImpl> relationship) {
         if (!allowance_.TakeMemory(relationship->MemoryUse())) return false;
         part.Relationships().File(std::move(relationship), ownedObjects_);
         ++count;
         return true;
     };
-    if (document) ReadRelationships(*document.Get(), source, types_, file);
+    if (document) ReadRelationships(*document.Get(), source, types_, keep);
     allowance_.CountText(size, count);
 }
 

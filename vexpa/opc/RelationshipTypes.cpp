@@ -31,7 +31,7 @@ RelationshipTypeId FindRelationshipTypeId(std::u16string_view normalizedType) {
                          [](const RelationshipTypeRow* row, auto type) { return row->uri < type; });
     if (found == index.end() || (*found)->uri != normalizedType) return RelTypeUnknown;
     // Kept: a thumbnail answers 33, the id of custom properties; only a search uses 34.
-    // (ThumbnailTypeAnswers33)
+    // (RelationshipTypes.ThumbnailTypeAnswers33)
     return (*found)->id == RelTypeThumbnail ? RelTypeCustomProperties : (*found)->id;
 }
 

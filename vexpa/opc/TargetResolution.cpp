@@ -30,7 +30,8 @@ struct StepsUp {
     std::size_t end = 0;  // right after the last of them
 };
 
-// Kept: every ".." is a step up, also one inside a file name. (TwoDotsInsideAFileNameClimb)
+// Kept: every ".." is a step up, also one inside a file name.
+// (ResolveTarget.TwoDotsInsideAFileNameClimb)
 StepsUp CountStepsUp(std::u16string_view target) {
     StepsUp steps;
     for (std::size_t at = 0; (at = target.find(u"..", at)) != target.npos;) {
@@ -46,7 +47,8 @@ StepsUp CountStepsUp(std::u16string_view target) {
 //
 // Kept: after a separator at the very start the searches begin again at the end of the
 // directory; without one they stay at the first separator.
-// (StepsBeyondTheRootBeginAgainAtTheEnd, StepsBeyondARelativeDirectoryStayAtItsFirstSeparator)
+// (ResolveTarget.StepsBeyondTheRootBeginAgainAtTheEnd,
+// ResolveTarget.StepsBeyondARelativeDirectoryStayAtItsFirstSeparator)
 //
 // So the separators are met in a cycle, or until they are used up, and counting them tells
 // which one is the last: a target may hold far more steps than there is time to search.

@@ -54,8 +54,8 @@ Handle<FlatXmlRoAttrImpl> FlatXmlRoAttrImpl::New(const unsigned short* value, st
     return set;
 }
 
-// The last reference is gone. Whoever holds a leaf takes turns with this, so outliving_ need
-// not be right before the end; from then on the leaves end as they like.
+// The last reference is gone. Until here the release of a leaf is serialised with that of its set, so
+// outliving_ is not needed before; from here on leaves may be released by several threads.
 void FlatXmlRoAttrImpl::operator delete(FlatXmlRoAttrImpl* set, std::destroying_delete_t) noexcept {
     std::uint32_t outliving = 0;
     for (Leaf& leaf : set->Leaves()) outliving += leaf.Outlives() ? 1 : 0;

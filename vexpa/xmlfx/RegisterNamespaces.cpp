@@ -27,7 +27,8 @@ void AddTokens(const char16_t* uri, std::span<const NameEntry> entries) {
 }
 
 // Kept: the namespace is that of the list's first token, whatever the URI. The chart list
-// has one of SpreadsheetML drawing, where its token means "txBox". (ChartSharesATokenWithTxBox)
+// has one of SpreadsheetML drawing, where its token means "txBox".
+// (Registry.ChartSharesATokenWithTxBox)
 void AddNames(const char16_t* uri, std::span<const NameEntry> entries) {
     if (entries.empty()) return;
     auto& names = XmlMapper::GetNSMapInverse()[NamespaceOf(entries.front().token)];
@@ -47,7 +48,7 @@ void RegisterNamespace(const char16_t* uri, const NameEntry* names, unsigned cou
 }
 
 // Kept: one namespace in the map, be it one that Transform added before the library was
-// started, and nothing is registered. (AMapThatHoldsSomethingIsNotFilled)
+// started, and nothing is registered. (RegistryBeforeInitialize.AMapThatHoldsSomethingIsNotFilled)
 void RegisterNamespaces() {
     const NSMap& map = XmlMapper::GetNSMap();
     if (!map.empty() && !HoldsUnfinished(map)) return;

@@ -49,9 +49,9 @@ public:
     using iterator = Iterator<value_type>;
     using const_iterator = Iterator<const value_type>;
 
-    // An empty map. Only the library makes maps.
+    // An empty map.
     RegistryMap() noexcept;
-    ~RegistryMap();  // ends all entries
+    ~RegistryMap();  // destroys all entries
 
     RegistryMap(const RegistryMap&) = delete;
     RegistryMap& operator=(const RegistryMap&) = delete;
@@ -79,11 +79,10 @@ public:
     // 1 if there is an entry of `key`, else 0.
     size_type count(Key key) const noexcept { return contains(key) ? 1 : 0; }
 
-    // The value of `key`; of a new entry with an empty value when there was none. Asking for
-    // the same key again costs no more than comparing it: the map remembers it, so this writes,
-    // also for a key that is there. Threads that only read use find.
+    // The value of `key`, added with an empty value when there was none. The map remembers the last
+    // key asked for, so this writes also for a key that is there: threads that only read use find.
     T& operator[](Key key);
-    // The same, and whether the entry is new.
+    // The entry of `key`, added with an empty value when there was none, and whether it was added.
     std::pair<iterator, bool> try_emplace(Key key);
 
     // Makes room for `count` entries at once; std::length_error when there can be none.

@@ -6,8 +6,11 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <new>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 
 #include "vexpa/xmlfx/BalancedTree.h"
 #include "vexpa/xmlfx/RegistryMap.h"

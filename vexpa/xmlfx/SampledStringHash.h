@@ -2,6 +2,7 @@
 #ifndef VEXPA_XMLFX_SAMPLEDSTRINGHASH_H_
 #define VEXPA_XMLFX_SAMPLEDSTRINGHASH_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -11,7 +12,7 @@ namespace tarn::xmlfx {
 // FNV-1 over at most about ten code units, so that a long URI costs no more than a short name.
 //
 // Kept: texts that differ only in the units it passes over collide, and it always passes over
-// the last ones. (PassesOverTheLastUnits)
+// the last ones. (SampledStringHash.PassesOverTheLastUnits)
 struct SampledStringHash {
     std::uint64_t operator()(std::u16string_view text) const noexcept {
         const std::size_t stride = text.size() / 10 + 1;

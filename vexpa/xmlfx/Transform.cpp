@@ -13,7 +13,7 @@ namespace {
 
 // The token of an attribute, or kNullToken when the vocabulary does not have it.
 //
-// Kept: an unknown namespace becomes a key of the map. (AnUnknownNamespaceIsAddedToTheMap)
+// Kept: an unknown namespace becomes a key of the map. (Transform.AnUnknownNamespaceIsAddedToTheMap)
 std::uint32_t TokenOf(NSMap& namespaces, const unsigned short* uri, const unsigned short* name) {
     const auto& names = namespaces[ViewText(uri)];
     const auto found = names.find(ViewText(name));
@@ -30,7 +30,8 @@ Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defau
                             const unsigned short* value) {
     constexpr unsigned kMostReserved = 64;  // a parser's word is no reason to allocate more
     const unsigned length = attrs == nullptr ? 0 : attrs->getLength();
-    // Kept: without attributes, `value` is lost. (OfNoAttributesIsTheEmptySetWhateverTheValue)
+    // Kept: without attributes, `value` is lost.
+    // (Transform.OfNoAttributesIsTheEmptySetWhateverTheValue)
     if (length == 0) return NullXmlRoAttrImpl::Get();
 
     Handle<FlatXmlRoAttrImpl> set = FlatXmlRoAttrImpl::New(value, std::min(length, kMostReserved));

@@ -31,14 +31,14 @@ inline constexpr std::uint32_t kTextToken = 0xFFFFFFFF;
 // moved or removed. tests/xmlfx/SlotOrderTest.cpp fails when it changes.
 class XmlAttrHandler : public Object, public Noncopyable {
 public:
-    // Begins the set of an element, on top of its attributes (see Transform; never null),
-    // which the set shares; of attributes that cannot be shared only the value string is taken. The
-    // token is not used here, that of EndElement counts. Always 1.
+    // Begins the element's set with its attributes (see Transform; never null), which the set shares;
+    // of attributes that cannot be shared only the value string is taken. The token is not used here:
+    // that of EndElement counts. Always 1.
     virtual int StartElement(std::uint32_t token, XmlRoAttr* attrs) = 0;
     // Adds a piece of the element's text under kTextToken; null adds nothing.
     virtual void Characters(const unsigned short* text) = 0;
-    // Reports the set, with this token. It stays until the next StartElement; who keeps it longer
-    // shares it.
+    // Reports the set, with this token. It is valid until the next StartElement; to keep it longer,
+    // share it.
     virtual void EndElement(std::uint32_t token) = 0;
     // [borrowed] The handler of the child elements, the same each time. What it reports is
     // added to this handler's set under the child element's token.
@@ -46,7 +46,7 @@ public:
     // Empties the set, but for its value string.
     virtual void Reset() = 0;
     // Adds a finished set, never null, sharing it; one that cannot be shared is not added. A
-    // set added to itself ends only after Reset.
+    // set added to itself is freed only after Reset.
     virtual void AddChild(std::uint32_t token, XmlRoAttr* set) = 0;
 
 protected:

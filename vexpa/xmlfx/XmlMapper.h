@@ -35,7 +35,7 @@ constexpr std::uint32_t NamespaceOf(std::uint32_t token) noexcept {
 //
 // They begin with the names of ECMA-376 Parts 1 to 4 (WordprocessingML, PresentationML, DrawingML,
 // VML and what packages are made of), of Dublin Core and XML Schema instances, of the extensions that
-// Microsoft published from 2006 to 2010, and of the custom data of one office suite.
+// Microsoft published from 2006 to 2010, and of one vendor's custom data.
 //
 //     const NSMap& namespaces = XmlMapper::GetNSMap();
 //     if (auto names = namespaces.find(uri); names != namespaces.end()) {

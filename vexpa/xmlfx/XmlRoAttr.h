@@ -19,8 +19,9 @@ namespace tarn::xmlfx {
 // Lifetime  Shared by reference count. A set holds its values, so what it hands out stays
 //           valid as long as the set does.
 // Errors    A position or token that is not there answers null.
-// Threads   A finished set is read by any number of threads. Sharing and releasing the
-//           same set is serialised by the callers.
+// Threads   A finished set is read by any number of threads. Sharing and releasing the same set
+//           is serialised by the callers. The last release of a set releases its values, too: so
+//           is that with whatever is done to the count of a value that was shared by itself.
 //
 // The order of the virtual members is the binary interface: nothing is inserted,
 // moved or removed. tests/xmlfx/SlotOrderTest.cpp fails when it changes.

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "runtime/com/Guarded.h"
+#include "runtime/Guarded.h"
 #include "tests/runtime/com/Blocks.h"
 #include "tests/runtime/com/CompoundBytes.h"
 #include "tests/support/FailingAllocator.h"

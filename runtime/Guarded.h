@@ -1,6 +1,6 @@
-// runtime/com/Guarded.h - keeps exceptions behind the C interface.
-#ifndef VEXPA_RUNTIME_COM_GUARDED_H_
-#define VEXPA_RUNTIME_COM_GUARDED_H_
+// runtime/Guarded.h - keeps exceptions behind the C interface.
+#ifndef VEXPA_RUNTIME_GUARDED_H_
+#define VEXPA_RUNTIME_GUARDED_H_
 
 #include <new>
 
@@ -22,4 +22,4 @@ HRESULT Guarded(Action&& action) noexcept {
 
 }  // namespace vexpa_runtime
 
-#endif  // VEXPA_RUNTIME_COM_GUARDED_H_
+#endif  // VEXPA_RUNTIME_GUARDED_H_

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "runtime/zip/Utf8.h"
+#include "runtime/text/Utf8.h"
 
 namespace {
 
-using namespace vexpa_runtime::zip;
+using namespace vexpa_runtime;
 
 TEST(Utf8, AcceptsWellFormedTextOnly) {
     struct Row {

@@ -1,9 +1,10 @@
-#include "runtime/zip/Utf8.h"
+#include "runtime/text/Utf8.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 
-namespace vexpa_runtime::zip {
+namespace vexpa_runtime {
 
 namespace {
 
@@ -84,15 +85,8 @@ void AppendUtf8(std::string& out, char32_t character) {
 }
 
 void AppendUtf16(std::u16string& out, std::string_view text) {
-    for (std::size_t at = 0; at < text.size();) {
-        const char32_t character = NextCharacter(text, at);
-        if (character < 0x10000) {
-            out.push_back(static_cast<char16_t>(character));
-        } else {
-            out.push_back(static_cast<char16_t>(0xD7C0 + (character >> 10)));
-            out.push_back(static_cast<char16_t>(0xDC00 + (character & 0x3FF)));
-        }
-    }
+    auto end = std::back_inserter(out);
+    for (std::size_t at = 0; at < text.size();) end = WriteCharacter(NextCharacter(text, at), end);
 }
 
 std::string Utf8FromUtf16(std::u16string_view text) {
@@ -109,4 +103,4 @@ std::string Utf8FromUtf16(std::u16string_view text) {
     return out;
 }
 
-}  // namespace vexpa_runtime::zip
+}  // namespace vexpa_runtime
