@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "examples/Library.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/Transform.h"
 #include "vexpa/xmlfx/XmlAttrBuilder.h"

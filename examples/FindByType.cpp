@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;

@@ -6,9 +6,10 @@
 #include <string_view>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/xmlfx/XmlMapper.h"
 
+using namespace tarn;
 using namespace tarn::xmlfx;
 
 namespace {

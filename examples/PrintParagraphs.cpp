@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "examples/Library.h"
 #include "examples/QtImporter.h"
 #include "examples/importer/PartStream.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/base/Utf16.h"
 #include "vexpa/xmlfx/XmlAttrHandler.h"
 

@@ -4,9 +4,9 @@
 #include <cstdio>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;

@@ -68,7 +68,7 @@ void BuildElement() {
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
-    _vexpa_Initialize();
+    const Library library;
     const Handle<opc::Package> package =
         opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
     if (!package) return 3;
@@ -78,5 +78,4 @@ int main(int argc, char** argv) {
     ListParts(*package, *document);
     ReadStart(*document);
     BuildElement();
-    return _vexpa_Terminate();
 }
