@@ -12,7 +12,7 @@ inline tarn::Handle<tarn::opc::Package> OpenPackage(const char* file) {
 
 // The package's own, or null.
 inline tarn::opc::Part* FindPart(tarn::opc::Package& package, const char* name) {
-    return package.GetPart(tarn::opc::PartUri(tarn::FromUtf8(name).c_str()));
+    return package.GetPart(tarn::FromUtf8(name).c_str());
 }
 
 // The text, the presentation, the workbook: the package's own, or null.

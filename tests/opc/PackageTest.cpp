@@ -116,6 +116,13 @@ TEST(GetRelationships, StandInTheOrderOfCodeUnits) {
     EXPECT_EQ(ids, (std::vector<std::u16string>{u"Z", u"a", u"rId10", u"rId2"}));
 }
 
+TEST(GetPart, TakesANameAsText) {
+    const Handle<opc::Package> package = MinimalPackage().Open();
+    opc::Part* part = package->GetPart(u"word/document.xml");
+    ASSERT_NE(part, nullptr);
+    EXPECT_EQ(package->GetPart(opc::PartUri(u"word/document.xml")), part);
+}
+
 TEST(GetPart, OfAMissingEntryIsNull) {
     const Handle<opc::Package> package = MinimalPackage().Open();
     EXPECT_EQ(package->GetPart(opc::PartUri(u"word/gone.xml")), nullptr);

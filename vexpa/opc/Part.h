@@ -18,7 +18,7 @@ namespace tarn::opc {
 struct PartData {
     std::uint8_t* bytes;      // null: the bytes are the stream's
     std::uint32_t length;     // of `bytes`
-    std::uint32_t ownsBytes;  // non-zero: the part ends with delete[] of `bytes`
+    std::uint32_t ownsBytes;  // non-zero: the part frees `bytes` with delete[]
     IStream* dataStream;      // [borrowed] null until the entry was extracted
     std::uint8_t* position;   // where `bytes` was when the stream was made
     std::uint8_t* end;        // the same
