@@ -72,7 +72,7 @@ int main(int argc, char** argv) {
     const Library library;
     try {
         importer::QtImporter qt;
-        const importer::Tree tree = qt.Import(*importer::OpenMainPart(argv[1]).Get());
+        const importer::Tree tree = qt.Import(*importer::OpenMainPart(argv[1]));
         PrintParagraphs(*tree.root);
         return 0;
     } catch (const std::exception& error) {

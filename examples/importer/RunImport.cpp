@@ -15,7 +15,7 @@ int RunImport(Importer& importer, int argc, char** argv) {
     }
     try {
         const tarn::Library library;  // the namespace maps are filled now
-        const Tree tree = importer.Import(*OpenMainPart(argv[1]).Get());
+        const Tree tree = importer.Import(*OpenMainPart(argv[1]));
         std::printf("%" PRIu64 " elements, %" PRIu64 " attributes with a token, %zu levels\n",
                     tree.elements, tree.attributes, tree.depth);
         return 0;
