@@ -47,7 +47,7 @@ public:
     // the last relationship of the package has no part, when the relationships of the package would
     // take more than 512 MiB, or when the platform has no memory. A failure is not remembered.
     // `flags` has no effect.
-    VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
+    [[nodiscard]] VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
 
     // Ends all parts and relationships and closes the archive. Look-ups then find nothing;
     // there is no way to open the package again.
@@ -92,8 +92,8 @@ public:
     virtual Handle<Package> Clone() = 0;
 
     // [owned] For callers whose text is char16_t.
-    static Handle<Package> Open(const char16_t* path) { return Open(ToUnits(path), 0); }
-    static Handle<Package> Open(const char16_t* path, unsigned int flags) {
+    [[nodiscard]] static Handle<Package> Open(const char16_t* path) { return Open(ToUnits(path), 0); }
+    [[nodiscard]] static Handle<Package> Open(const char16_t* path, unsigned int flags) {
         return Open(ToUnits(path), flags);
     }
 
