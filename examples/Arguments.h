@@ -1,19 +1,13 @@
-// examples/Arguments.h - what was typed, before it is passed on.
+// examples/Arguments.h - what an example says when it is called in another way than it must be.
 #ifndef VEXPA_EXAMPLES_ARGUMENTS_H_
 #define VEXPA_EXAMPLES_ARGUMENTS_H_
 
-#include <filesystem>
-#include <system_error>
+#include <cstdio>
 
-// The library takes UTF-16, so what is not UTF-8 names no file and no part; converting it would
-// throw. The examples end with 2 then, as after a wrong number of arguments.
-inline bool AreUtf8(const char* const* arguments) {
-    try {
-        for (; *arguments != nullptr; ++arguments) (void)std::filesystem::path(*arguments).u16string();
-        return true;
-    } catch (const std::system_error&) {
-        return false;
-    }
+// Says how it is called. The exit status for that.
+inline int Usage(const char* call) {
+    std::fprintf(stderr, "usage: %s\n", call);
+    return 2;
 }
 
 #endif  // VEXPA_EXAMPLES_ARGUMENTS_H_

@@ -4,15 +4,15 @@
 // XercesImporter.cpp and QtImporter.cpp have them from a parser.
 
 #include <cstdio>
-#include <filesystem>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "examples/Library.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/base/Utf16.h"
+#include "vexpa/base/Utf8.h"
 #include "vexpa/xmlfx/Transform.h"
 #include "vexpa/xmlfx/XmlAttrBuilder.h"
 #include "vexpa/xmlfx/XmlMapper.h"
@@ -98,8 +98,8 @@ void Print(const XmlRoAttr& root) {
             continue;
         }
         const std::string indent(2 * (open.size() - 1), ' ');
-        std::printf("%s%s: \"%s\"\n", indent.c_str(), std::filesystem::path(NameOf(token)).c_str(),
-                    std::filesystem::path(CopyText(value->GetValue())).c_str());
+        std::printf("%s%s: \"%s\"\n", indent.c_str(), ToUtf8(NameOf(token)).c_str(),
+                    ToUtf8(value->GetValue()).c_str());
         open.push_back({value, 0});
     }
 }
@@ -118,5 +118,5 @@ int main() {
     const XmlRoAttr* alignment = properties == nullptr ? nullptr : properties->Find(TokenOf(u"jc"));
     const XmlRoAttr* value = alignment == nullptr ? nullptr : alignment->Find(TokenOf(u"val"));
     if (value == nullptr) return 4;
-    std::printf("aligned: %s\n", std::filesystem::path(CopyText(value->GetValue())).c_str());
+    std::printf("aligned: %s\n", ToUtf8(value->GetValue()).c_str());
 }

@@ -1,11 +1,11 @@
 // Finds the styles and the headers of a text document: FindByType FILE
 
 #include <cstdio>
-#include <filesystem>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
+#include "vexpa/base/Lifecycle.h"
+#include "vexpa/base/Utf8.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
@@ -18,13 +18,13 @@ void Print(const char* what, const opc::Relationship* relationship) {
         return;
     }
     const opc::PartUri& target = relationship->GetResolvedTarget();
-    std::printf("%s: %s\n", what, std::filesystem::path(target.name).c_str());
+    std::printf("%s: %s\n", what, ToUtf8(target.name).c_str());
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2 || !AreUtf8(argv + 1)) return 2;
+    if (argc != 2) return Usage("FindByType FILE");
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;
@@ -41,6 +41,6 @@ int main(int argc, char** argv) {
     // By Id there are all of them.
     for (const auto& [id, relationship] : document->GetRelationships()) {
         if (relationship->GetTypeId() != opc::RelTypeHeader) continue;
-        Print(std::filesystem::path(u"header " + id).c_str(), relationship);
+        Print(ToUtf8(u"header " + id).c_str(), relationship);
     }
 }

@@ -2,16 +2,16 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/Lifecycle.h"
+#include "vexpa/base/Utf8.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
@@ -40,7 +40,7 @@ void ListFolder(const Folder& folder, std::vector<Folder>& waiting) {
         if (!name) continue;
         const std::u16string path = folder.path + name.get();
         if (element.type == STGTY_STREAM) {
-            std::printf("%8" PRIu64 " %s\n", element.cbSize, std::filesystem::path(path).c_str());
+            std::printf("%8" PRIu64 " %s\n", element.cbSize, ToUtf8(path).c_str());
             continue;
         }
         ComPtr<IStorage> storage;
@@ -55,7 +55,7 @@ void ListFolder(const Folder& folder, std::vector<Folder>& waiting) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
+    if (argc != 3) return Usage("ListStreams FILE PART");
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;

@@ -2,13 +2,14 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <filesystem>
 #include <string_view>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
+#include "vexpa/base/Lifecycle.h"
+#include "vexpa/base/Utf8.h"
 #include "vexpa/xmlfx/XmlMapper.h"
 
+using namespace tarn;
 using namespace tarn::xmlfx;
 
 namespace {
@@ -34,12 +35,11 @@ const NameInfo* NameOf(std::uint32_t token) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
+    if (argc != 3) return Usage("LookUpNames URI NAME");
     const Library library;  // the maps are filled now
-    const std::uint32_t token =
-        TokenOf(std::filesystem::path(argv[1]).u16string(), std::filesystem::path(argv[2]).u16string());
+    const std::uint32_t token = TokenOf(FromUtf8(argv[1]), FromUtf8(argv[2]));
     const NameInfo* info = token == kNullToken ? nullptr : NameOf(token);
     if (info == nullptr) return 4;  // not in the vocabulary
-    std::printf("0x%08" PRIX32 " {%s}%s\n", token, std::filesystem::path(info->uri).c_str(),
-                std::filesystem::path(info->name).c_str());
+    std::printf("0x%08" PRIX32 " {%s}%s\n", token, ToUtf8(info->uri).c_str(),
+                ToUtf8(info->name).c_str());
 }

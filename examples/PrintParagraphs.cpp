@@ -4,15 +4,15 @@
 
 #include <cstdio>
 #include <exception>
-#include <filesystem>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
-#include "examples/Library.h"
+#include "examples/Arguments.h"
 #include "examples/QtImporter.h"
 #include "examples/importer/PartStream.h"
-#include "vexpa/base/Utf16.h"
+#include "vexpa/base/Lifecycle.h"
+#include "vexpa/base/Utf8.h"
 #include "vexpa/xmlfx/XmlAttrHandler.h"
 
 using namespace tarn;
@@ -29,9 +29,8 @@ enum : std::uint32_t {
     kT = 0x00010075,
 };
 
-std::string Utf8(const XmlRoAttr* set) {
-    if (set == nullptr) return "-";
-    return std::filesystem::path(CopyText(set->GetValue())).string();
+std::string ValueOf(const XmlRoAttr* set) {
+    return set == nullptr ? "-" : ToUtf8(set->GetValue());
 }
 
 const XmlRoAttr* Find(const XmlRoAttr& set, std::initializer_list<std::uint32_t> tokens) {
@@ -57,10 +56,10 @@ void PrintParagraphs(const XmlRoAttr& document) {
             continue;
         }
         if (token == kP) {
-            std::printf("%s%s: ", separator, Utf8(Find(*value, {kPPr, kPStyle, kVal})).c_str());
+            std::printf("%s%s: ", separator, ValueOf(Find(*value, {kPPr, kPStyle, kVal})).c_str());
             separator = "\n";
         }
-        if (token == kT) std::printf("%s", Utf8(value->Find(kTextToken)).c_str());
+        if (token == kT) std::printf("%s", ValueOf(value->Find(kTextToken)).c_str());
         open.push_back({value, 0});
     }
     std::printf("\n");
@@ -69,11 +68,11 @@ void PrintParagraphs(const XmlRoAttr& document) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) return 2;
+    if (argc != 2) return Usage("PrintParagraphs FILE");
     const Library library;
     try {
         importer::QtImporter qt;
-        const importer::Tree tree = qt.Import(*importer::OpenMainPart(argv[1]).Get());
+        const importer::Tree tree = qt.Import(*importer::OpenMainPart(argv[1]));
         PrintParagraphs(*tree.root);
         return 0;
     } catch (const std::exception& error) {

@@ -4,9 +4,9 @@
 #include <cstdio>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
@@ -32,7 +32,7 @@ bool CopyToOutput(opc::Part& part) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
+    if (argc != 3) return Usage("ReadPart FILE PART");
     const Library library;
     const Handle<opc::Package> package = OpenPackage(argv[1]);
     if (!package) return 3;

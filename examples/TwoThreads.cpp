@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "examples/Arguments.h"
-#include "examples/Library.h"
 #include "examples/OpenDocument.h"
 #include "vexpa/base/ComPtr.h"
+#include "vexpa/base/Lifecycle.h"
 #include "vexpa/opc/Package.h"
 
 using namespace tarn;
@@ -68,7 +68,7 @@ Sums ReadDocument(const char* file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3 || !AreUtf8(argv + 1)) return 2;
+    if (argc != 3) return Usage("TwoThreads FILE FILE");
     const Library library;  // before the threads, and until they have ended
     std::future<Sums> first = std::async(std::launch::async, ReadDocument, argv[1]);
     std::future<Sums> second = std::async(std::launch::async, ReadDocument, argv[2]);

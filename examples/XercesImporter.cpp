@@ -10,7 +10,6 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/SecurityManager.hpp>
-#include <xercesc/util/TransService.hpp>
 #include <xercesc/util/XMLException.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
@@ -18,8 +17,10 @@
 #include "examples/importer/PartStream.h"
 #include "examples/importer/TreeBuilder.h"
 #include "vexpa/base/Utf16.h"
+#include "vexpa/base/Utf8.h"
 
 using tarn::ToUnits;
+using tarn::ToUtf8;
 
 namespace importer {
 
@@ -92,11 +93,6 @@ private:
     TreeBuilder& builder_;
 };
 
-std::string Utf8(const XMLCh* text) {
-    const xercesc::TranscodeToStr utf8(text, "UTF-8");
-    return {reinterpret_cast<const char*>(utf8.str()), utf8.length()};
-}
-
 // Refuses a document type before anything in it is read. A lexical handler would not do: it
 // hears nothing of one without declarations.
 class Reader final : public xercesc::SAX2XMLReaderImpl {
@@ -142,13 +138,13 @@ Tree XercesImporter::Import(IStream& stream) try {
     reader.parse(PartSource(stream));
     return builder.TakeTree();
 } catch (const xercesc::SAXParseException& error) {
-    throw ImportError(Utf8(error.getMessage()), error.getLineNumber());
+    throw ImportError(ToUtf8(ToUnits(error.getMessage())), error.getLineNumber());
 } catch (const xercesc::SAXException& error) {
-    throw ImportError(Utf8(error.getMessage()));
+    throw ImportError(ToUtf8(ToUnits(error.getMessage())));
 } catch (const xercesc::OutOfMemoryException&) {
     throw std::bad_alloc();
 } catch (const xercesc::XMLException& error) {
-    throw ImportError(Utf8(error.getMessage()), error.getSrcLine());
+    throw ImportError(ToUtf8(ToUnits(error.getMessage())), error.getSrcLine());
 }
 
 }  // namespace importer

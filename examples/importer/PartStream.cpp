@@ -21,9 +21,9 @@ ComPtr<IStream> OpenStream(opc::Part& part) {
 ComPtr<IStream> OpenMainPart(const std::filesystem::path& file) {
     const Handle<opc::Package> package = opc::Package::Open(file.u16string().c_str());
     if (!package) throw ImportError("not readable, or no package");
-    const opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
-    if (main == nullptr) throw ImportError("no office-document relationship");
-    opc::Part* part = package->GetPart(main->GetResolvedTarget());
+    const opc::Relationship* start = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
+    if (start == nullptr) throw ImportError("no office-document relationship");
+    opc::Part* part = package->GetPart(start->GetResolvedTarget());
     if (part == nullptr) throw ImportError("the main part is missing");
     return OpenStream(*part);  // outlives the package
 }

@@ -3,8 +3,8 @@
 #include <cinttypes>
 #include <cstdio>
 
-#include "examples/Library.h"
 #include "examples/importer/PartStream.h"
+#include "vexpa/base/Lifecycle.h"
 
 namespace importer {
 
@@ -14,8 +14,8 @@ int RunImport(Importer& importer, int argc, char** argv) {
         return 2;
     }
     try {
-        const Library library;  // the namespace maps are filled now
-        const Tree tree = importer.Import(*OpenMainPart(argv[1]).Get());
+        const tarn::Library library;  // the namespace maps are filled now
+        const Tree tree = importer.Import(*OpenMainPart(argv[1]));
         std::printf("%" PRIu64 " elements, %" PRIu64 " attributes with a token, %zu levels\n",
                     tree.elements, tree.attributes, tree.depth);
         return 0;

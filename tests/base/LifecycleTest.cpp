@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "vexpa/base/Lifecycle.h"
@@ -121,6 +122,28 @@ TEST_F(Lifecycle, MapsThatHoldSomethingAlreadyAreNotFilled) {
     EXPECT_TRUE(XmlMapper::GetNSMapInverse().empty());
     _vexpa_Terminate();
     EXPECT_TRUE(XmlMapper::GetNSMap().empty());
+}
+
+TEST_F(Lifecycle, ALibraryObjectKeepsTheLibraryInUse) {
+    {
+        const tarn::Library library;
+        EXPECT_EQ(calls, Calls{"_XMLInitialize(0)"});
+    }
+    EXPECT_EQ(calls, (Calls{"_XMLInitialize(0)", "_XMLTerminate()"}));
+}
+
+TEST_F(Lifecycle, OnlyTheLastLibraryObjectEndsTheLibrary) {
+    {
+        const tarn::Library library;
+        { const tarn::Library again; }
+        EXPECT_EQ(calls, Calls{"_XMLInitialize(0)"});
+    }
+    EXPECT_EQ(calls, (Calls{"_XMLInitialize(0)", "_XMLTerminate()"}));
+}
+
+TEST(Library, IsNotCopied) {
+    EXPECT_FALSE(std::is_copy_constructible_v<tarn::Library>);
+    EXPECT_FALSE(std::is_copy_assignable_v<tarn::Library>);
 }
 
 TEST_F(Lifecycle, AProcessMayEndWithoutTerminate) {

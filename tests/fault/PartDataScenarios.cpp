@@ -120,8 +120,8 @@ void KeepStream(Stage& stage, Transcript& seen) {
         const Handle<opc::Package> package = opc::Package::Open(stage.path.c_str());
         opc::Part* part = package ? package->FindPart(u"part.bin") : nullptr;
         if (part == nullptr) return;
-        part->GetStream(stream.Out());
-        part->GetStorage(storage.Out());
+        static_cast<void>(part->GetStream(stream.Out()));
+        static_cast<void>(part->GetStorage(storage.Out()));
     }
     if (stream) seen.SayRest("kept", *stream.Get());
     STATSTG stat{};

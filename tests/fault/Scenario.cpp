@@ -55,7 +55,7 @@ Stage Rehearsal::SetUp() const {
     if (file_) stage.path = file_->Path16();
     if (scenario_.start == Start::kFile) return stage;
     if (scenario_.start == Start::kStarted) {
-        stage.use = std::make_unique<LibraryUse>();
+        stage.use = std::make_unique<tarn::Library>();
         return stage;
     }
     stage.package = opc::Package::Open(stage.path.c_str());

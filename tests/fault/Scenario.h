@@ -22,18 +22,9 @@ enum class Start {
     kLoaded,   // and all its parts are loaded, though not their bytes
 };
 
-// The library in use, for as long as this lives.
-class LibraryUse {
-public:
-    LibraryUse() { _vexpa_Initialize(); }
-    ~LibraryUse() { _vexpa_Terminate(); }
-    LibraryUse(const LibraryUse&) = delete;
-    LibraryUse& operator=(const LibraryUse&) = delete;
-};
-
 // Where a scenario plays.
 struct Stage {
-    std::unique_ptr<LibraryUse> use;
+    std::unique_ptr<tarn::Library> use;
     std::u16string path;
     tarn::Handle<tarn::opc::Package> package;
 

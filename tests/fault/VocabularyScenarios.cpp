@@ -21,13 +21,13 @@ const unsigned short* Units(const char16_t* text) {
 }
 
 void StartAndEnd(Stage&, Transcript& seen) {
-    const LibraryUse use;
+    const tarn::Library use;
     seen.Say(XmlMapper::GetNSMap().size(), " namespaces");
 }
 
 void StartTwice(Stage&, Transcript& seen) {
-    const LibraryUse use;
-    { const LibraryUse again; }
+    const tarn::Library use;
+    { const tarn::Library again; }
     seen.Say(XmlMapper::GetNSMapInverse().size(), " namespaces by token");
 }
 

@@ -68,15 +68,14 @@ void BuildElement() {
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
-    _vexpa_Initialize();
+    const Library library;
     const Handle<opc::Package> package =
         opc::Package::Open(std::filesystem::path(argv[1]).u16string().c_str());
     if (!package) return 3;
-    opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
-    opc::Part* document = main == nullptr ? nullptr : package->GetPart(main->GetResolvedTarget());
+    opc::Relationship* start = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
+    opc::Part* document = start == nullptr ? nullptr : package->GetPart(start->GetResolvedTarget());
     if (document == nullptr) return 4;
     ListParts(*package, *document);
     ReadStart(*document);
     BuildElement();
-    return _vexpa_Terminate();
 }

@@ -74,7 +74,8 @@ TEST(MemoryOfARelationship, IsWithinWhatItIsCountedFor) {
         const ScratchFile bare(PackageWith(row.folder, "").Bytes());
         const ScratchFile file(PackageWith(row.folder, Each(kCount, row.element)).Bytes());
         const std::u16string barePath = bare.Path16(), path = file.Path16();
-        opc::Package::Open(path.c_str());  // for what is made once for the process and for a file
+        // For what is made once for the process and for a file.
+        static_cast<void>(opc::Package::Open(path.c_str()));
 
         const HeapMeter without;
         Handle<opc::Package> package = opc::Package::Open(barePath.c_str());
@@ -106,7 +107,7 @@ TEST(MemoryOfRelationships, StaysWithinTheAllowance) {
             Root(Each(kRelated, [](std::size_t i) { return Related(Number(i), "x"); })));
     const ScratchFile file(zip.Bytes());
     const std::u16string path = file.Path16();
-    opc::Package::Open(path.c_str());
+    static_cast<void>(opc::Package::Open(path.c_str()));
 
     const HeapMeter meter;
     const Handle<opc::PackageImpl> package(new opc::PackageImpl(opc::RelationshipAllowance(kAllowed)));

@@ -99,6 +99,22 @@ TEST(RelationshipsByType, OfAnAbsentTypeGiveOneAndTheSameTwice) {
     EXPECT_EQ(after.next, nullptr);
 }
 
+TEST(RelationshipsByType, OfAnAbsentTypeAreAnEmptyRange) {
+    const Handle<opc::Package> package = MinimalPackage().Open();
+    EXPECT_TRUE(package->GetRelationshipsByType(u"a").IsEmpty());
+    EXPECT_TRUE(package->GetRelationshipsByType(u"z").IsEmpty());
+}
+
+TEST(RelationshipsByType, OfATypeThatIsThereAreNoEmptyRange) {
+    PackageFile file;
+    file.Entry("a.xml", "<a/>");
+    file.Relationship("rId1", "urn:a", "a.xml");
+    file.Relationship("rId2", "urn:b", "a.xml");
+    const Handle<opc::Package> package = file.Open();
+    EXPECT_FALSE(package->GetRelationshipsByType(u"urn:a").IsEmpty());
+    EXPECT_FALSE(package->GetRelationshipsByType(u"urn:b").IsEmpty());
+}
+
 TEST(RelationshipsByType, AreNotFoundUnderATypeThatIsNotFolded) {
     const Handle<opc::Package> package = MinimalPackage().Open();
     const opc::RelationshipRange range =
@@ -114,6 +130,13 @@ TEST(GetRelationships, StandInTheOrderOfCodeUnits) {
     std::vector<std::u16string> ids;
     for (const auto& entry : package->GetRelationships()) ids.push_back(entry.first);
     EXPECT_EQ(ids, (std::vector<std::u16string>{u"Z", u"a", u"rId10", u"rId2"}));
+}
+
+TEST(GetPart, TakesANameAsText) {
+    const Handle<opc::Package> package = MinimalPackage().Open();
+    opc::Part* part = package->GetPart(u"word/document.xml");
+    ASSERT_NE(part, nullptr);
+    EXPECT_EQ(package->GetPart(opc::PartUri(u"word/document.xml")), part);
 }
 
 TEST(GetPart, OfAMissingEntryIsNull) {

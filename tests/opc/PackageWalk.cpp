@@ -15,7 +15,7 @@ void ReadPart(opc::Part& part) {
     ComPtr<IStream> stream;
     if (part.GetStream(stream.Out()) == S_OK) ReadToEnd(*stream.Get());
     ComPtr<IStorage> storage;
-    part.GetStorage(storage.Out());
+    static_cast<void>(part.GetStorage(storage.Out()));
     part.GetEntryValue();
 }
 

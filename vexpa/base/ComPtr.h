@@ -23,7 +23,7 @@ public:
     // Moving leaves the other one empty.
     ComPtr(ComPtr&& other) noexcept : object_(other.Detach()) {}
     ComPtr& operator=(ComPtr&& other) noexcept {
-        ComPtr old(std::exchange(object_, other.Detach()));
+        ComPtr(std::move(other)).Swap(*this);
         return *this;
     }
 
@@ -36,17 +36,22 @@ public:
     // [borrowed] Where a call stores its result, with the reference that comes with it: gives up
     // what was held before.
     T** Out() noexcept {
-        ComPtr old(Detach());
+        Reset();
         return &object_;
     }
 
     // [borrowed] The object, or null.
     T* Get() const noexcept { return object_; }
     T* operator->() const noexcept { return object_; }  // [borrowed] the object; not when empty
+    T& operator*() const noexcept { return *object_; }  // the same
     explicit operator bool() const noexcept { return object_ != nullptr; }  // whether there is one
 
     // [owned] The object with its reference, or null; nothing is held any more.
     [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }
+    // Gives up what is held.
+    void Reset() noexcept { ComPtr().Swap(*this); }
+    // Exchanges what the two hold.
+    void Swap(ComPtr& other) noexcept { std::swap(object_, other.object_); }
 
 private:
     T* object_ = nullptr;

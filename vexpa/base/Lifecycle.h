@@ -3,6 +3,7 @@
 #define VEXPA_BASE_LIFECYCLE_H_
 
 #include "vexpa/base/Export.h"
+#include "vexpa/base/Noncopyable.h"
 
 extern "C" {
 
@@ -24,5 +25,25 @@ VEXPA_API int _vexpa_Initialize();
 VEXPA_API int _vexpa_Terminate();
 
 }  // extern "C"
+
+namespace tarn {
+
+// The pair of calls as an object: the library is in use for as long as one lives. What the
+// calls return is always 0, so nothing of it is kept.
+//
+// Lifetime  The caller's: made before anything else of the library, as a local of main() for
+//           instance, and ended after all that came from it. There may be several at a time.
+// Errors    Making one may throw std::bad_alloc; then there is nothing to end.
+// Threads   As _vexpa_Initialize: made before other threads use the library, and ended after they
+//           have stopped.
+class Library : Noncopyable {
+public:
+    // Calls _vexpa_Initialize.
+    Library() { _vexpa_Initialize(); }
+    // Calls _vexpa_Terminate.
+    ~Library() { _vexpa_Terminate(); }
+};
+
+}  // namespace tarn
 
 #endif  // VEXPA_BASE_LIFECYCLE_H_

@@ -9,11 +9,11 @@ namespace tarn {
 // HRESULT, S_OK, E_OUTOFMEMORY, E_INVALIDARG, E_FAIL and E_ACCESSDENIED are the platform's.
 
 // Whether a result is one of a failure.
-constexpr bool Failed(HRESULT result) noexcept {
+[[nodiscard]] constexpr bool Failed(HRESULT result) noexcept {
     return result < 0;
 }
 // Whether it is not.
-constexpr bool Succeeded(HRESULT result) noexcept {
+[[nodiscard]] constexpr bool Succeeded(HRESULT result) noexcept {
     return result >= 0;
 }
 

@@ -16,10 +16,11 @@ namespace tarn::opc {
 
 // An open package (ECMA-376 Part 2): its relationships and, through them, its parts.
 //
+//     const tarn::Library library;  // once, before anything else: vexpa/base/Lifecycle.h
 //     Handle<opc::Package> package = opc::Package::Open(u"report.docx");
 //     if (!package) return;  // not readable, or no package
-//     opc::Relationship* main = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
-//     opc::Part* document = main ? package->GetPart(main->GetResolvedTarget()) : nullptr;
+//     opc::Relationship* start = package->GetRelationshipByType(opc::RelTypeOfficeDocument);
+//     opc::Part* document = start ? package->GetPart(start->GetResolvedTarget()) : nullptr;
 //
 // Part names  'word/document.xml' and '/word/document.xml' are the same part: one leading
 //           '/' or '\' does not count. Otherwise names are compared exactly, case included.
@@ -41,24 +42,24 @@ public:
     // 8-bit encoding of the process locale: what that cannot say is not found. It may
     // be gone when static objects end: from then on only paths of ASCII are found.
     //
-    // Empty when `path` is null, when the file is not readable or is no zip archive, when
-    // [Content_Types].xml or _rels/.rels is missing, damaged or malformed, when the last
-    // relationship of the package has no part, when the relationships of the package would take
-    // more than 512 MiB, or when the platform has no memory. A failure is not remembered. `flags` has
-    // no effect.
-    VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
+    // Empty when `path` is a null pointer of either type, when the file is not readable or is no
+    // zip archive, when [Content_Types].xml or _rels/.rels is missing, damaged or malformed, when
+    // the last relationship of the package has no part, when the relationships of the package would
+    // take more than 512 MiB, or when the platform has no memory. A failure is not remembered.
+    // `flags` has no effect.
+    [[nodiscard]] VEXPA_API static Handle<Package> Open(const unsigned short* path, unsigned int flags);
 
     // Ends all parts and relationships and closes the archive. Look-ups then find nothing;
     // there is no way to open the package again.
     virtual void Close() = 0;
 
     // [borrowed] The part of this name, loaded with its relationships on first use; null
-    // when the archive has no such entry. '\' stands for '/', so an entry can be a part under
-    // several names; of names with '\' that is 16 for each entry, and null for the others.
+    // when the archive has no such entry. '\' is read as '/', so one entry can be reached under
+    // several names: at most 16 spellings with '\' for each entry, and null for further ones.
     //
     // A relationship stream that is missing or cannot be read leaves the part without. Once the
     // relationships of the package and its parts take 512 MiB, or their streams hold 16 MiB of
-    // other text, a part that is loaded has only the first of its own, or none.
+    // other text, a part that is loaded later gets only the first of its own, or none.
     virtual Part* GetPart(const PartUri& name) = 0;
 
     // Whether the archive has an entry for this name, which must begin with '/'.
@@ -83,15 +84,16 @@ public:
     // Whether GetRelationshipById would find one.
     virtual bool HasRelationshipById(const unsigned short* id) = 0;
 
-    // [borrowed] The part of this name if it is loaded already, else null: nothing is read.
+    // [borrowed] The part of this name if it is loaded already, else null. It only looks among
+    // the loaded parts, and reads nothing: GetPart loads one.
     virtual Part* FindPart(const unsigned short* name) = 0;
 
     // [owned] Empty: a package cannot be copied. Nor can it be shared: ShallowClone is empty, too.
     virtual Handle<Package> Clone() = 0;
 
     // [owned] For callers whose text is char16_t.
-    static Handle<Package> Open(const char16_t* path) { return Open(ToUnits(path), 0); }
-    static Handle<Package> Open(const char16_t* path, unsigned int flags) {
+    [[nodiscard]] static Handle<Package> Open(const char16_t* path) { return Open(ToUnits(path), 0); }
+    [[nodiscard]] static Handle<Package> Open(const char16_t* path, unsigned int flags) {
         return Open(ToUnits(path), flags);
     }
 
@@ -104,6 +106,7 @@ public:
         return GetRelationshipsByType(ToUnits(type));
     }
     bool HasRelationshipById(const char16_t* id) { return HasRelationshipById(ToUnits(id)); }
+    Part* GetPart(const char16_t* name) { return GetPart(PartUri(name)); }
     Part* FindPart(const char16_t* name) { return FindPart(ToUnits(name)); }
 };
 

@@ -18,7 +18,7 @@ namespace tarn::opc {
 struct PartData {
     std::uint8_t* bytes;      // null: the bytes are the stream's
     std::uint32_t length;     // of `bytes`
-    std::uint32_t ownsBytes;  // non-zero: the part ends with delete[] of `bytes`
+    std::uint32_t ownsBytes;  // non-zero: the part frees `bytes` with delete[]
     IStream* dataStream;      // [borrowed] null until the entry was extracted
     std::uint8_t* position;   // where `bytes` was when the stream was made
     std::uint8_t* end;        // the same
@@ -80,7 +80,7 @@ public:
     //   E_INVALIDARG  out is null
     //   E_FAIL        the entry is missing, damaged, encrypted or beyond the limits, or there is
     //                 no memory for it; *out is null
-    virtual HRESULT GetStream(IStream** out) = 0;
+    [[nodiscard]] virtual HRESULT GetStream(IStream** out) = 0;
 
     // [shared] Stores the compound file that the part holds in *out; the caller releases it.
     //
@@ -91,7 +91,7 @@ public:
     //   E_INVALIDARG  out is null
     //   E_FAIL        the entry cannot be extracted, or there is no memory for it: *out is null;
     //                 or it cannot be opened as a compound file: *out is untouched
-    virtual HRESULT GetStorage(IStorage** out) = 0;
+    [[nodiscard]] virtual HRESULT GetStorage(IStorage** out) = 0;
 
     // 0: the value that the archive keeps for each entry and nothing sets.
     virtual std::int64_t GetEntryValue() = 0;

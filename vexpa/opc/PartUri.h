@@ -24,7 +24,7 @@ struct PartUri {
     PartUri() = default;
 
     // Keeps the name and splits it. A name that is no URI reference has no components;
-    // null is the empty name.
+    // a null pointer of either type is the empty name.
     VEXPA_API explicit PartUri(const unsigned short* givenName);
     explicit PartUri(const char16_t* givenName) : PartUri(ToUnits(givenName)) {}
 

@@ -61,10 +61,14 @@ struct RelationshipCursor {
     std::uintptr_t position;  // 0
 };
 
-// Where the relationships of a type stand in the index by type: at most one does. The
-// relationships last as long as any other.
+// Where the relationships of a type stand in the index by type: at most one does, and exactly when
+// `first` is not `next`. For a type that is not there, both are the one that follows in the index,
+// or null at its end. The relationships last as long as any other.
 struct RelationshipRange {
-    Relationship* first;  // [borrowed] the one of this type, else the same as `next`
+    // Whether there is none of this type.
+    bool IsEmpty() const noexcept { return first == next; }
+
+    Relationship* first;  // [borrowed] the one of this type, if there is one
     Relationship* next;   // [borrowed] the one just after the range, null at the end of the index
 };
 

@@ -20,15 +20,16 @@ namespace tarn::xmlfx {
 // Errors   Out of memory and what `attrs` throws pass through; nothing is left behind.
 // Threads  Serialised by the callers against any other use of the namespace maps: a URI
 //          that is not in XmlMapper::GetNSMap() is added there, without names.
-VEXPA_API Handle<XmlRoAttr> Transform(const Attributes* attrs, const unsigned short* defaultUri,
-                                      const unsigned short* value);
+[[nodiscard]] VEXPA_API Handle<XmlRoAttr> Transform(const Attributes* attrs,
+                                                    const unsigned short* defaultUri,
+                                                    const unsigned short* value);
 
 // [shared] A set with one attribute: `token` with a value that has this value string. For a
 // null `value` the shared empty set.
 //
 // Errors   Out of memory passes through; nothing is left behind.
 // Threads  Any thread at any time.
-VEXPA_API Handle<XmlRoAttr> Transform(const unsigned short* value, unsigned int token);
+[[nodiscard]] VEXPA_API Handle<XmlRoAttr> Transform(const unsigned short* value, unsigned int token);
 
 }  // namespace tarn::xmlfx
 

@@ -19,7 +19,7 @@ namespace tarn::xmlfx {
 class XmlAttrBuilder : public XmlAttrHandler {
 public:
     // [owned] A builder that reports to `callback`, never null, which outlives it.
-    VEXPA_API static Handle<XmlAttrBuilder> New(XmlAttrCallback* callback);
+    [[nodiscard]] VEXPA_API static Handle<XmlAttrBuilder> New(XmlAttrCallback* callback);
 
 protected:
     XmlAttrBuilder() noexcept = default;

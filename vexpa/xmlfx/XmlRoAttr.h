@@ -36,7 +36,7 @@ public:
     virtual XmlRoAttr* Find(std::uint32_t token) const = 0;
 
     // [shared] ShallowClone under the set's own type.
-    Handle<XmlRoAttr> Share() {
+    [[nodiscard]] Handle<XmlRoAttr> Share() {
         return Handle<XmlRoAttr>(static_cast<XmlRoAttr*>(ShallowClone().Detach()));
     }
 
