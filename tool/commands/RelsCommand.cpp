@@ -114,10 +114,20 @@ std::vector<RelationshipSource> Sources(opc::Package& package, const InputFile& 
     return {{&package, FindPartOrPackage(package, file, arguments.part)}};
 }
 
+// The type may be a slip of the hand, which an empty answer would not tell.
+void RequireSome(bool isEmpty, const InputFile& file, const Arguments& arguments) {
+    if (!isEmpty || arguments.isSeveral || arguments.type.empty()) return;
+    const std::string what = std::string("no ") + (arguments.externalOnly ? "external " : "") +
+                             "relationships of type " + PrintableLocal(arguments.type);
+    if (!arguments.part.empty()) throw PartError(kNoSuchPart, file, arguments.part, what);
+    throw ToolError(kNoSuchPart, PrintableLocal(file.name) + ": " + what);
+}
+
 ExitStatus Show(const InputFile& file, const Arguments& arguments, Output& out) {
     const auto package = OpenPackage(file);
     RelsTable table(*package, arguments);
     for (const RelationshipSource& source : Sources(*package, file, arguments)) table.Add(source);
+    RequireSome(table.IsEmpty(), file, arguments);
     // Of many files, those that have none of what is looked for are of no interest.
     const bool isSearch = arguments.externalOnly || !arguments.type.empty();
     if (!(arguments.isSeveral && isSearch && table.IsEmpty())) table.WriteTo(out);
@@ -135,6 +145,7 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
             json["relationships"].push_back(std::move(item));
         }
     }
+    RequireSome(json["relationships"].empty(), file, arguments);
     return kDone;
 }
 
