@@ -76,9 +76,9 @@ TEST(CheckCommand, SaysThatAFolderIsOneAndWhatToDo) {
     const std::string folder = sound.Path().substr(0, sound.Path().rfind('/'));
     const ToolRun run = RunTool({"check", folder});
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.out, HasSubstr("error   VX001  is a folder; commands for several files take the "
-                                   "documents below with -r\n          hint   add -r, or name a file "
-                                   "in it\n"));
+    EXPECT_THAT(run.out,
+                HasSubstr("error   VX001  is a folder; commands for several files search it with -r\n"
+                          "          hint   add -r, or name a file in it\n"));
     EXPECT_EQ(RunTool({"check", "-r", folder}).out, "1 file: 1 open, 0 do not\n");
 }
 
