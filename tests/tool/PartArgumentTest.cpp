@@ -79,8 +79,7 @@ TEST_F(PartArgument, ThatLeadsToNoneSaysWhyWithStatus4) {
         const char* reason;
     } rows[] = {
         {"no such name", "nothing.xml", "no such part"},
-        {"the end of two", "styles.xml",
-         "is the end of several names: word/styles.xml, glossary/styles.xml"},
+        {"the end of two", "styles.xml", "is ambiguous: word/styles.xml, glossary/styles.xml"},
         {"an end within a word", "ument.xml", "no such part"},
         {"the end of a folder", "folder", "no such part"},
         {"no such relationship", "rId9@document.xml", "no relationship rId9 of word/document.xml"},
@@ -158,7 +157,7 @@ TEST(PartArgumentTail, OfVeryManyNamesIsAShortMessage) {
     const std::string path = file.Write().Path();
     EXPECT_EQ(RunTool({"cat", path, "a.xml"}).err,
               "vexpa: " + path +
-                  ": a.xml: is the end of several names: 0/a.xml, 1/a.xml, 2/a.xml, 3/a.xml, "
+                  ": a.xml: is ambiguous: 0/a.xml, 1/a.xml, 2/a.xml, 3/a.xml, "
                   "4/a.xml, 5/a.xml, 6/a.xml, 7/a.xml and 4992 more\n");
 }
 

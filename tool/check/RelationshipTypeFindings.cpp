@@ -150,7 +150,7 @@ void ReportUnknown(const WordCounts& unknown, Findings& findings) {
     findings.Add(FindingId::UnknownType, [&](Finding& finding) {
         finding.cause = Counted(unknown.Total(), "relationship", "relationships") + " of " +
                         unknown.WordsText("type", "types") +
-                        " outside the table: " + unknown.Text(kMostWords);
+                        " that the library has no number for: " + unknown.Text(kMostWords);
         finding.namesAllItems = unknown.IsWhole(kMostWords);
         unknown.AddItems(findings, finding);
     });
