@@ -28,6 +28,7 @@ protected:
         file_.Entry("other/a@b.xml", "at");
         file_.Entry("other/bell\x07.xml", "bell");
         file_.Entry(std::string("other/nul\0.xml", 14), "nul");
+        file_.Entry("other/rId1@main", "not by way of a relationship");
         file_.Entry("folder/", "");
         file_.Entry("main", "an entry of that name");
         path_ = file_.Write().Path();
@@ -59,6 +60,7 @@ TEST_F(PartArgument, LeadsToAPart) {
         {"the only one of a type without a number", "one@word/styles.xml", "an entry of that name"},
         {"a name with an at sign", "other/a@b.xml", "at"},
         {"the end of one", "a@b.xml", "at"},
+        {"the end of one before a relationship", "rId1@main", "not by way of a relationship"},
         {"a name as it is printed", "other/bell\\x07.xml", "bell"},
         {"a name with a NUL as it is printed", "other/nul\\x00.xml", "nul"},
         {"a name before a word with a meaning", "main", "an entry of that name"},
