@@ -122,7 +122,8 @@ CommandRun Declare(const CommandLine& line) {
     };
 }
 
-const CommandRegistration registration({"info", "Show the kind of a package, its size, and if it opens",
+const CommandRegistration registration({"info",
+                                        "Show the kind of a package, its size, and whether it opens",
                                         Declare});
 
 }  // namespace

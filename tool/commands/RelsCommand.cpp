@@ -164,14 +164,16 @@ void TellFilesFromPart(Arguments& arguments, bool partIsGiven) {
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     line.Words("FILE [PART]", arguments->words,
-               "the package, - for standard input; and what has the relationships: a part's name "
-               "or its end, main, or ID@PART; with --all or --part, every word is a FILE");
+               "The package, - for standard input; and what has the relationships: a part's name "
+               "or its last segments, main, ID@PART or TYPE@PART; with --all or --part, every word "
+               "is a FILE");
     const Argument part =
-        line.Option("--part", arguments->part, "list those of this part").Called("PART");
-    line.Flag("--all", arguments->isAll, "list those of the package and of every part").Excludes(part);
-    line.Option("--type", arguments->type, "only those of a type: header, 8 or its URI").Called("TYPE");
-    line.Flag("--external", arguments->externalOnly, "only those that lead out of the package");
+        line.Option("--part", arguments->part, "List those of this part").Called("PART");
+    line.Flag("--all", arguments->isAll, "List those of the package and of every part").Excludes(part);
+    line.Option("--type", arguments->type, "Only those of a type: header, 8 or its URI").Called("TYPE");
+    line.Flag("--external", arguments->externalOnly, "Only those that lead out of the package");
     AddFileOptions(line, arguments->options);
+    NoteTypeNumbers(line);
     return [arguments, part] {
         TellFilesFromPart(*arguments, part.IsGiven());
         FileCommand command;

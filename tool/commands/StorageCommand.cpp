@@ -144,9 +144,9 @@ ExitStatus WriteStream(const InputFile& file, const Arguments& arguments, Output
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFile(line, arguments->file);
-    AddPart(line, arguments->part, "what is a compound file").Required();
+    AddPart(line, arguments->part, "What is a compound file").Required();
     const Argument stream =
-        line.Option("STREAM", arguments->stream, "write the bytes of this stream: a path or its end");
+        line.Option("STREAM", arguments->stream, "Write the bytes of this stream: a path or its end");
     AddJson(line, arguments->json).Excludes(stream);
     return [arguments, stream] {
         FileCommand command;
