@@ -33,6 +33,12 @@ private:
     ExitStatus status_;
 };
 
+// Of a file that the library has not opened.
+class NotOpenedError : public ToolError {
+public:
+    using ToolError::ToolError;
+};
+
 // Ends the tool, also where the next file would follow upon another error.
 class FatalError : public ToolError {
 public:

@@ -42,11 +42,12 @@ struct CommonOptions {
 Runs DeclareCommandLine(CLI::App& app, CommonOptions& options) {
     app.name("vexpa");
     FormatHelp(app);
-    // Scripts append to options that they were given: the last one counts.
-    app.option_defaults()->take_last();
+    // Scripts append to options that they were given: the last one counts. Left to itself, the parser
+    // takes --deep=3 for three times the flag, and --deep=no for none.
+    app.option_defaults()->take_last()->disable_flag_override();
     app.set_help_flag("-h,--help", "Print this help and exit");
     // Before the version, which is printed as soon as it is met.
-    app.add_flag("--json", options.versionAsJson, "Print the version as JSON");
+    app.add_flag("--json", options.versionAsJson, "With --version: print it as JSON");
     app.set_version_flag("--version", VEXPA_VERSION, "Print the version and exit");
     // Exactly one, which also leaves later words free to be a file called like a command.
     app.require_subcommand(1);

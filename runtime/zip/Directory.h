@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,10 +16,13 @@
 
 namespace vexpa_runtime::zip {
 
+// A position that no file reaches: an entry there fails when it is extracted.
+constexpr std::uint64_t kNowhere = std::numeric_limits<std::uint64_t>::max();
+
 // What the directory says about one entry. None of it is checked against the file yet: an
 // entry that lies fails when it is extracted, and does not cost the others.
 struct Entry {
-    std::uint64_t headerPosition;  // in the file, bytes before the archive counted in
+    std::uint64_t headerPosition;  // in the file, bytes before the archive counted in; or kNowhere
     std::uint64_t compressedSize;
     std::uint64_t size;
     std::size_t nameAt;  // into the directory's names

@@ -19,8 +19,6 @@ namespace {
 
 // The count that callers get is a signed 32-bit one.
 constexpr std::size_t kMostEntries = std::numeric_limits<std::int32_t>::max();
-// A position that no file reaches: an entry there fails when it is extracted.
-constexpr std::uint64_t kNowhere = std::numeric_limits<std::uint64_t>::max();
 
 // A file may end in any number of records that look like end records; each one tried costs a
 // walk over a directory that may be as long as the file.

@@ -9,6 +9,7 @@
 #include <span>
 #include <utility>
 
+#include "runtime/zip/EntryFormat.h"
 #include "runtime/zip/Inflate.h"
 #include "runtime/zip/LittleEndian.h"
 #include "runtime/zip/ScratchBuffer.h"
@@ -17,19 +18,9 @@ namespace vexpa_runtime::zip {
 
 namespace {
 
-constexpr std::uint16_t kStored = 0;
-constexpr std::uint16_t kDeflated = 8;
-
-constexpr std::uint32_t kLocalHeaderSignature = 0x04034b50;
-constexpr std::size_t kLocalHeaderSize = 30;  // APPNOTE 4.3.7
-
 // Name and extra data of a local header seldom need more. Some writers put half a kilobyte
 // of room to grow into the extra data of the entries that every reader reads first.
 constexpr std::uint64_t kLikelyHeaderSize = 1024;
-
-// Deflate turns two bits into 258 bytes at best, a ratio of 1032; small data gets some slack.
-constexpr std::uint64_t kBestRatio = 1032;
-constexpr std::uint64_t kRatioSlack = 64UL * 1024;
 
 constexpr std::size_t kHugePage = 2UL * 1024 * 1024;
 
@@ -147,10 +138,7 @@ bool IsPlausible(const ArchiveFile& file, const Entry& entry) noexcept {
     if (entry.encrypted || entry.onOtherDisk || entry.overlaps) return false;
     if (entry.headerPosition > file.Size() || entry.compressedSize > file.Size()) return false;
     if (entry.method == kStored) return entry.size == entry.compressedSize;
-    if (entry.method != kDeflated) return false;
-    // Divided, as the product with a claimed size could run over.
-    return entry.size <= kRatioSlack ||
-           (entry.size - kRatioSlack - 1) / kBestRatio < entry.compressedSize;
+    return entry.method == kDeflated && MayInflateTo(entry.size, entry.compressedSize);
 }
 
 std::uint64_t LikelySize(const ArchiveFile& file, const Entry& entry) noexcept {

@@ -16,8 +16,8 @@ import check_docs
 
 # What SECURITY.md calls a limit, and where it is set.
 LIMITS = [
-    ("1,032 times", "runtime/zip/EntryReader.cpp", "kBestRatio"),
-    ("64 KiB", "runtime/zip/EntryReader.cpp", "kRatioSlack"),
+    ("1,032 times", "runtime/zip/EntryFormat.h", "kBestRatio"),
+    ("64 KiB", "runtime/zip/EntryFormat.h", "kRatioSlack"),
     ("16 million steps", "runtime/zip/PatternSearch.h", "kFree"),
     ("64 for each byte", "runtime/zip/PatternSearch.h", "kForEachByte"),
     ("128 MiB", "runtime/xml/XmlLimits.h", "kMaxBytes"),

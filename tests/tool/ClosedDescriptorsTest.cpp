@@ -56,7 +56,7 @@ TEST_F(ClosedDescriptors, InputThatNobodyReadsIsNoMatter) {
 }
 
 TEST_F(ClosedDescriptors, ErrorsAreLostAndTheStatusStays) {
-    EXPECT_EQ(RunTool({"parts", "/no/such/file"}, {.closed = {2}}).status, 3);
+    EXPECT_EQ(RunTool({"parts", "/no/such/file"}, {.closed = {2}}).status, 5);
 }
 
 // The other program writes into a pipe, which must not be the closed output.

@@ -63,8 +63,8 @@ TEST(CommandLine, WrongUsageEndsWithStatus2AndOneLine) {
 
 TEST(CommandLine, AFileMayBeCalledLikeACommand) {
     const ToolRun run = RunTool({"tree", "dump"});
-    EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.err, "vexpa: dump: does not open: VX001 cannot be read: No such file or directory\n");
+    EXPECT_EQ(run.status, 5);
+    EXPECT_EQ(run.err, "vexpa: dump: cannot be read: No such file or directory\n");
 }
 
 TEST(CommandLine, AFullDiskIsNoticedByEveryCommand) {

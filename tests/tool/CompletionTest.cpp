@@ -3,6 +3,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <regex>
 #include <sstream>
 
 #include "tests/opc/PackageFile.h"
@@ -150,6 +151,28 @@ TEST(HelpCommand, FitsEightyColumns) {
         for (const std::string& line : Lines(RunTool({"help", command}).out)) {
             EXPECT_LE(line.size(), 80u) << line;
         }
+    }
+}
+
+TEST(HelpCommand, SaysWhatEachIsForWithACapital) {
+    const std::regex entry(" {2,6}[^ ].*?[^ ] {2,}([^ ].*)");
+    for (const std::string& command : CommandsOfHelp()) {
+        std::size_t found = 0;
+        for (const std::string& line : Lines(RunTool({"help", command}).out)) {
+            std::smatch match;
+            if (!std::regex_match(line, match, entry)) continue;
+            ++found;
+            EXPECT_THAT(match[1].str(), testing::MatchesRegex("[A-Z].*")) << command;
+        }
+        EXPECT_GT(found, 1u) << command;
+    }
+}
+
+TEST(HelpCommand, SaysWhatStandsInBracketsBehindATypeWhereOneIsPrinted) {
+    for (const char* command : {"diff", "rels", "tree"}) {
+        SCOPED_TRACE(command);
+        EXPECT_THAT(RunTool({"help", command}).out,
+                    HasSubstr("\nIn brackets stands the library's number for a type, - for none.\n"));
     }
 }
 

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "tests/opc/PackageFile.h"
 #include "tests/tool/RunTool.h"
 
@@ -127,7 +129,44 @@ TEST(RelsCommand, FindsATypeByItsEndItsUriItsNumberOrItsName) {
         EXPECT_THAT(Found(path, {"--type", type}), ElementsAre("rId10", "rId2", "rId7*"));
     }
     EXPECT_THAT(Found(path, {"--type", "header2"}), ElementsAre("u"));
-    EXPECT_THAT(Found(path, {"--type", "nothing"}), testing::IsEmpty());
+}
+
+// A slip of the hand is not to look like an answer.
+TEST(RelsCommand, ATypeThatThereIsNotEndsWithStatus4) {
+    PackageFile file = ManyTyped();
+    const std::string path = file.Write().Path();
+    const auto rels = [&](std::vector<std::string> options) {
+        options.insert(options.begin(), {"rels", path});
+        const ToolRun run = RunTool(options);
+        EXPECT_EQ(run.status, 4);
+        EXPECT_EQ(run.out, "");
+        return run.err;
+    };
+    EXPECT_EQ(rels({"--type", "99"}), "vexpa: " + path + ": no relationships of type 99\n");
+    EXPECT_EQ(rels({"--all", "--type", "nothing"}),
+              "vexpa: " + path + ": no relationships of type nothing\n");
+    EXPECT_EQ(rels({"main", "--type", "nothing"}),
+              "vexpa: " + path + ": main: no relationships of type nothing\n");
+    EXPECT_EQ(rels({"main", "--external", "--type", "header"}),
+              "vexpa: " + path + ": main: no external relationships of type header\n");
+}
+
+TEST(RelsCommand, ATypeThatThereIsNotIsAnErrorInJson) {
+    PackageFile file = ManyTyped();
+    const std::string path = file.Write().Path();
+    const auto json = nlohmann::json::parse(RunTool({"rels", path, "--type", "nothing", "--json"}).out);
+    EXPECT_EQ(json["opened"], true);
+    EXPECT_EQ(json["status"], 4);
+    EXPECT_EQ(json["error"], path + ": no relationships of type nothing");
+    EXPECT_EQ(json["relationships"], nlohmann::json::array());
+}
+
+TEST(RelsCommand, OfSeveralFilesATypeThatNoneHasIsNoError) {
+    PackageFile file = ManyTyped();
+    const std::string path = file.Write().Path();
+    const ToolRun run = RunTool({"rels", "--all", "--type", "nothing", path, path});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out + run.err, "");
 }
 
 // Both answer the same id; only a search tells them apart.

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <nlohmann/json.hpp>
+
 #include "tests/opc/PackageFile.h"
 #include "tests/support/ScratchFile.h"
 #include "tests/tool/RunTool.h"
@@ -84,17 +86,49 @@ TEST(OpenFailure, TellsWhatCanBeSeenOfTheReason) {
     }
 }
 
+// Nothing is known of it, not even whether it is a package.
+TEST(OpenFailure, AFileThatCannotBeReadEndsEveryCommandWithStatus5) {
+    const ScratchFile file(ReadFile(MinimalPackage().Write().Path()));
+    const std::vector<std::vector<std::string>> commands = {
+        {"cat", "/no/such", "main"},
+        {"diff", "/no/such", file.Path()},
+        {"diff", file.Path(), "/no/such"},
+        {"dump", "/no/such"},
+        {"graph", "/no/such"},
+        {"ls", "/no/such"},
+        {"parts", "/no/such"},
+        {"rels", "/no/such"},
+        {"storage", "/no/such", "main"},
+        {"tokens", "/no/such", "main"},
+        {"tree", "/no/such"},
+        {"types", "/no/such"},
+    };
+    for (const auto& command : commands) {
+        SCOPED_TRACE(command.front());
+        const ToolRun run = RunTool(command);
+        EXPECT_EQ(run.status, 5);
+        EXPECT_EQ(run.err, "vexpa: /no/such: cannot be read: No such file or directory\n");
+    }
+}
+
+TEST(OpenFailure, AFileThatCannotBeReadIsNotOpenedInJson) {
+    for (const std::string command : {"dump", "info", "ls", "parts", "rels", "tree", "types"}) {
+        SCOPED_TRACE(command);
+        const auto json = nlohmann::json::parse(RunTool({command, "--json", "/no/such"}).out);
+        EXPECT_EQ(json["opened"], false);
+        EXPECT_EQ(json["status"], 5);
+        EXPECT_EQ(json["error"], "/no/such: cannot be read: No such file or directory");
+    }
+}
+
 TEST(OpenFailure, AFolderOrPipeIsNoFile) {
     const ScratchFile place("");
     const std::string folder = place.Path().substr(0, place.Path().rfind('/'));
     EXPECT_EQ(RunTool({"tree", folder}).err,
-              "vexpa: " + folder +
-                  ": does not open: VX001 is a folder; commands for several files take the documents "
-                  "below with -r\n");
+              "vexpa: " + folder + ": is a folder; commands for several files search it with -r\n");
     const std::string pipe = folder + "/pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(RunTool({"tree", pipe}).err,
-              "vexpa: " + pipe + ": does not open: VX001 not a regular file\n");
+    EXPECT_EQ(RunTool({"tree", pipe}).err, "vexpa: " + pipe + ": not a regular file\n");
 }
 
 TEST(OpenFailure, ANameOutsideTheLocaleIsNamedAsTheReason) {
@@ -108,9 +142,7 @@ TEST(OpenFailure, ANameOutsideTheLocaleIsNamedAsTheReason) {
 
 TEST(OpenFailure, NamesOnStderrAreEscaped) {
     const ToolRun run = RunTool({"tree", "\x1b[2J\n\u202e.docx"});
-    EXPECT_EQ(run.err,
-              "vexpa: \\x1b[2J\\x0a\\u202e.docx: does not open: VX001 cannot be read: No such file or "
-              "directory\n");
+    EXPECT_EQ(run.err, "vexpa: \\x1b[2J\\x0a\\u202e.docx: cannot be read: No such file or directory\n");
 }
 
 }  // namespace

@@ -28,6 +28,7 @@ protected:
         file_.Entry("other/a@b.xml", "at");
         file_.Entry("other/bell\x07.xml", "bell");
         file_.Entry(std::string("other/nul\0.xml", 14), "nul");
+        file_.Entry("other/rId1@main", "not by way of a relationship");
         file_.Entry("folder/", "");
         file_.Entry("main", "an entry of that name");
         path_ = file_.Write().Path();
@@ -59,6 +60,7 @@ TEST_F(PartArgument, LeadsToAPart) {
         {"the only one of a type without a number", "one@word/styles.xml", "an entry of that name"},
         {"a name with an at sign", "other/a@b.xml", "at"},
         {"the end of one", "a@b.xml", "at"},
+        {"the end of one before a relationship", "rId1@main", "not by way of a relationship"},
         {"a name as it is printed", "other/bell\\x07.xml", "bell"},
         {"a name with a NUL as it is printed", "other/nul\\x00.xml", "nul"},
         {"a name before a word with a meaning", "main", "an entry of that name"},
@@ -79,8 +81,7 @@ TEST_F(PartArgument, ThatLeadsToNoneSaysWhyWithStatus4) {
         const char* reason;
     } rows[] = {
         {"no such name", "nothing.xml", "no such part"},
-        {"the end of two", "styles.xml",
-         "is the end of several names: word/styles.xml, glossary/styles.xml"},
+        {"the end of two", "styles.xml", "is ambiguous: word/styles.xml, glossary/styles.xml"},
         {"an end within a word", "ument.xml", "no such part"},
         {"the end of a folder", "folder", "no such part"},
         {"no such relationship", "rId9@document.xml", "no relationship rId9 of word/document.xml"},
@@ -158,7 +159,7 @@ TEST(PartArgumentTail, OfVeryManyNamesIsAShortMessage) {
     const std::string path = file.Write().Path();
     EXPECT_EQ(RunTool({"cat", path, "a.xml"}).err,
               "vexpa: " + path +
-                  ": a.xml: is the end of several names: 0/a.xml, 1/a.xml, 2/a.xml, 3/a.xml, "
+                  ": a.xml: is ambiguous: 0/a.xml, 1/a.xml, 2/a.xml, 3/a.xml, "
                   "4/a.xml, 5/a.xml, 6/a.xml, 7/a.xml and 4992 more\n");
 }
 

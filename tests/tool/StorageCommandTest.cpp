@@ -50,7 +50,7 @@ TEST(StorageCommand, APartThatIsNoCompoundFileEndsWithStatus5) {
     const std::string path = file.Write().Path();
     const ToolRun run = RunTool({"storage", path, "main"});
     EXPECT_EQ(run.status, 5);
-    EXPECT_EQ(run.err, "vexpa: " + path + ": main: is no sound compound file\n");
+    EXPECT_EQ(run.err, "vexpa: " + path + ": main: is not a valid compound file\n");
     EXPECT_EQ(RunTool({"storage", path, "broken.bin"}).err,
               "vexpa: " + path + ": broken.bin: cannot be extracted: damaged or encrypted\n");
     EXPECT_EQ(RunTool({"storage", path, "nothing.bin"}).status, 4);

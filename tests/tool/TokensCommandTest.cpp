@@ -155,7 +155,7 @@ TEST(TokensOfAPart, OfADamagedOrMissingPartEndAsInCat) {
     const ToolRun missing = RunTool({"tokens", path, "missing.xml"});
     EXPECT_EQ(missing.status, 4);
     EXPECT_EQ(missing.err, "vexpa: " + path + ": missing.xml: no such part\n");
-    EXPECT_EQ(RunTool({"tokens", path + ".gone", "a.xml"}).status, 3);
+    EXPECT_EQ(RunTool({"tokens", path + ".gone", "a.xml"}).status, 5);
 }
 
 TEST(TokensOfAPart, OfADeepDocumentNeedLittleMemoryAndStack) {

@@ -15,8 +15,8 @@ void CheckSummary::Add(const CheckReport& report) {
 
 void CheckSummary::Write(bool isAll, Output& out) const {
     constexpr std::size_t kFilesColumn = 1;
-    out.WriteLine(Counted(opened_ + refused_, "file: ", "files: ") + GroupedDigits(opened_) +
-                  " open, " + GroupedDigits(refused_) + " do not");
+    out.WriteLine(Counted(opened_ + refused_, "file: ", "files: ") +
+                  Counted(opened_, "opens, ", "open, ") + Counted(refused_, "does not", "do not"));
     Table table;
     table.AlignRight(kFilesColumn);
     for (const auto& [kind, files] : files_) {

@@ -41,7 +41,7 @@ constexpr KnownStream kKnownStreams[] = {
     {u"VisioDocument", FindingId::LegacyDocument, "with VisioDocument (legacy drawing)"},
     {u"Quill", FindingId::LegacyDocument, "with Quill (legacy publication)"},
     {u"CONTENTS", FindingId::LegacyDocument, "with CONTENTS (legacy document)"},
-    {u"HwpSummaryInformation", FindingId::LegacyDocument, "with a legacy document of another suite"},
+    {u"HwpSummaryInformation", FindingId::LegacyDocument, "with a legacy document of another format"},
     {u"__properties_version1.0", FindingId::OtherCompoundFile, "that is a mail message"},
     {u"_VBA_PROJECT_CUR", FindingId::LegacyDocument, "with a macro project (legacy document)"},
     {u"PROJECT", FindingId::OtherCompoundFile, "that is a macro project"},

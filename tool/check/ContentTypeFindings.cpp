@@ -29,8 +29,8 @@ struct KnownFormat {
 };
 
 constexpr KnownFormat kKnownFormats[] = {
-    {"Index/Document.iwa", "a document of another office suite"},
-    {"Index.zip", "a document of another office suite"},
+    {"Index/Document.iwa", "an office document of another format"},
+    {"Index.zip", "an office document of another format"},
     {"META-INF/container.xml", "an electronic book"},
     {"AndroidManifest.xml", "a program for phones"},
     {"META-INF/MANIFEST.MF", "a Java archive"},
@@ -63,7 +63,7 @@ void ExplainMissing(const Subject& subject, Finding& finding) {
     finding.cause = "no " + std::string(kContentTypesEntry);
     if (subject.container->EntryCount() == 0) {
         finding.cause += ": the archive has no entries";
-        finding.hint = "get the file again";
+        finding.hint = "obtain the file again";
         return;
     }
     if (const ContainerEntry* near = FindNearMiss(subject)) {

@@ -76,7 +76,7 @@ void CheckFileItself(const Subject& subject, Findings& findings) {
     }
     if (IsFolder(subject.file.path)) {
         findings.AddStop(FindingId::UnreadableFile, [](Finding& finding) {
-            finding.cause = "is a folder; commands for several files take the documents below with -r";
+            finding.cause = "is a folder; commands for several files search it with -r";
             finding.hint = "add -r, or name a file in it";
         });
         return;

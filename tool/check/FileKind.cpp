@@ -52,7 +52,7 @@ constexpr Magic kMagics[] = {
 constexpr FileLook kLockFile = {"the lock file that an editor keeps beside a document",
                                 "leave it to the editor; the document has the name without '~$'"};
 constexpr FileLook kZeros = {"nothing but zeros, as a disk that was not written leaves them",
-                             "get the file again"};
+                             "obtain the file again"};
 constexpr FileLook kWebPage = {"a web page", kDownload};
 constexpr FileLook kFlatPackage = {"a flat package: one XML file",
                                    "open it in an editor and save it as a document of the usual kind"};

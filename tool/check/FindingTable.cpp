@@ -50,7 +50,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "last 64 KiB nor an entry at its start. Downloads that failed are often a web page under the "
      "name of a document, and the small files that editors lay beside an open document carry its "
      "extension.",
-     "get the file again, or look at its first bytes"},
+     "obtain the file again, or look at its first bytes"},
     {FindingId::EncryptedPackage, Severity::Error, "password-protected document",
      "A document saved with a password is no zip archive but a compound file, with the package "
      "encrypted in its stream EncryptedPackage. The library does not decrypt.",
@@ -61,7 +61,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "give it to an importer of the binary format, or convert it"},
     {FindingId::EmptyFile, Severity::Error, "empty file",
      "The file has no bytes: a download, a copy or a save that never got to its content.",
-     "get the file again"},
+     "obtain the file again"},
     {FindingId::OtherCompoundFile, Severity::Error, "compound file of another kind",
      "The file is a compound file, but none with the streams of a document that is known here: a "
      "mail message, a thumbnail cache, an embedded object, or a document of another program.",
@@ -69,7 +69,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
     {FindingId::DamagedCompoundFile, Severity::Error, "damaged compound file",
      "The file begins like a compound file, which password-protected and legacy documents are, but "
      "cannot be opened as one: it is cut short, or its tables contradict one another.",
-     "get the file again"},
+     "obtain the file again"},
     {FindingId::UnknownReason, Severity::Error, "refused for a reason that was not found",
      "The library does not open the package, and none of the checks sees why. The file may have "
      "changed in between, or memory may have run out.",
@@ -80,7 +80,8 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "says where it lies. Without a directory that agrees with what the end record says about its "
      "size or its count the library sees no archive. Most often the file is cut short: the end is "
      "lost first.",
-     "get the file again; if there is no other, a zip repair tool can make a directory of the entries"},
+     "obtain the file again; if there is no other, a zip repair tool can make a directory of the "
+     "entries"},
     {FindingId::BytesBefore, Severity::Warning, "bytes before the first entry",
      "Something stands before the archive. The library finds the directory from the end and does "
      "not mind, but many readers tell a zip archive by its first bytes, and text put there may be "
@@ -135,11 +136,11 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "The data does not inflate to as many bytes as the directory says, or their CRC is another "
      "one. The library hands out nothing of a damaged entry. This is seen when the entry is read "
      "(--deep), or when opening needs it.",
-     "get the file again, or restore the entry from another copy"},
+     "obtain the file again, or restore the entry from another copy"},
     {FindingId::DataElsewhere, Severity::Error, "the data of an entry is not where the directory says",
      "At the offset that the directory gives lies no local header, or the data would reach beyond "
      "the end of the file. The entry is listed but cannot be extracted.",
-     "get the file again, or pack the archive anew"},
+     "obtain the file again, or pack the archive anew"},
     {FindingId::LeadingSlash, Severity::Warning, "entry name that begins with a slash",
      "A part name begins with '/', the entry of the part does not. The library drops the slash of "
      "the part name and then compares exactly, so it never finds this entry.",
@@ -163,7 +164,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "The entry is there but does not parse, and the package does not open. An empty entry is not "
      "well-formed either. Documents that nest too deep or grow too much by entities are refused as "
      "well.",
-     "mend the XML at the place named, or restore the entry if it is empty"},
+     "fix the XML at the place named, or restore the entry if it is empty"},
     {FindingId::PartWithoutType, Severity::Warning, "part without a content type",
      "Neither an Override of the part's name nor a Default of its extension gives it a content "
      "type, so the library answers an empty one. Importers that choose by content type pass over "
@@ -186,7 +187,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
     {FindingId::UnreadableContentTypes, Severity::Error, "[Content_Types].xml cannot be extracted",
      "The entry is listed, but its data is damaged, encrypted, packed by an unknown method or not "
      "there.",
-     "get the file again, or pack the archive anew"},
+     "obtain the file again, or pack the archive anew"},
     {FindingId::UnexpectedTypesRoot, Severity::Info, "unexpected root of [Content_Types].xml",
      "The root element should be Types in the namespace of package content types. The library "
      "takes every Override and Default element of the document, wherever it stands; stricter "
@@ -224,7 +225,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "Entry names are compared exactly. The archive has an entry that differs from the target only "
      "in letter case, as file systems that ignore case let happen. It is an error where it keeps "
      "the package from opening.",
-     "entry names are compared exactly: rename the entry, or mend the target"},
+     "entry names are compared exactly: rename the entry, or fix the target"},
     {FindingId::StrictDocument, Severity::Info, "Strict document",
      "The document is of the Strict conformance class: its relationship types begin with "
      "http://purl.oclc.org/ooxml. The library's table has the Transitional types, so asking it for "
@@ -259,14 +260,14 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "absolute URI although it is internal. The library takes targets as they stand: it decodes no "
      "escapes and keeps fragments, so such a target often names no entry.",
      "write the target as a plain relative path, or TargetMode=\"External\" for what lies outside"},
-    {FindingId::UnknownType, Severity::Info, "relationship types outside the table",
+    {FindingId::UnknownType, Severity::Info, "relationship types without a number",
      "The library numbers 60 relationship types. Others answer RelTypeUnknown and are found by "
      "their type text or Id only. This is common: slides and worksheets are among them.",
      "compare the type text for these"},
     {FindingId::MalformedRelationships, Severity::Warning, "relationships of a part cannot be read",
      "The .rels entry of a part is damaged, empty or not well-formed. The part is there, but the "
      "library answers no relationships for it, and says nothing about it.",
-     "mend the entry; what the part refers to cannot be found until then"},
+     "fix the entry; what the part refers to cannot be found until then"},
     {FindingId::OtherResolution, Severity::Info, "target that resolves differently elsewhere",
      "The library resolves targets by rules of its own: every '..' climbs, also inside a file "
      "name, a segment '.' stays, and climbing beyond the root begins again below it. By RFC 3986 "
@@ -297,7 +298,7 @@ constexpr FindingKind kFindingTable[kFindingKinds] = {
      "The content type says XML, but the part does not parse. The library hands out its bytes all "
      "the same; the importer's parser will stop at the place named. An empty part is not "
      "well-formed either.",
-     "mend the XML at the place named, or restore the part if it is empty"},
+     "fix the XML at the place named, or restore the part if it is empty"},
     {FindingId::NoCompoundFile, Severity::Error, "storage part that is no compound file",
      "The part should hold a compound file (it is an embedded object or a macro project, or begins "
      "like one), but cannot be opened as a storage: it is something else, cut short, or its chains "

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/zip/EntryFormat.h"
 #include "tool/check/EntryFaults.h"
 #include "tool/check/FileKind.h"
 #include "tool/check/Groups.h"
@@ -23,8 +24,8 @@ namespace {
 
 constexpr std::size_t kSignatureSize = 8;
 
-// An archive whose entries share no bytes unpacks to no more than this for each of its bytes.
-constexpr std::uint64_t kBestRatio = 1032;
+// An archive whose entries share no bytes unpacks to no more than kBestRatio for each of its bytes.
+using vexpa_runtime::zip::kBestRatio;
 constexpr std::uint64_t kSlack = 1 << 20;
 
 bool SaysXml(std::string_view contentType) {

@@ -11,6 +11,7 @@
 #include "tool/check/RepeatedTypes.h"
 #include "tool/check/Shown.h"
 #include "tool/check/WordCounts.h"
+#include "tool/model/RelationshipTypeNames.h"
 #include "tool/model/StrictTypes.h"
 #include "tool/text/Size.h"
 #include "tool/text/Unicode.h"
@@ -24,19 +25,18 @@ namespace {
 
 constexpr std::size_t kMostWords = 6;
 
-// The ends of the types in the table, in lower case.
+// The ends of the types that have a number, in lower case.
 std::set<std::string> KnownTails() {
-    constexpr std::uint32_t kTypes = 60;
     std::set<std::string> tails;
-    for (std::uint32_t i = 0; i < kTypes; ++i) {
+    for (std::size_t i = 0; i < kRelationshipTypeNameCount; ++i) {
         const auto id = static_cast<opc::RelationshipTypeId>(i);
         tails.insert(TypeTail(tarn::CopyText(opc::GetRelationshipTypeUri(id))));
     }
     return tails;
 }
 
-// The end of a type outside the table; all of it where it ends like one inside, save with the types
-// of Strict documents, which are told of as such.
+// The end of a type without a number; all of it where it ends like one that has one, save with the
+// types of Strict documents, which are told of as such.
 std::string UnknownTypeWord(const opc::Relationship& relationship) {
     static const std::set<std::string> known = KnownTails();
     std::string tail = TypeTail(relationship);
@@ -150,7 +150,7 @@ void ReportUnknown(const WordCounts& unknown, Findings& findings) {
     findings.Add(FindingId::UnknownType, [&](Finding& finding) {
         finding.cause = Counted(unknown.Total(), "relationship", "relationships") + " of " +
                         unknown.WordsText("type", "types") +
-                        " outside the table: " + unknown.Text(kMostWords);
+                        " that the library has no number for: " + unknown.Text(kMostWords);
         finding.namesAllItems = unknown.IsWhole(kMostWords);
         unknown.AddItems(findings, finding);
     });

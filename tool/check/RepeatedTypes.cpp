@@ -41,7 +41,7 @@ void RepeatedTypes::Report(Findings& findings) const {
             if (uses.size() > 1) finding.namesAllItems = false;
             for (const Use& use : uses) findings.AddItem(finding, {use.source->entry, word, use.count});
         }
-        finding.cause = "a look-up by type answers the first of several: " + list.Text();
+        finding.cause = "a look-up by type finds only the first of: " + list.Text();
         finding.namesAllItems = finding.namesAllItems && list.IsWhole();
     });
 }

@@ -69,9 +69,9 @@ ExitStatus Run(const Arguments& arguments) {
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFile(line, arguments->file);
-    AddPart(line, arguments->part, "what to write").Required();
+    AddPart(line, arguments->part, "What to write").Required();
     const Argument pretty = line.Flag("--pretty", arguments->isPretty, "XML with a line for each tag");
-    line.Flag("--hex", arguments->isHex, "bytes as hexadecimal numbers").Excludes(pretty);
+    line.Flag("--hex", arguments->isHex, "Bytes as hexadecimal numbers").Excludes(pretty);
     return [arguments] { return Run(*arguments); };
 }
 

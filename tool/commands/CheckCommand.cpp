@@ -105,7 +105,7 @@ void AddPatterns(const CommandLine& line, const std::string& name,
 void AddFailOn(const CommandLine& line, Severity& failOn) {
     line.Choice<Severity>("--fail-on", failOn,
                           {{"error", Severity::Error}, {"warning", Severity::Warning}},
-                          "end with status 1 from error (the default) or warning on")
+                          "Exit with 1 on errors (default), or also on warnings")
         .Called("error|warning");
 }
 
@@ -113,17 +113,17 @@ CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFiles(line, arguments->files);
     line.Flag("--deep", arguments->check.isDeep,
-              "read every part, parse the XML, open the compound files");
+              "Read every part, parse the XML, open the compound files");
     AddFailOn(line, arguments->failOn);
     AddPatterns(line, "--only", arguments->selection.only,
-                "tell of these findings only: VX305, or VX3");
-    AddPatterns(line, "--ignore", arguments->selection.ignored, "leave these findings out");
+                "Tell of these findings only: VX305, or VX3");
+    AddPatterns(line, "--ignore", arguments->selection.ignored, "Leave these findings out");
     line.Flag("-a,--all", arguments->isAll,
-              "show all findings of one kind and all that a finding sums up; of several files the "
+              "Show all findings of one kind and all that a finding sums up; of several files the "
               "information, too");
-    line.Size("--max-part-size", arguments->check.largestPart, "do not read larger parts (512M)");
+    line.Size("--max-part-size", arguments->check.largestPart, "Do not read larger parts (512M)");
     line.Option("--max-entries", arguments->check.mostEntries,
-                "look at no more of the archive's entries (1048576)");
+                "Look at no more than N entries (1048576)");
     AddQuiet(line, arguments->isQuiet);
     return [arguments] { return CheckRun(*arguments).Run(); };
 }

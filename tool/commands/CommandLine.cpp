@@ -4,14 +4,22 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
 
 namespace vexpa_tool {
 
 namespace {
 
-// "is a, b or c"
-std::string IsOneOf(const std::vector<std::string>& words) {
-    std::string text = "is " + words.front();
+// The parser puts the name of the option before it: "--fail-on: must be error or warning, not foo".
+std::string MustBe(const std::string& what, const std::string& typed) {
+    return "must be " + what + ", not " + (typed.empty() ? "\"\"" : typed);
+}
+
+// "a, b or c"
+std::string OneOfThese(const std::vector<std::string>& words) {
+    std::string text = words.front();
     for (std::size_t i = 1; i < words.size(); ++i) {
         text += (i + 1 == words.size() ? " or " : ", ") + words[i];
     }
@@ -23,10 +31,14 @@ bool IsDigit(char c) {
 }
 
 // The parser itself takes "" for 0.
-Argument Number(CLI::Option* option) {
-    option->type_name("N")->check([](const std::string& text) {
-        const bool isNumber = !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
-        return isNumber ? std::string() : "is a number, 0 or more";
+Argument Number(CLI::Option* option, std::uint64_t most) {
+    option->type_name("N")->check([most](const std::string& text) {
+        std::uint64_t number = 0;
+        const char* end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        if (error == std::errc::invalid_argument || stop != end) return MustBe("a whole number", text);
+        const bool isTooLarge = error != std::errc() || number > most;
+        return isTooLarge ? MustBe("at most " + std::to_string(most), text) : std::string();
     });
     return Argument(option);
 }
@@ -56,7 +68,7 @@ Argument Argument::Called(const std::string& name) const {
 Argument Argument::OneOf(const std::vector<std::string>& words) const {
     option_->check([words](const std::string& text) {
         const bool isKnown = std::find(words.begin(), words.end(), text) != words.end();
-        return isKnown ? std::string() : IsOneOf(words);
+        return isKnown ? std::string() : MustBe(OneOfThese(words), text);
     });
     return *this;
 }
@@ -85,18 +97,20 @@ Argument CommandLine::Option(const std::string& names, std::string& text,
 }
 
 Argument CommandLine::Option(const std::string& names, unsigned& number, const std::string& use) const {
-    return Number(app_->add_option(names, number, use));
+    return Number(app_->add_option(names, number, use), std::numeric_limits<unsigned>::max());
 }
 
 Argument CommandLine::Option(const std::string& names, std::size_t& number,
                              const std::string& use) const {
-    return Number(app_->add_option(names, number, use));
+    return Number(app_->add_option(names, number, use), std::numeric_limits<std::size_t>::max());
 }
 
 Argument CommandLine::Size(const std::string& names, std::uint64_t& size,
                            const std::string& use) const {
     const auto take = [](std::string& text) {
-        return MakeSize(text) ? std::string() : "is a number of bytes, or of K, M or G: 512M";
+        const std::string typed = text;
+        return MakeSize(text) ? std::string()
+                              : MustBe("a number, with or without K, M or G (512M)", typed);
     };
     CLI::Option* option = app_->add_option(names, size, use);
     return Argument(option->type_name("SIZE")->transform(CLI::Validator(take, "")));
@@ -122,7 +136,7 @@ Argument CommandLine::ChoiceOf(const std::string& name, const std::vector<std::s
                                const std::string& use) const {
     const auto take = [name, words, choose](const std::string& text) {
         const auto found = std::find(words.begin(), words.end(), text);
-        if (found == words.end()) throw WrongUsage(name + ": " + IsOneOf(words));
+        if (found == words.end()) throw WrongUsage(name + ": " + MustBe(OneOfThese(words), text));
         choose(static_cast<std::size_t>(found - words.begin()));
     };
     return Argument(app_->add_option_function<std::string>(name, take, use));

@@ -23,6 +23,9 @@ Argument AddJson(const CommandLine& line, bool& json);
 // -q, for a command whose exit status is an answer; after --json, which it excludes.
 void AddQuiet(const CommandLine& line, bool& quiet);
 
+// Says in the help what stands in brackets behind a type, for a command that prints a ShortType.
+void NoteTypeNumbers(const CommandLine& line);
+
 // --color and --ascii, which every command has.
 void AddAppearance(const CommandLine& line, AppearanceOptions& options);
 

@@ -22,7 +22,9 @@ ExitStatus Run(const CLI::App& program, const std::string& shell) {
 
 CommandRun Declare(const CommandLine& line) {
     const auto shell = std::make_shared<std::string>();
-    line.Option("bash|zsh|fish", *shell, "the shell").Required().OneOf({"bash", "zsh", "fish"});
+    line.Option("SHELL", *shell, "Its name: bash, zsh or fish")
+        .Required()
+        .OneOf({"bash", "zsh", "fish"});
     return [line, shell] { return Run(line.Program(), *shell); };
 }
 

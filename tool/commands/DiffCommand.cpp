@@ -216,14 +216,15 @@ ExitStatus Run(const Arguments& arguments) {
 
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
-    line.Option("A", arguments->a, "the package before; - is standard input").Required();
-    line.Option("B", arguments->b, "the package after").Required();
-    line.Flag("--parts", arguments->kinds.parts, "compare the parts");
-    line.Flag("--rels", arguments->kinds.relationships, "compare the relationships");
+    line.Option("A", arguments->a, "The package before; - is standard input").Required();
+    line.Option("B", arguments->b, "The package after").Required();
+    line.Flag("--parts", arguments->kinds.parts, "Compare the parts");
+    line.Flag("--rels", arguments->kinds.relationships, "Compare the relationships");
     line.Flag("--types", arguments->kinds.types,
-              "compare the content types; without any of these, all");
-    line.Flag("--xml", arguments->xml, "show how XML parts differ, tag by tag");
+              "Compare the content types; without any of these, all");
+    line.Flag("--xml", arguments->xml, "Show how XML parts differ, tag by tag");
     AddJson(line, arguments->json);
+    NoteTypeNumbers(line);
     AddQuiet(line, arguments->quiet);
     return [arguments] { return Run(*arguments); };
 }

@@ -105,12 +105,12 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFile(line, arguments->file);
-    const Argument dot = line.Flag("--dot", arguments->dot, "for Graphviz; this is the default");
-    const Argument svg = line.Flag("--svg", arguments->svg, "a picture");
-    const Argument mermaid = line.Flag("--mermaid", arguments->mermaid, "for Mermaid");
-    line.Flag("--full", arguments->isFull, "fold nothing: a node for every part and link");
-    line.Option("--from", arguments->from, "begin at a part").Called("PART");
-    line.Option("--depth", arguments->depth, "go so many relationships far");
+    const Argument dot = line.Flag("--dot", arguments->dot, "For Graphviz; this is the default");
+    const Argument svg = line.Flag("--svg", arguments->svg, "A picture");
+    const Argument mermaid = line.Flag("--mermaid", arguments->mermaid, "For Mermaid");
+    line.Flag("--full", arguments->isFull, "Fold nothing: a node for every part and link");
+    line.Option("--from", arguments->from, "Begin at a part").Called("PART");
+    line.Option("--depth", arguments->depth, "Follow at most N relationships in a row");
     const Argument json = AddJson(line, arguments->json);
     for (const Argument& one : {svg, mermaid, json}) one.Excludes(dot);
     svg.Excludes(mermaid).Excludes(json);

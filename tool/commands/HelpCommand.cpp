@@ -32,8 +32,8 @@ ExitStatus Run(const CLI::App& program, const Arguments& arguments) {
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     line.Option("WORD", arguments->word,
-                "a command, a finding (VX305), or the beginning of several (VX3, VX)");
-    line.Flag("--json", arguments->json, "write what is known of findings as JSON");
+                "A command, a finding (VX305), or the beginning of several (VX3, VX)");
+    line.Flag("--json", arguments->json, "Write what is known of findings as JSON");
     return [line, arguments] { return Run(line.Program(), *arguments); };
 }
 

@@ -9,6 +9,8 @@
 #include "tool/check/Shown.h"
 #include "tool/commands/Command.h"
 #include "tool/commands/CommonArguments.h"
+#include "tool/model/OpenFailure.h"
+#include "tool/model/OpenPackage.h"
 #include "tool/text/Appearance.h"
 #include "tool/text/Local.h"
 #include "tool/text/Size.h"
@@ -55,11 +57,15 @@ void WriteRow(const std::string& label, const std::string& text, Output& out) {
     out.WriteLine("  " + Inked(Ink::Faint, Padded(label, kLabelWidth - 2)) + "  " + text);
 }
 
+ExitStatus StatusOf(const PackageInfo& info) {
+    return info.stop ? StatusOf(*info.stop) : kDone;
+}
+
 ExitStatus Show(const InputFile& file, Output& out) {
     const PackageInfo info = InfoOf(file);
     out.WriteLine(Inked(Ink::Strong, Padded(PrintableLocal(file.name), kLabelWidth)) + "  " +
                   KindText(info));
-    WriteRow("container", ContainerText(info), out);
+    if (StatusOf(info) != kReadOrWriteError) WriteRow("container", ContainerText(info), out);
     if (info.hasModel) {
         WriteRow("relationships", RelationshipsText(info), out);
         WriteRow("content types", TypesText(info), out);
@@ -68,7 +74,7 @@ ExitStatus Show(const InputFile& file, Output& out) {
         "opens",
         info.stop ? Inked(Ink::Bad, "no") + ": " + ReasonText(*info.stop) : Inked(Ink::Good, "yes"),
         out);
-    return info.stop ? kNotOpened : kDone;
+    return StatusOf(info);
 }
 
 Json TextOrNull(const std::string& text) {
@@ -98,10 +104,9 @@ Json InfoJson(const PackageInfo& info) {
 ExitStatus Fill(const InputFile& file, Json& json) {
     const PackageInfo info = InfoOf(file);
     json.update(InfoJson(info));
-    if (info.stop) {
-        json["error"] = PrintableLocal(file.name) + ": does not open: " + ReasonText(*info.stop);
-    }
-    return info.stop ? kNotOpened : kDone;
+    json["opened"] = !info.stop;
+    if (info.stop) json["error"] = NotOpened(file, *info.stop).what();
+    return StatusOf(info);
 }
 
 CommandRun Declare(const CommandLine& line) {
@@ -117,7 +122,8 @@ CommandRun Declare(const CommandLine& line) {
     };
 }
 
-const CommandRegistration registration({"info", "Show the kind of a package, its size, and if it opens",
+const CommandRegistration registration({"info",
+                                        "Show the kind of a package, its size, and whether it opens",
                                         Declare});
 
 }  // namespace

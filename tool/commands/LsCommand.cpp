@@ -180,12 +180,12 @@ CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFiles(line, arguments->options);
     const Argument isLong =
-        line.Flag("-l,--long", arguments->isLong, "show all that the directory says of an entry");
-    line.Option("--sort", arguments->sort, "another order than the directory's")
+        line.Flag("-l,--long", arguments->isLong, "Show all that the directory says of an entry");
+    line.Option("--sort", arguments->sort, "Another order than the directory's")
         .Called("name|size|ratio|offset")
         .OneOf({"name", "size", "ratio", "offset"});
     line.Flag("-0,--null", arguments->namesOnly,
-              "only the names, as they are, each with a NUL after it")
+              "Only the names, as they are, each with a NUL after it")
         .Excludes(isLong);
     return [arguments] {
         FileCommand command;

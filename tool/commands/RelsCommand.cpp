@@ -114,10 +114,20 @@ std::vector<RelationshipSource> Sources(opc::Package& package, const InputFile& 
     return {{&package, FindPartOrPackage(package, file, arguments.part)}};
 }
 
+// The type may be a slip of the hand, which an empty answer would not tell.
+void RequireSome(bool isEmpty, const InputFile& file, const Arguments& arguments) {
+    if (!isEmpty || arguments.isSeveral || arguments.type.empty()) return;
+    const std::string what = std::string("no ") + (arguments.externalOnly ? "external " : "") +
+                             "relationships of type " + PrintableLocal(arguments.type);
+    if (!arguments.part.empty()) throw PartError(kNoSuchPart, file, arguments.part, what);
+    throw ToolError(kNoSuchPart, PrintableLocal(file.name) + ": " + what);
+}
+
 ExitStatus Show(const InputFile& file, const Arguments& arguments, Output& out) {
     const auto package = OpenPackage(file);
     RelsTable table(*package, arguments);
     for (const RelationshipSource& source : Sources(*package, file, arguments)) table.Add(source);
+    RequireSome(table.IsEmpty(), file, arguments);
     // Of many files, those that have none of what is looked for are of no interest.
     const bool isSearch = arguments.externalOnly || !arguments.type.empty();
     if (!(arguments.isSeveral && isSearch && table.IsEmpty())) table.WriteTo(out);
@@ -135,6 +145,7 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
             json["relationships"].push_back(std::move(item));
         }
     }
+    RequireSome(json["relationships"].empty(), file, arguments);
     return kDone;
 }
 
@@ -153,14 +164,16 @@ void TellFilesFromPart(Arguments& arguments, bool partIsGiven) {
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     line.Words("FILE [PART]", arguments->words,
-               "the package, - for standard input; and what has the relationships: a part's name "
-               "or its end, main, or ID@PART; with --all or --part, every word is a FILE");
+               "The package, - for standard input; and what has the relationships: a part's name "
+               "or its last segments, main, ID@PART or TYPE@PART; with --all or --part, every word "
+               "is a FILE");
     const Argument part =
-        line.Option("--part", arguments->part, "list those of this part").Called("PART");
-    line.Flag("--all", arguments->isAll, "list those of the package and of every part").Excludes(part);
-    line.Option("--type", arguments->type, "only those of a type: header, 8 or its URI").Called("TYPE");
-    line.Flag("--external", arguments->externalOnly, "only those that lead out of the package");
+        line.Option("--part", arguments->part, "List those of this part").Called("PART");
+    line.Flag("--all", arguments->isAll, "List those of the package and of every part").Excludes(part);
+    line.Option("--type", arguments->type, "Only those of a type: header, 8 or its URI").Called("TYPE");
+    line.Flag("--external", arguments->externalOnly, "Only those that lead out of the package");
     AddFileOptions(line, arguments->options);
+    NoteTypeNumbers(line);
     return [arguments, part] {
         TellFilesFromPart(*arguments, part.IsGiven());
         FileCommand command;

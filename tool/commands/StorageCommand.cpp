@@ -44,7 +44,7 @@ StorageTree ReadTree(opc::Package& package, const InputFile& file, const Argumen
     const bool isReadable = !Failed(part.GetStream(stream.Out()));
     throw PartError(
         kReadOrWriteError, file, arguments.part,
-        isReadable ? "is no sound compound file" : "cannot be extracted: damaged or encrypted");
+        isReadable ? "is not a valid compound file" : "cannot be extracted: damaged or encrypted");
 }
 
 std::string NameText(const StorageElement& element, const opc::Part& part) {
@@ -97,7 +97,7 @@ ExitStatus FillTree(const InputFile& file, const Arguments& arguments, Json& jso
 }
 
 std::string Ambiguous(const StorageTree& tree, const std::vector<std::size_t>& streams) {
-    std::string text = "is the end of several paths:";
+    std::string text = "is ambiguous:";
     for (std::size_t i = 0; i < std::min(streams.size(), kMostCandidates); ++i) {
         text += (i == 0 ? " " : ", ") + Printable(tree.PathOf(streams[i]));
     }
@@ -144,9 +144,9 @@ ExitStatus WriteStream(const InputFile& file, const Arguments& arguments, Output
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFile(line, arguments->file);
-    AddPart(line, arguments->part, "what is a compound file").Required();
+    AddPart(line, arguments->part, "What is a compound file").Required();
     const Argument stream =
-        line.Option("STREAM", arguments->stream, "write the bytes of this stream: a path or its end");
+        line.Option("STREAM", arguments->stream, "Write the bytes of this stream: a path or its end");
     AddJson(line, arguments->json).Excludes(stream);
     return [arguments, stream] {
         FileCommand command;

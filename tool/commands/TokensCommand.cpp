@@ -137,16 +137,16 @@ CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     const Argument first =
         line.Option("FILE|NAME", arguments->fileOrName,
-                    "with PART, the package; alone, what to look up: w:val, {uri}val, val, 0x00010001");
-    const Argument part = line.Option("PART", arguments->part, "the part whose names are shown");
-    const Argument namespaces = line.Flag("--namespaces", arguments->namespaces, "list the namespaces");
-    line.Flag("--types", arguments->types, "list the relationship types that have a number")
+                    "With PART, the package; alone, what to look up: w:val, {uri}val, val, 0x00010001");
+    const Argument part = line.Option("PART", arguments->part, "The part whose names are shown");
+    const Argument namespaces = line.Flag("--namespaces", arguments->namespaces, "List the namespaces");
+    line.Flag("--types", arguments->types, "List the relationship types that have a number")
         .Excludes(first)
         .Excludes(namespaces);
-    line.Flag("--json", arguments->json, "a JSON object a line; for a part, one an element");
+    line.Flag("--json", arguments->json, "A JSON object a line; for a part, one an element");
     namespaces.Excludes(first);
     line.Flag("--annotate", arguments->annotate,
-              "write the part as XML, each name followed by its {namespace:index}")
+              "Write the part as XML, each name followed by its {namespace:index}")
         .Needs(part);
     return [arguments, first, part] {
         arguments->hasName = first.IsGiven();

@@ -168,8 +168,9 @@ ExitStatus Fill(const InputFile& file, const Arguments& arguments, Json& json) {
 CommandRun Declare(const CommandLine& line) {
     const auto arguments = std::make_shared<Arguments>();
     AddFiles(line, arguments->options);
-    line.Option("--depth", arguments->depth, "show so many levels");
-    line.Option("--from", arguments->from, "begin at a part").Called("PART");
+    NoteTypeNumbers(line);
+    line.Option("--depth", arguments->depth, "Show at most N levels");
+    line.Option("--from", arguments->from, "Begin at a part").Called("PART");
     return [arguments] {
         FileCommand command;
         command.heading = Heading::BlankLine;

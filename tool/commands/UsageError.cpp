@@ -40,12 +40,21 @@ std::string BeforeTheCommand(const CLI::App& command, const std::string& option)
            PrintableLocal(option);
 }
 
+// The parser's own words for it: "--depth: 1 required N missing", "deep was given a disallowed...".
+std::string OfValue(const std::exception& error) {
+    const std::string text = PrintableLocal(error.what());
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) == nullptr) return text;
+    const std::size_t colon = text.find(':');
+    return colon != std::string::npos ? text.substr(0, colon) + ": needs a value"
+                                      : "--" + text.substr(0, text.find(' ')) + ": takes no value";
+}
+
 // The parser misses a word before it looks at the one that stands in its place.
 std::string WithoutCommand(const CLI::App& program, const std::exception& error) {
     const std::vector<std::string> unknown = program.remaining();
     if (unknown.empty()) {
         const bool isMissed = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
-        return isMissed ? "a command is required" : PrintableLocal(error.what());
+        return isMissed ? "a command is required" : OfValue(error);
     }
     return "no such command or option: " + PrintableLocal(unknown.front());
 }
@@ -59,9 +68,7 @@ std::string OfCommand(const CLI::App& program, const CLI::App& command, const st
     const std::string option = FirstOption(unknown);
     if (!option.empty()) return NoSuchOption(option);
     if (!unknown.empty()) return "one word too many: " + PrintableLocal(unknown.front());
-    const std::string text = PrintableLocal(error.what());
-    const bool lacksValue = dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr;
-    return lacksValue ? text.substr(0, text.find(':')) + ": needs a value" : text;
+    return OfValue(error);
 }
 
 }  // namespace

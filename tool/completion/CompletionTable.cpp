@@ -50,6 +50,7 @@ CompletionWord WordOf(const std::string& name) {
     CompletionWord word;
     if (name == "VX...") return {WordKind::Choice, FindingIds()};
     if (name == "TYPE") return {WordKind::Choice, RelationshipTypes()};
+    if (name == "SHELL") return {WordKind::Choice, {"bash", "zsh", "fish"}};
     if (IsChoice(name)) {
         word.kind = WordKind::Choice;
         word.choices = Split(name, '|');

@@ -17,8 +17,7 @@
 
 namespace vexpa_tool {
 
-// A position that no file reaches.
-inline constexpr std::uint64_t kNowhere = UINT64_MAX;
+using vexpa_runtime::zip::kNowhere;
 
 // Bits of ContainerEntry::flags (APPNOTE 4.4.4).
 inline constexpr std::uint16_t kEncrypted = 0x0001;

@@ -14,9 +14,6 @@ namespace vexpa_tool {
 
 namespace {
 
-constexpr std::uint64_t kBestRatio = 1032;
-constexpr std::uint64_t kRatioSlack = 64 << 10;
-
 EntryDamage InflateInto(void* out, std::size_t size, const std::string& data) {
     if (data.empty() && size == 0) return EntryDamage::None;
     const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> decompressor(
@@ -54,8 +51,8 @@ EntryDamage FindDamageIn(const std::string& data, const ContainerEntry& entry) {
 bool IsImpossibleSize(const ContainerEntry& entry) {
     if ((entry.flags & kEncrypted) != 0) return false;  // its data has a header of its own
     if (entry.method == kStored) return entry.size != entry.compressedSize;
-    return entry.method == kDeflated && entry.size > kRatioSlack &&
-           (entry.size - kRatioSlack - 1) / kBestRatio >= entry.compressedSize;
+    return entry.method == kDeflated &&
+           !vexpa_runtime::zip::MayInflateTo(entry.size, entry.compressedSize);
 }
 
 EntryDamage FindHeaderDamage(const Container& container, const ContainerEntry& entry) {

@@ -2,6 +2,7 @@
 #ifndef VEXPA_TOOL_CONTAINER_ENTRYDAMAGE_H_
 #define VEXPA_TOOL_CONTAINER_ENTRYDAMAGE_H_
 
+#include "runtime/zip/EntryFormat.h"
 #include "tool/container/Container.h"
 
 namespace vexpa_tool {
@@ -25,11 +26,11 @@ EntryDamage FindDamage(const Container& container, const ContainerEntry& entry);
 // The same as far as it can be told without reading the data: None also for what is damaged inside.
 EntryDamage FindHeaderDamage(const Container& container, const ContainerEntry& entry);
 
-// Deflate turns two bits into 258 bytes at best; the library refuses more, with some slack.
+// More than the data can hold; the library refuses such an entry.
 bool IsImpossibleSize(const ContainerEntry& entry);
 
-inline constexpr std::uint16_t kStored = 0;
-inline constexpr std::uint16_t kDeflated = 8;
+using vexpa_runtime::zip::kDeflated;
+using vexpa_runtime::zip::kStored;
 
 }  // namespace vexpa_tool
 

@@ -6,12 +6,13 @@
 #include <optional>
 #include <string>
 
+#include "runtime/zip/EntryFormat.h"
 #include "tool/container/Container.h"
 
 namespace vexpa_tool {
 
-inline constexpr std::uint32_t kLocalHeaderSignature = 0x04034b50;
-inline constexpr std::uint64_t kLocalHeaderSize = 30;  // APPNOTE 4.3.7
+using vexpa_runtime::zip::kLocalHeaderSignature;
+using vexpa_runtime::zip::kLocalHeaderSize;
 
 // The fields of a local header. Sizes and CRC may be 0 where kHasDescriptor is set.
 struct LocalHeader {

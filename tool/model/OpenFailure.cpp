@@ -1,17 +1,19 @@
 #include "tool/model/OpenFailure.h"
 
 #include "tool/check/Check.h"
-#include "tool/check/ReportText.h"
 
 namespace vexpa_tool {
 
-std::string WhyNotOpened(const InputFile& file) {
+std::optional<Finding> WhyNotOpened(const InputFile& file) {
     CheckOptions options;
     options.isOpeningOnly = true;
     const CheckReport report = CheckPackage(file, options);
     const Finding* stop = report.Stop();
-    // It may have been mended since.
-    return stop == nullptr ? "it opens now" : ReasonText(*stop);
+    return stop == nullptr ? std::nullopt : std::optional(*stop);
+}
+
+ExitStatus StatusOf(const Finding& stop) {
+    return stop.id == FindingId::UnreadableFile ? kReadOrWriteError : kNotOpened;
 }
 
 }  // namespace vexpa_tool

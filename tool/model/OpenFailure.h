@@ -2,16 +2,20 @@
 #ifndef VEXPA_TOOL_MODEL_OPENFAILURE_H_
 #define VEXPA_TOOL_MODEL_OPENFAILURE_H_
 
-#include <string>
+#include <optional>
 
+#include "tool/ExitStatus.h"
 #include "tool/InputFile.h"
+#include "tool/check/Finding.h"
 
 namespace vexpa_tool {
 
-// The library gives no reason, so the check replays the steps of opening: "VX301 _rels/.rels:7:2:
-// the last relationship rId5 (thumbnail) has no part: a.jpeg". What is said is true of the file;
-// that it was the library's reason is a conclusion.
-std::string WhyNotOpened(const InputFile& file);
+// The library gives no reason, so the check replays the steps of opening. What is said is true of
+// the file; that it was the library's reason is a conclusion. Nothing when it opens now.
+std::optional<Finding> WhyNotOpened(const InputFile& file);
+
+// How a command ends, other than a check, that has met this.
+ExitStatus StatusOf(const Finding& stop);
 
 }  // namespace vexpa_tool
 

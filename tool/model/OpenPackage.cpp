@@ -1,5 +1,8 @@
 #include "tool/model/OpenPackage.h"
 
+#include <optional>
+
+#include "tool/check/ReportText.h"
 #include "tool/model/OpenFailure.h"
 #include "tool/text/Local.h"
 
@@ -17,8 +20,18 @@ tarn::Handle<opc::Package> OpenPackage(const InputFile& file) {
     return package;
 }
 
-ToolError NotOpened(const InputFile& file) {
-    return ToolError(kNotOpened, PrintableLocal(file.name) + ": does not open: " + WhyNotOpened(file));
+NotOpenedError NotOpened(const InputFile& file) {
+    if (const std::optional<Finding> stop = WhyNotOpened(file)) return NotOpened(file, *stop);
+    // It may have been mended since.
+    return NotOpenedError(kNotOpened, PrintableLocal(file.name) + ": does not open: it opens now");
+}
+
+NotOpenedError NotOpened(const InputFile& file, const Finding& stop) {
+    const ExitStatus status = StatusOf(stop);
+    // Of what cannot be read nothing is known, not even whether it is a package.
+    const std::string what =
+        status == kReadOrWriteError ? stop.cause : "does not open: " + ReasonText(stop);
+    return NotOpenedError(status, PrintableLocal(file.name) + ": " + what);
 }
 
 ToolError PartError(ExitStatus status, const InputFile& file, const std::string& part,

@@ -84,7 +84,7 @@ private:
     }
 
     static std::string Ambiguous(const std::vector<std::u16string>& names) {
-        std::string text = "is the end of several names:";
+        std::string text = "is ambiguous:";
         for (std::size_t i = 0; i < names.size() && i < kMostCandidates; ++i) {
             text += (i == 0 ? " " : ", ") + Printable(names[i]);
         }

@@ -14,9 +14,9 @@ namespace vexpa_tool {
 //     word/document.xml    its name, with or without a leading '/'
 //     w\x1brd/a.xml        its name as the tool prints it, with escapes
 //     main                 the part of the MainRelationship
+//     document.xml         the last segments of a name, if they fit only one entry
 //     rId4@main            the target of a relationship of a part; rId1@/ of the package's
 //     styles@main          the same by its type, as a RelationshipQuery takes it
-//     document.xml         the end of one entry's name, from a '/' on
 //
 // None ends the command with a ToolError, which lists the candidates when there are several.
 tarn::opc::Part& FindPart(tarn::opc::Package& package, const InputFile& file,

@@ -9,9 +9,10 @@
 
 namespace vexpa_tool {
 
+// Written by vexpa/opc/make_relationship_types.py, as are the names.
 inline constexpr std::size_t kRelationshipTypeNameCount = 60;
 
-// By id. Written by vexpa/opc/make_relationship_types.py.
+// By id.
 extern const std::array<const char*, kRelationshipTypeNameCount> kRelationshipTypeNames;
 
 // "RelTypeOfficeDocument"; "RelTypeUnknown" for every id outside the list.

@@ -27,6 +27,7 @@ constexpr unsigned kMostJobs = 256;
 struct Outcome {
     ExitStatus status = kDone;
     std::string error;  // empty when there was none
+    bool isOpened = true;
 };
 
 // An error of one file must not cost the others.
@@ -36,6 +37,8 @@ Outcome Attempt(const InputFile& file, const Action& action) {
         return {action(), {}};
     } catch (const FatalError&) {
         throw;
+    } catch (const NotOpenedError& error) {
+        return {error.Status(), error.what(), false};
     } catch (const ToolError& error) {
         return {error.Status(), error.what()};
     } catch (const std::bad_alloc&) {
@@ -137,7 +140,7 @@ private:
                      {"error", nullptr}};
         json.update(command_.members);
         Outcome outcome = Attempt(file, [&] { return command_.fillJson(file, json); });
-        if (json["opened"].is_null()) json["opened"] = outcome.status != kNotOpened;
+        if (json["opened"].is_null()) json["opened"] = outcome.isOpened;
         json["status"] = static_cast<int>(outcome.status);
         if (!outcome.error.empty()) json["error"] = outcome.error;
         out.WriteLine(list_.isSeveral ? JsonLine(json) : JsonText(json));

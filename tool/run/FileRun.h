@@ -42,7 +42,7 @@ struct FileCommand {
     //
     // and then these members, which hold what a file without anything has. What has to be said
     // of a file is filled in; after a ToolError the members stay as they are. The file has been
-    // opened unless the status says otherwise, or what is filled in.
+    // opened unless there is a NotOpenedError, or what is filled in says otherwise.
     Json members = Json::object();
     std::function<ExitStatus(const InputFile& file, Json& json)> fillJson;
 };

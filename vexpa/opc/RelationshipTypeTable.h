@@ -17,6 +17,7 @@ struct RelationshipTypeRow {
     RelationshipTypeId id;
 };
 
+// Written by make_relationship_types.py, as are the rows.
 inline constexpr std::size_t kRelationshipTypeCount = 60;
 
 // Each row stands at the place of its id.

@@ -5,19 +5,23 @@
     vexpa/opc/make_relationship_types.py --check    compares; status 1 when a source is behind
 
 The enumerators go between two marks of RelationshipTypeId.h, the rows into
-RelationshipTypeTable.generated.cpp, and the names that the tool prints into
-tool/model/RelationshipTypeNames.generated.cpp. Types are only ever appended: callers know them by number.
+RelationshipTypeTable.generated.cpp, the names that the tool prints into
+tool/model/RelationshipTypeNames.generated.cpp, and their number into the header of each. Types are only ever appended: callers know them by number.
 """
 
 import csv
 import pathlib
+import re
 import sys
 
 FOLDER = pathlib.Path(__file__).resolve().parent
 SOURCE = FOLDER / "relationship-types.tsv"
 HEADER = FOLDER / "RelationshipTypeId.h"
+TABLE_HEADER = FOLDER / "RelationshipTypeTable.h"
 TABLE = FOLDER / "RelationshipTypeTable.generated.cpp"
-NAMES = FOLDER.parent.parent / "tool" / "model" / "RelationshipTypeNames.generated.cpp"
+MODEL = FOLDER.parent.parent / "tool" / "model"
+NAMES_HEADER = MODEL / "RelationshipTypeNames.h"
+NAMES = MODEL / "RelationshipTypeNames.generated.cpp"
 
 BEGIN = "    // Begin of the list that make_relationship_types.py writes.\n\n"
 END = "\n    // End of the list.\n"
@@ -82,6 +86,14 @@ def header_text(rows):
     return before + BEGIN + enumerators + END + after
 
 
+def counted_text(header, constant, rows):
+    text, found = re.subn(rf"\b({constant} = )\d+;", rf"\g<1>{len(rows)};",
+                          header.read_text(encoding="utf-8"))
+    if found != 1:
+        sys.exit(f"{header.name}: {constant} is not there once")
+    return text
+
+
 def table_text(rows):
     lines = (f"    {{u\"{row['uri']}\", {row['enumerator']}}},\n" for row in rows)
     return TABLE_TEXT.format(rows="".join(lines))
@@ -93,7 +105,9 @@ def names_text(rows):
 
 def main(arguments):
     rows = read_rows()
-    texts = {HEADER: header_text(rows), TABLE: table_text(rows), NAMES: names_text(rows)}
+    texts = {HEADER: header_text(rows), TABLE: table_text(rows), NAMES: names_text(rows),
+             TABLE_HEADER: counted_text(TABLE_HEADER, "kRelationshipTypeCount", rows),
+             NAMES_HEADER: counted_text(NAMES_HEADER, "kRelationshipTypeNameCount", rows)}
     if arguments == ["--check"]:
         behind = [path.name for path, text in texts.items()
                   if not path.exists() or path.read_text(encoding="utf-8") != text]

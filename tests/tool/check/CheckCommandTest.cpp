@@ -30,7 +30,7 @@ TEST(CheckCommand, AnswersFirstAndGivesTheReasonSecond) {
                   "one\n"
                   "  error   VX305  _rels/.rels: an entry differs from the target only in letter case: "
                   "word/document.xml\n"
-                  "          hint   entry names are compared exactly: rename the entry, or mend the "
+                  "          hint   entry names are compared exactly: rename the entry, or fix the "
                   "target\n"
                   "\n"
                   "2 findings: 2 errors, 0 warnings, 0 info\n");
@@ -76,10 +76,10 @@ TEST(CheckCommand, SaysThatAFolderIsOneAndWhatToDo) {
     const std::string folder = sound.Path().substr(0, sound.Path().rfind('/'));
     const ToolRun run = RunTool({"check", folder});
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.out, HasSubstr("error   VX001  is a folder; commands for several files take the "
-                                   "documents below with -r\n          hint   add -r, or name a file "
-                                   "in it\n"));
-    EXPECT_EQ(RunTool({"check", "-r", folder}).out, "1 file: 1 open, 0 do not\n");
+    EXPECT_THAT(run.out,
+                HasSubstr("error   VX001  is a folder; commands for several files search it with -r\n"
+                          "          hint   add -r, or name a file in it\n"));
+    EXPECT_EQ(RunTool({"check", "-r", folder}).out, "1 file: 1 opens, 0 do not\n");
 }
 
 TEST(CheckCommand, SaysThatPagesAreReferredToByName) {
@@ -154,7 +154,7 @@ TEST(CheckCommand, OfSeveralFilesWritesALineForEachFindingAndASummary) {
             refused.Path() +
             ": error VX305 _rels/.rels: an entry differs from the target only in letter case: "
             "word/document.xml\n"
-            "3 files: 2 open, 1 do not\n"
+            "3 files: 2 open, 1 does not\n"
             "  error    1  VX301  the last package relationship has no part\n"
             "  error    1  VX305  the target exists under another letter case\n"
             "  warning  1  VX401  internal target without a part\n");

@@ -69,7 +69,7 @@ TEST(CheckCorpus, FindsWhatItIsKnownToFind) {
         {"damaged/UrbanFax_TP10192755.dotx", FindingId::LastTargetMissing, Severity::Error,
          "the last relationship rId5 (thumbnail) has no part: docProps/thumbnail.jpeg"},
         {"damaged/UrbanFax_TP10192755.dotx", FindingId::RepeatedType, Severity::Info,
-         "a look-up by type answers the first of several: footer (2)"},
+         "a look-up by type finds only the first of: footer (2)"},
         {"damaged/xlsx-corrupted.xlsx", FindingId::NoPackageRelationships, Severity::Error,
          "is not well-formed: syntax error"},
         {"damaged/duplicate-filename.xlsx", FindingId::DuplicateName, Severity::Warning,

@@ -29,7 +29,7 @@ TEST(FileKind, IsSeenByTheFirstBytesAndHasAHintOfItsOwn) {
         {"<?xml version='1.0'?><a/>", "an XML document", "a program for that kind"},
         {"Dear all,\n", "plain text", "read it"},
         {std::string(100, '\0'), "nothing but zeros, as a disk that was not written leaves them",
-         "get the file again"},
+         "obtain the file again"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.kind);

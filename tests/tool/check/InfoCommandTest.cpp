@@ -41,6 +41,14 @@ TEST(InfoCommand, OfARefusedPackageSaysWhyAndWhatItWouldHold) {
                           "rId2 (theme) has no part: gone.xml\n"));
 }
 
+TEST(InfoCommand, OfAFileThatCannotBeReadHasNoContainer) {
+    const ToolRun run = RunTool({"info", "/no/such"});
+    EXPECT_EQ(run.status, 5);
+    EXPECT_EQ(run.out,
+              "/no/such         no package\n"
+              "  opens          no: VX001 cannot be read: No such file or directory\n");
+}
+
 TEST(InfoCommand, KnowsKindsByTheTypeOfTheMainPart) {
     struct Row {
         const char* contentType;

@@ -101,7 +101,7 @@ TEST(Items, StandBehindTheirFileWhereThereAreSeveral) {
 TEST(Items, AreNotRepeatedWhereTheSentenceHasThemAll) {
     const ScratchFile file(Dangling());
     const std::string all = RunTool({"check", "--all", file.Path()}).out;
-    EXPECT_THAT(all, HasSubstr("outside the table: urn:x (1)\n\n"));
+    EXPECT_THAT(all, HasSubstr("that the library has no number for: urn:x (1)\n\n"));
 }
 
 TEST(Items, OfAnArchiveOfVeryManyAreCounted) {
@@ -140,14 +140,14 @@ std::string Repeating(int sources) {
 TEST(RepeatedTypes, NameThePart) {
     const Finding one = FindingOf(CheckBytes(Repeating(1)), FindingId::RepeatedType);
     EXPECT_EQ(one.entry, "word/document.xml");
-    EXPECT_EQ(one.cause, "a look-up by type answers the first of several: theme (2)");
+    EXPECT_EQ(one.cause, "a look-up by type finds only the first of: theme (2)");
 }
 
 TEST(RepeatedTypes, NameTheFirstOfSeveralPartsAndListAll) {
     const Finding two = FindingOf(CheckBytes(Repeating(3)), FindingId::RepeatedType);
     EXPECT_EQ(two.entry, "");
     EXPECT_EQ(two.cause,
-              "a look-up by type answers the first of several: "
+              "a look-up by type finds only the first of: "
               "theme (up to 3 in 3 parts, first in word/document.xml)");
     const json finding = JsonOf(Repeating(3), "VX402");
     EXPECT_EQ(finding["items"],
@@ -167,7 +167,7 @@ TEST(RepeatedTypes, OfOneLastWordAreTwo) {
     const Finding finding = FindingOf(CheckBytes(bytes), FindingId::RepeatedType);
     EXPECT_EQ(finding.entry, "word/document.xml");
     EXPECT_EQ(finding.cause,
-              "a look-up by type answers the first of several: "
+              "a look-up by type finds only the first of: "
               "extensibility (2) and extensibility (3)");
 }
 
