@@ -7,8 +7,8 @@
 namespace importer {
 
 // QXmlStreamReader compares every attribute of a start tag with all those before it: 40,000
-// in one tag take 3 s, and four times as long for twice as many. Who must not be held up by
-// a hostile part takes the other importer.
+// in one tag take 3 s, and four times as long for twice as many. An importer that must not be held up
+// by a hostile part is the other one.
 class QtImporter final : public Importer {
 public:
     explicit QtImporter(const Limits& limits = {}) : limits_(limits) {}

@@ -108,20 +108,6 @@ void AppendUtf16(char32_t character, std::u16string& text) {
     text.push_back(static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
 }
 
-std::string ToUtf8(std::u16string_view text) {
-    std::string utf8;
-    utf8.reserve(text.size());
-    while (!text.empty()) AppendUtf8(TakeCharacter(text), utf8);
-    return utf8;
-}
-
-std::u16string FromUtf8(std::string_view utf8) {
-    std::u16string text;
-    text.reserve(utf8.size());
-    while (!utf8.empty()) AppendUtf16(TakeUtf8(utf8), text);
-    return text;
-}
-
 bool IsUnsafeToPrint(char32_t character) {
     if (character < 0x20 || IsBetween(0x7F, character, 0x9F)) return true;
     if (character == 0x061C || character == 0x200E || character == 0x200F) return true;

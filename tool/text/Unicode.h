@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "vexpa/base/Utf8.h"
+
 namespace vexpa_tool {
 
 // Takes the first character off `text`, which is not empty; U+FFFD for an unpaired surrogate.
@@ -16,12 +18,9 @@ char32_t TakeUtf8(std::string_view& utf8);
 void AppendUtf8(char32_t character, std::string& utf8);
 void AppendUtf16(char32_t character, std::u16string& text);
 
-// An unpaired surrogate becomes U+FFFD.
-std::string ToUtf8(std::u16string_view text);
-
-// Every character as it is, a byte order mark at the start included. For UTF-8 that was
-// checked by whoever hands it over.
-std::u16string FromUtf8(std::string_view utf8);
+// Every character as it is, a byte order mark at the start included; what is ill-formed becomes U+FFFD.
+using tarn::FromUtf8;
+using tarn::ToUtf8;
 
 // Control characters, line separators, controls of the writing direction and
 // non-characters: printed as they are, a name from a package could move the cursor, forge

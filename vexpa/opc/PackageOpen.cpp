@@ -41,7 +41,7 @@ HRESULT PackageImpl::ReadContentTypes() {
     // a positive answer with one.
     // (PackageOpen.GoesOnWithoutContentTypesWhenTheParseGivesNoDocument,
     // PackageOpen.ReadsContentTypesOnlyWhenTheirParseAnswersZero)
-    if (result == S_OK && document) contentTypes_.Read(*document.Get());
+    if (result == S_OK && document) contentTypes_.Read(*document);
     return result;
 }
 
@@ -78,7 +78,7 @@ HRESULT PackageImpl::ReadPackageRelationships() {
         if (GetPart(filed.GetTarget()) != nullptr) result = S_OK;
         return true;
     };
-    ReadRelationships(*document.Get(), {}, types_, keep);
+    ReadRelationships(*document, {}, types_, keep);
     return result;
 }
 

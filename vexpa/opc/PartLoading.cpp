@@ -90,7 +90,7 @@ void PackageImpl::ReadPartRelationships(PartImpl& part) {
         ++count;
         return true;
     };
-    if (document) ReadRelationships(*document.Get(), source, types_, keep);
+    if (document) ReadRelationships(*document, source, types_, keep);
     allowance_.CountText(size, count);
 }
 

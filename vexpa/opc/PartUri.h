@@ -15,7 +15,8 @@ namespace tarn::opc {
 // locale, so they may lose characters that `name` keeps. What a name lacks is empty.
 //
 // Lifetime  A record of its own: it holds copies of everything.
-// Errors    None but that of the standard library, out of memory.
+// Errors    None but that of the standard library, out of memory. Without memory of the platform for
+//           the parse, a name has no components.
 // Threads   As any record: read by many, or written by one.
 //
 // The order of the fields is part of the binary interface.
@@ -23,8 +24,8 @@ struct PartUri {
     // The empty name.
     PartUri() = default;
 
-    // Keeps the name and splits it. A name that is no URI reference has no components;
-    // a null pointer of either type is the empty name.
+    // Keeps the name and splits it. A name that is no URI reference, or has 2^28
+    // units or more, has no components; a null pointer of either type is the empty name.
     VEXPA_API explicit PartUri(const unsigned short* givenName);
     explicit PartUri(const char16_t* givenName) : PartUri(ToUnits(givenName)) {}
 

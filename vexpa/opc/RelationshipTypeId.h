@@ -21,7 +21,7 @@ namespace tarn::opc {
 //
 // The numbers are part of the binary interface: types are appended, never renumbered.
 enum RelationshipTypeId : std::uint32_t {
-    // Begin of the list that make_relationship_types.py writes.
+    // Start of the list that make_relationship_types.py writes.
 
     RelTypeAfChunk = 0,                 // afchunk
     RelTypeComments = 1,                // comments

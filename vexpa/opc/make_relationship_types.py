@@ -23,7 +23,7 @@ MODEL = FOLDER.parent.parent / "tool" / "model"
 NAMES_HEADER = MODEL / "RelationshipTypeNames.h"
 NAMES = MODEL / "RelationshipTypeNames.generated.cpp"
 
-BEGIN = "    // Begin of the list that make_relationship_types.py writes.\n\n"
+BEGIN = "    // Start of the list that make_relationship_types.py writes.\n\n"
 END = "\n    // End of the list.\n"
 
 TABLE_TEXT = """\
