@@ -2,6 +2,10 @@
 
 #include <glib.h>
 
+#include <cstddef>
+#include <iterator>
+#include <mutex>
+
 namespace vexpa_runtime {
 
 namespace {
@@ -15,6 +19,12 @@ constexpr auto kEveryLevel = static_cast<GLogLevelFlags>(
 
 thread_local int silences = 0;
 
+// The handlers of all threads that are silent now. One of each domain for all: GLib may give two
+// threads that set handlers at once the same number for them.
+std::mutex mutex;
+int silencesOfAll = 0;
+guint handlers[std::size(kDomains)];
+
 // The host may be using libgsf on another thread meanwhile.
 void DropOurs(const gchar* domain, GLogLevelFlags level, const gchar* message, gpointer) {
     if (silences == 0) g_log_default_handler(domain, level, message, nullptr);
@@ -24,14 +34,19 @@ void DropOurs(const gchar* domain, GLogLevelFlags level, const gchar* message, g
 
 GsfSilence::GsfSilence() noexcept {
     ++silences;
-    for (int i = 0; i < 2; ++i) {
-        handlers_[i] = g_log_set_handler(kDomains[i], kEveryLevel, DropOurs, nullptr);
+    const std::lock_guard lock(mutex);
+    if (silencesOfAll++ > 0) return;
+    for (std::size_t i = 0; i < std::size(kDomains); ++i) {
+        handlers[i] = g_log_set_handler(kDomains[i], kEveryLevel, DropOurs, nullptr);
     }
 }
 
 GsfSilence::~GsfSilence() {
-    for (int i = 0; i < 2; ++i) g_log_remove_handler(kDomains[i], handlers_[i]);
     --silences;
+    const std::lock_guard lock(mutex);
+    if (--silencesOfAll > 0) return;
+    for (std::size_t i = 0; i < std::size(kDomains); ++i)
+        g_log_remove_handler(kDomains[i], handlers[i]);
 }
 
 }  // namespace vexpa_runtime

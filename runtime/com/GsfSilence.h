@@ -12,9 +12,6 @@ public:
     ~GsfSilence();
     GsfSilence(const GsfSilence&) = delete;
     GsfSilence& operator=(const GsfSilence&) = delete;
-
-private:
-    unsigned int handlers_[2];
 };
 
 }  // namespace vexpa_runtime

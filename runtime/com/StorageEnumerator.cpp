@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace vexpa_runtime {
 
@@ -15,8 +16,8 @@ HRESULT StorageEnumerator::Next(std::uint32_t count, STATSTG* elements, std::uin
         const StorageElement& element = elements_->All()[next_ + i];
         const HRESULT copied = CopyStat(element.stat, element.name, STATFLAG_DEFAULT, &elements[i]);
         if (copied < 0) {
-            // All or nothing: the caller of a failed call frees no names.
-            while (i-- > 0) _XCoTaskMemFree(elements[i].pwcsName);
+            // All or nothing: the caller of a failed call has no names to free.
+            while (i-- > 0) _XCoTaskMemFree(std::exchange(elements[i].pwcsName, nullptr));
             return copied;
         }
     }

@@ -66,6 +66,7 @@ TEST(ToUtf8, ReplacesEachLoneSurrogate) {
 TEST(ToUtf8, TakesATextAsTheInterfacesHandItOut) {
     EXPECT_EQ(ToUtf8(ToUnits(u"caf\xE9")), "caf\xC3\xA9");
     EXPECT_EQ(ToUtf8(static_cast<const unsigned short*>(nullptr)), "");
+    EXPECT_EQ(ToUtf8(static_cast<const char16_t*>(nullptr)), "");
 }
 
 // The rows with several characters are those of the Unicode Standard, tables 3-8 to 3-11.

@@ -29,6 +29,7 @@ LocalText::LocalText(std::u16string_view text) : size_(text.size()) {
     const int size = static_cast<int>(text.size());
     if (!std::all_of(text.begin(), text.end(), IsInvariant<char16_t>)) {
         isConverted_ = IsConvertible(text);
+        size_ = 0;
         if (!isConverted_) return;
         long_ = QString::fromUtf16(text.data(), size).toLocal8Bit();
         size_ = static_cast<std::size_t>(long_.size());

@@ -82,6 +82,9 @@ inline std::string ToUtf8(std::u16string_view text) {
 inline std::string ToUtf8(const unsigned short* text) {
     return ToUtf8(CopyText(text));
 }
+inline std::string ToUtf8(const char16_t* text) {
+    return ToUtf8(ToUnits(text));
+}
 
 // The text in UTF-16.
 inline std::u16string FromUtf8(std::string_view text) {

@@ -24,8 +24,8 @@ struct PartUri {
     // The empty name.
     PartUri() = default;
 
-    // Keeps the name and splits it. A name that is no URI reference, or has 2^28
-    // units or more, has no components; a null pointer of either type is the empty name.
+    // Keeps the name and splits it. A name that is no URI reference, or has 2^28 units or
+    // more, has no components; a null pointer of either type is the empty name.
     VEXPA_API explicit PartUri(const unsigned short* givenName);
     explicit PartUri(const char16_t* givenName) : PartUri(ToUnits(givenName)) {}
 

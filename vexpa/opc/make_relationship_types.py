@@ -6,7 +6,8 @@
 
 The enumerators go between two marks of RelationshipTypeId.h, the rows into
 RelationshipTypeTable.generated.cpp, the names that the tool prints into
-tool/model/RelationshipTypeNames.generated.cpp, and their number into the header of each. Types are only ever appended: callers know them by number.
+tool/model/RelationshipTypeNames.generated.cpp, and their number into the header of each. Types
+are only ever appended: callers know them by number.
 """
 
 import csv
@@ -112,7 +113,8 @@ def main(arguments):
         behind = [path.name for path, text in texts.items()
                   if not path.exists() or path.read_text(encoding="utf-8") != text]
         if behind:
-            sys.exit(f"{', '.join(behind)}: behind {SOURCE.name}; run {pathlib.Path(__file__).name}")
+            script = pathlib.Path(__file__).name
+            sys.exit(f"{', '.join(behind)}: behind {SOURCE.name}; run {script}")
     elif not arguments:
         for path, text in texts.items():
             path.write_text(text, encoding="utf-8")

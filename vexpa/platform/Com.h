@@ -9,8 +9,8 @@
 // Errors    No function throws. E_INVALIDARG: a pointer is null that must not be. E_OUTOFMEMORY:
 //           any call that needs memory. Other failures stand at the declarations. A call that
 //           fails hands out nothing, and leaves null in its out pointer.
-// Threads   Different objects may be used at once, one object by one thread at a time, reference
-//           counts included.
+// Threads   A stream or storage and all that came from it - clones, elements - is used by one thread
+//           at a time, reference counts included; others may be used meanwhile.
 #ifndef VEXPA_PLATFORM_COM_H_
 #define VEXPA_PLATFORM_COM_H_
 
@@ -155,10 +155,10 @@ protected:
 // Bytes with a seek position, which all holders of the stream share.
 struct IStream : ISequentialStream {
     // Moves the seek position; past the end is allowed. *position, the new one, may be null.
-    //   STG_E_INVALIDFUNCTION  before the start, or `origin` is no STREAM_SEEK
+    //   STG_E_INVALIDFUNCTION  before the start, beyond 2^63 - 1, or `origin` is no STREAM_SEEK
     virtual HRESULT Seek(std::int64_t move, std::uint32_t origin, std::uint64_t* position) = 0;
     // Cuts the stream, or fills it up with zeros.
-    //   E_ACCESSDENIED  the stream is one of a storage, or its block is locked
+    //   E_ACCESSDENIED  the stream is one of a storage, or its block is locked and would change
     virtual HRESULT SetSize(std::uint64_t size) = 0;
     // Up to `size` bytes from this seek position to that of `destination`. *read and *written
     // may be null, and count also what a failing call has done.
@@ -213,9 +213,9 @@ struct IStorage : IUnknown {
     // Refused.
     virtual HRESULT CreateStorage(const char16_t* name, std::uint32_t mode, std::uint32_t reserved1,
                                   std::uint32_t reserved2, IStorage** out) = 0;
-    // [shared] A storage within this one.
+    // [shared] A storage within this one. A damaged element counts as a stream.
     //   STG_E_FILENOTFOUND  there is no storage of that name
-    //   E_FAIL              it is damaged
+    //   E_FAIL              it cannot be opened any more
     virtual HRESULT OpenStorage(const char16_t* name, IStorage* priority, std::uint32_t mode,
                                 char16_t** exclude, std::uint32_t reserved, IStorage** out) = 0;
     // Refused.

@@ -1,10 +1,9 @@
-// vexpa/platform/Runtime.h - the platform that the library stands on: memory, streams, storages, DOM,
-// zip, strings.
+// vexpa/platform/Runtime.h - the platform that the library stands on: memory, streams, storages,
+// DOM, zip, strings.
 //
 // The library reaches the platform through this header alone, with the types of Com.h that its
-// callers get to see, too. `vexpa::runtime` is one
-// implementation of it; any shared library that exports these functions with these
-// conventions can take its place.
+// callers get to see, too. `vexpa::runtime` is one implementation of it; any shared library that
+// exports these functions with these conventions can take its place.
 //
 // Linkage   C, so that a symbol does not depend on how an implementation spells a type.
 // Text      NUL-terminated UTF-16. "Local 8-bit" is the encoding of the process locale; paths pass
@@ -12,10 +11,11 @@
 // Results   HRESULT: negative is failure. The values of the codes are this platform's own.
 // Lifetime  As COM has it: an interface pointer handed out carries one reference, which
 //           the receiver releases. What differs is said at the declaration.
-// Errors    No function throws. A failed allocation is a failed call: where the result is a HRESULT,
-//           E_OUTOFMEMORY.
+// Errors    No function throws. A failed allocation is a failed call: E_OUTOFMEMORY where the
+//           result is a HRESULT.
 // Threads   Functions may be called from several threads at once, also while a thread or the
-//           process ends; one object is used by one thread at a time, reference counts included.
+//           process ends; an object and all that came from it is used by one thread at a time,
+//           reference counts included.
 #ifndef VEXPA_PLATFORM_RUNTIME_H_
 #define VEXPA_PLATFORM_RUNTIME_H_
 
@@ -142,7 +142,7 @@ VEXPA_RUNTIME_API HRESULT _XDOMParse(IDomDocument** out, IStream* stream, std::u
 
 // The number of entries in the archive's directory in *count, which is 0 after a failure.
 //   E_INVALIDARG  count is null
-//   E_FAIL        the file cannot be read, or is no sound zip archive
+//   E_FAIL        path is null, or the file cannot be read or is no sound zip archive
 //   E_OUTOFMEMORY memory is exhausted
 VEXPA_RUNTIME_API HRESULT _XGetZipFileCount(const char16_t* path, std::int32_t* count);
 

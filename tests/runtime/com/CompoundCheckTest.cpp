@@ -3,9 +3,11 @@
 
 #include <span>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "runtime/com/CompoundCheck.h"
+#include "runtime/com/GsfSilence.h"
 #include "tests/runtime/com/Blocks.h"
 #include "tests/runtime/com/CompoundBytes.h"
 #include "tests/runtime/com/CompoundWalk.h"
@@ -259,6 +261,28 @@ TEST(Storage, FailsToReadADamagedStream) {
     EXPECT_EQ(walk.damaged, 1u);
 }
 
+TEST(Storage, ReadsNothingOfADamagedStreamAndKeepsItsPosition) {
+    HGBL block = NewBlock(DamagedStream());
+    ComPtr<IStorage> storage;
+    ASSERT_EQ(_XStgOpenStorageOnHGBL2(&block, 1, storage.Out()), S_OK);
+    ComPtr<IEnumSTATSTG> elements;
+    ASSERT_EQ(storage->EnumElements(0, nullptr, 0, elements.Out()), S_OK);
+    STATSTG stat{};
+    ASSERT_EQ(elements->Next(1, &stat, nullptr), S_OK);
+    ComPtr<IStream> stream;
+    const HRESULT opened = storage->OpenStream(stat.pwcsName, nullptr, 0, 0, stream.Out());
+    _XCoTaskMemFree(stat.pwcsName);
+    ASSERT_EQ(opened, S_OK);
+
+    std::vector<char> bytes(static_cast<std::size_t>(stat.cbSize));
+    std::uint32_t read = 99;
+    EXPECT_EQ(stream->Read(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &read), E_FAIL);
+    EXPECT_EQ(read, 0u);
+    std::uint64_t position = 99;
+    EXPECT_EQ(stream->Seek(0, STREAM_SEEK_CUR, &position), S_OK);
+    EXPECT_EQ(position, 0u);
+}
+
 TEST(Storage, KeepsTheLibraryQuiet) {
     const std::string bytes = DamagedStream();
     testing::internal::CaptureStderr();
@@ -279,6 +303,22 @@ TEST(Storage, LeavesTheHostsLogHandlersInPlace) {
     EXPECT_EQ(heard, "");
     g_log("libgsf:msole", G_LOG_LEVEL_WARNING, "the host's own");
     g_log_remove_handler("libgsf:msole", handler);
+    EXPECT_EQ(heard, "the host's own");
+}
+
+// GLib numbers handlers outside its lock, so two threads may be given one number.
+TEST(GsfSilence, OfSeveralThreadsAtOnceLeavesNoHandlersBehind) {
+    constexpr int kTimes = 100'000;
+    std::string heard;
+    g_log_set_default_handler(Note, &heard);
+    const auto silenceOften = [] {
+        for (int i = 0; i < kTimes; ++i) const vexpa_runtime::GsfSilence silence;
+    };
+    std::thread other(silenceOften);
+    silenceOften();
+    other.join();
+    g_log("libgsf", G_LOG_LEVEL_MESSAGE, "the host's own");
+    g_log_set_default_handler(g_log_default_handler, nullptr);
     EXPECT_EQ(heard, "the host's own");
 }
 

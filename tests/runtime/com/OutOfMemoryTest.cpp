@@ -111,13 +111,14 @@ TEST(OutOfMemory, ListsAllElementsAskedForOrNone) {
     ASSERT_EQ(_XStgOpenStorageOnHGBL2(&block, 1, storage.Out()), S_OK);
     ComPtr<IEnumSTATSTG> elements;
     ASSERT_EQ(storage->EnumElements(0, nullptr, 0, elements.Out()), S_OK);
-    STATSTG stats[3];
+    STATSTG stats[3] = {};
     std::uint32_t fetched = 99;
     {
         const FailingMalloc failing(2);
         EXPECT_EQ(elements->Next(3, stats, &fetched), E_OUTOFMEMORY);
         EXPECT_EQ(fetched, 0u);
     }
+    for (const STATSTG& stat : stats) EXPECT_EQ(stat.pwcsName, nullptr);
     EXPECT_EQ(elements->Next(3, stats, &fetched), S_OK);
     for (const STATSTG& stat : stats) _XCoTaskMemFree(stat.pwcsName);
 }
