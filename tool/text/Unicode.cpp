@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <cwchar>
+#include <iterator>
+
+#include "runtime/text/Utf8.h"
 
 namespace vexpa_tool {
 
@@ -84,28 +87,11 @@ char32_t TakeUtf8(std::string_view& utf8) {
 }
 
 void AppendUtf8(char32_t character, std::string& utf8) {
-    const auto append = [&utf8](char32_t byte) { utf8.push_back(static_cast<char>(byte)); };
-    if (character < 0x80) return append(character);
-    if (character < 0x800) {
-        append(0xC0 | (character >> 6));
-    } else if (character < 0x10000) {
-        append(0xE0 | (character >> 12));
-        append(0x80 | ((character >> 6) & 0x3F));
-    } else {
-        append(0xF0 | (character >> 18));
-        append(0x80 | ((character >> 12) & 0x3F));
-        append(0x80 | ((character >> 6) & 0x3F));
-    }
-    append(0x80 | (character & 0x3F));
+    vexpa_runtime::AppendUtf8(utf8, character);
 }
 
 void AppendUtf16(char32_t character, std::u16string& text) {
-    if (character < 0x10000) {
-        text.push_back(static_cast<char16_t>(character));
-        return;
-    }
-    text.push_back(static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10)));
-    text.push_back(static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
+    vexpa_runtime::WriteCharacter(character, std::back_inserter(text));
 }
 
 bool IsUnsafeToPrint(char32_t character) {

@@ -40,7 +40,7 @@ class Package : public Object, public ShallowCloneable {
 public:
     // [owned] Opens the package at `path`, NUL-terminated UTF-16. The path passes through the
     // 8-bit encoding of the process locale: what that cannot say is not found. It may
-    // be gone when static objects end: from then on only paths of ASCII are found.
+    // be gone when static objects end: from then on only ASCII is found, in paths and part names.
     //
     // Empty when `path` is a null pointer of either type, when the file is not readable or is no
     // zip archive, when [Content_Types].xml or _rels/.rels is missing, damaged or malformed, when
