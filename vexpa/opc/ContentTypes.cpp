@@ -21,21 +21,21 @@ void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t
         IDomAttribute* key = attributes->GetNamedItem(keyName);
         IDomAttribute* contentType = attributes->GetNamedItem(u"ContentType");
         if (key == nullptr || contentType == nullptr) continue;
-        visit(CopyText(key->GetValue()), CopyText(contentType->GetValue()));
+        visit(key->GetValue(), contentType->GetValue());
     }
 }
 
 }  // namespace
 
 void ContentTypes::Read(IDomDocument& document) {
-    ForEachRule(document, u"Override", u"PartName",
-                [this](const std::u16string& name, const std::u16string& type) {
-                    const std::u16string key(PartNameKey(name));
-                    overrideContentTypes.try_emplace(PartUri(key.c_str()), type);
-                });
+    ForEachRule(document, u"Override", u"PartName", [this](const char16_t* name, const char16_t* type) {
+        const std::u16string_view key = PartNameKey(ViewText(ToUnits(name)));
+        // The end of the name, so it has its NUL.
+        overrideContentTypes.try_emplace(PartUri(key.data()), CopyText(type));
+    });
     ForEachRule(document, u"Default", u"Extension",
-                [this](const std::u16string& extension, const std::u16string& type) {
-                    defaultContentTypes.try_emplace(extension, type);
+                [this](const char16_t* extension, const char16_t* type) {
+                    defaultContentTypes.try_emplace(CopyText(extension), CopyText(type));
                 });
 }
 

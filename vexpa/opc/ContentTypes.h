@@ -2,11 +2,11 @@
 #ifndef VEXPA_OPC_CONTENTTYPES_H_
 #define VEXPA_OPC_CONTENTTYPES_H_
 
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 
+#include "vexpa/base/UnitOrder.h"
 #include "vexpa/opc/PartUri.h"
 
 struct IDomDocument;
@@ -18,9 +18,15 @@ namespace tarn::opc {
 // Kept: with case, though ECMA-376 Part 2 says without. (ContentTypes.OverridesAreComparedWithCase)
 struct PartNameLess {
     using is_transparent = void;
-    bool operator()(const PartUri& a, const PartUri& b) const noexcept { return a.name < b.name; }
-    bool operator()(const PartUri& a, std::u16string_view b) const noexcept { return a.name < b; }
-    bool operator()(std::u16string_view a, const PartUri& b) const noexcept { return a < b.name; }
+    bool operator()(const PartUri& a, const PartUri& b) const noexcept {
+        return UnitLess()(a.name, b.name);
+    }
+    bool operator()(const PartUri& a, std::u16string_view b) const noexcept {
+        return UnitLess()(a.name, b);
+    }
+    bool operator()(std::u16string_view a, const PartUri& b) const noexcept {
+        return UnitLess()(a, b.name);
+    }
 };
 
 // The two tables of [Content_Types].xml (ECMA-376 Part 2, content types). Values are kept
@@ -31,7 +37,7 @@ struct ContentTypes {
     // Kept: by extension exactly as written. No dot is removed, so one written with it is never
     // found, and case matters. (ContentTypes.AnExtensionWithADotNeverMatches,
     // ContentTypes.ExtensionsThatDifferInCaseAreTwo)
-    std::map<std::u16string, std::u16string, std::less<>> defaultContentTypes;
+    std::map<std::u16string, std::u16string, UnitLess> defaultContentTypes;
 
     // Adds the Override elements of the document, then its Default elements. One that
     // lacks an attribute is skipped.

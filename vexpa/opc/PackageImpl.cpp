@@ -47,13 +47,14 @@ bool PackageImpl::HasRelationshipById(const unsigned short* id) {
 
 Part* PackageImpl::FindPart(const unsigned short* name) {
     const PartUri uri(name);
-    return FindLoaded(PartNameKey(uri.name));
+    const std::u16string_view key = PartNameKey(uri.name);
+    return LoadedAt(partsByName_.lower_bound(key), key);
 }
 
-PartImpl* PackageImpl::FindLoaded(std::u16string_view key) const {
-    const auto found = partsByName_.find(key);
-    if (found == partsByName_.end() || found->second >= parts_.size()) return nullptr;
-    return parts_[found->second].get();
+// The part at the first place that is not before the key, if it has the key.
+PartImpl* PackageImpl::LoadedAt(PartsByName::const_iterator place, std::u16string_view key) const {
+    if (place == partsByName_.end() || place->first != key) return nullptr;
+    return place->second < parts_.size() ? parts_[place->second].get() : nullptr;
 }
 
 }  // namespace tarn::opc

@@ -3,7 +3,6 @@
 #define VEXPA_OPC_PACKAGEIMPL_H_
 
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <memory>
 #include <memory_resource>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "vexpa/base/Noncopyable.h"
+#include "vexpa/base/UnitOrder.h"
 #include "vexpa/opc/ContentTypes.h"
 #include "vexpa/opc/Package.h"
 #include "vexpa/opc/PartImpl.h"
@@ -49,9 +49,13 @@ public:
 
 private:
     HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
-    PartImpl* FindLoaded(std::u16string_view key) const;
+    // By key, where the part stands in parts_. Beyond the end of the list there is none, as in a
+    // closed package: Close empties only the list.
+    using PartsByName = std::pmr::map<std::pmr::u16string, std::size_t, UnitLess>;
+
+    PartImpl* LoadedAt(PartsByName::const_iterator place, std::u16string_view key) const;
     bool MayLoad(std::u16string_view key);
-    PartImpl* LoadPart(const PartUri& name, std::u16string_view key);
+    PartImpl* LoadPart(const PartUri& name, std::u16string_view key, PartsByName::const_iterator place);
     void ReadPartRelationships(PartImpl& part);
 
     lumo::Compression::Zip::UnZipArchive archive_;
@@ -61,9 +65,7 @@ private:
     TypeTexts types_;
     // Nodes side by side, freed at once; the default resource may end before the package does.
     std::pmr::monotonic_buffer_resource indexMemory_{std::pmr::new_delete_resource()};
-    // By key, where the part stands in parts_. Beyond the end of the list there is none, as in a
-    // closed package: Close empties only the list.
-    std::pmr::map<std::pmr::u16string, std::size_t, std::less<>> partsByName_{&indexMemory_};
+    PartsByName partsByName_{&indexMemory_};
     std::vector<std::unique_ptr<PartImpl>> parts_;
     RelationshipIndex relationships_;
     std::u16string packagePath_;

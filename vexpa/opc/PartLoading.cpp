@@ -30,9 +30,10 @@ bool HasBackslash(std::u16string_view key) {
 
 Part* PackageImpl::GetPart(const PartUri& name) {
     const std::u16string_view key = PartNameKey(name.name);
-    if (PartImpl* loaded = FindLoaded(key)) return loaded;
+    const auto place = partsByName_.lower_bound(key);
+    if (PartImpl* loaded = LoadedAt(place, key)) return loaded;
     if (!archive_.HasEntry(key.data())) return nullptr;  // the end of the name, so it has its NUL
-    return MayLoad(key) ? LoadPart(name, key) : nullptr;
+    return MayLoad(key) ? LoadPart(name, key, place) : nullptr;
 }
 
 // Whether the entry of this key may be a part under it.
@@ -47,16 +48,17 @@ bool PackageImpl::MayLoad(std::u16string_view key) {
 
 // Kept: a part has the name that it was first asked for by, with or without a slash, and its
 // targets are resolved against that. (GetPart.KeepsTheNameAsItWasFirstGiven)
-PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key) {
+PartImpl* PackageImpl::LoadPart(const PartUri& name, std::u16string_view key,
+                                PartsByName::const_iterator place) {
     std::u16string entryName = HasBackslash(key) ? EntryName(key) : std::u16string();
     auto part =
         std::make_unique<PartImpl>(name, std::move(entryName), contentTypes_.Find(key), &archive_);
     ReadPartRelationships(*part);
 
     // Either may run out of memory: a key without its part is as good as none.
-    std::size_t& place = partsByName_.emplace(key, kNotLoaded).first->second;
+    const auto filed = partsByName_.emplace_hint(place, key, kNotLoaded);
     parts_.push_back(std::move(part));
-    place = parts_.size() - 1;
+    filed->second = parts_.size() - 1;
     return parts_.back().get();
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "vexpa/base/Noncopyable.h"
+#include "vexpa/base/UnitOrder.h"
 #include "vexpa/opc/RelationshipImpl.h"
 
 namespace tarn::opc {
@@ -37,7 +38,7 @@ public:
 private:
     RelationshipMap relationshipsById_;
     // By folded type, which the relationship has. Does not own.
-    std::map<std::u16string_view, Relationship*> relationshipsByType_;
+    std::map<std::u16string_view, Relationship*, UnitLess> relationshipsByType_;
 };
 
 }  // namespace tarn::opc

@@ -4,12 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory_resource>
 #include <string>
 #include <vector>
 
+#include "vexpa/base/UnitOrder.h"
 #include "vexpa/zip/EntryNameSet.h"
 
 namespace lumo::Compression::Zip {
@@ -37,7 +37,7 @@ struct UnZipArchiveImpl {
     // resource: that is the process's to choose, and may end before the archive does.
     std::pmr::monotonic_buffer_resource indexMemory{std::pmr::new_delete_resource()};
     // The first of equal names.
-    std::pmr::map<std::pmr::u16string, std::size_t, std::less<>> entryIndexByName{&indexMemory};
+    std::pmr::map<std::pmr::u16string, std::size_t, tarn::UnitLess> entryIndexByName{&indexMemory};
     std::u16string reservedText;
 };
 
