@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "runtime/xml/DocumentMemory.h"
 #include "runtime/xml/NameTable.h"
 #include "runtime/xml/TextStore.h"
 #include "vexpa/platform/Runtime.h"
@@ -74,14 +75,16 @@ struct DocumentData {
     DocumentData(const DocumentData&) = delete;
     DocumentData& operator=(const DocumentData&) = delete;
 
-    TextStore text;  // names and NUL-terminated values
-    NameTable localNames{text};
-    NameTable attributeNames{text};
-    std::deque<Attribute> attributes;
-    std::deque<Element> elements;  // in document order
+    DocumentMemory memory;
+    TextStore text{memory};  // names and NUL-terminated values
+    NameTable localNames{text, memory};
+    NameTable attributeNames{text, memory};
+    std::pmr::deque<Attribute> attributes{&memory};
+    std::pmr::deque<Element> elements{&memory};  // in document order
     BareElement bareElement;
-    std::vector<std::uint32_t> order;  // `elements`, or kBare: by local name, else in document order
-    std::vector<ElementList> lists;    // by local name
+    // `elements`, or kBare: by local name, else in document order.
+    std::pmr::vector<std::uint32_t> order{&memory};
+    std::pmr::vector<ElementList> lists{&memory};  // by local name
 };
 
 // Hands the data out. Everything is built beforehand, so no question can fail.

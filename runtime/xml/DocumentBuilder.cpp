@@ -32,7 +32,7 @@ char16_t* WriteUtf16(std::string_view utf8, std::size_t units, char16_t* out) {
     return out;
 }
 
-std::u16string_view Convert(std::string_view utf8, std::u16string& scratch) {
+std::u16string_view Convert(std::string_view utf8, std::pmr::u16string& scratch) {
     const std::size_t units = Utf16Length(utf8);
     if (scratch.size() < units) scratch.resize(units);
     WriteUtf16(utf8, units, scratch.data());
@@ -84,7 +84,7 @@ std::unique_ptr<Document> DocumentBuilder::Finish() {
 
 // A counting sort: each list is a range, and document order holds within it.
 void DocumentBuilder::BuildLists() {
-    std::vector<std::uint32_t> places(data_->localNames.Size());
+    std::pmr::vector<std::uint32_t> places(data_->localNames.Size(), &data_->memory);
     for (const NamedElement& element : elements_) ++places[element.name];
 
     data_->lists.reserve(places.size());

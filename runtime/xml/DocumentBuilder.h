@@ -31,7 +31,8 @@ public:
         return std::uint64_t{elements_.size()} + data_->attributes.size();
     }
 
-    // The document; nothing may be added after this.
+    // The document, which the caller keeps for as long as the builder; nothing may be added after
+    // this.
     std::unique_ptr<Document> Finish();
 
 private:
@@ -47,8 +48,8 @@ private:
     void BuildLists();
 
     std::unique_ptr<DocumentData> data_;
-    std::deque<NamedElement> elements_;  // in document order
-    std::u16string scratch_;
+    std::pmr::deque<NamedElement> elements_{&data_->memory};  // in document order
+    std::pmr::u16string scratch_{&data_->memory};
     std::uint64_t cost_ = 0;
 };
 

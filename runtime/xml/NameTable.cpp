@@ -39,6 +39,7 @@ std::uint32_t NameTable::Intern(std::u16string_view name) {
     const std::uint32_t known = Find(name);
     if (known != kUnknown) return known;
 
+    if (names_.empty()) names_.reserve(kFew);
     char16_t* copy = text_->Allocate(name.size());
     std::copy(name.begin(), name.end(), copy);
     const auto number = static_cast<std::uint32_t>(names_.size());

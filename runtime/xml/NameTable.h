@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "runtime/xml/DocumentMemory.h"
 #include "runtime/xml/TextStore.h"
 
 namespace vexpa_runtime {
@@ -28,8 +29,9 @@ class NameTable {
 public:
     static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
 
-    // New names are copied into `text`, which outlives the table.
-    explicit NameTable(TextStore& text) : text_(&text) {}
+    // New names are copied into `text`; both it and `memory` outlive the table.
+    NameTable(TextStore& text, DocumentMemory& memory)
+        : text_(&text), numbers_(&memory), names_(&memory) {}
 
     std::uint32_t Intern(std::u16string_view name);
     std::uint32_t Find(std::u16string_view name) const;
@@ -41,9 +43,9 @@ private:
     static constexpr std::uint32_t kFew = 8;
 
     TextStore* text_;
-    std::unordered_map<std::u16string_view, std::uint32_t, NameHash>
-        numbers_;                             // once there are more than few
-    std::vector<std::u16string_view> names_;  // by number
+    std::pmr::unordered_map<std::u16string_view, std::uint32_t, NameHash>
+        numbers_;                                  // once there are more than few
+    std::pmr::vector<std::u16string_view> names_;  // by number
 };
 
 }  // namespace vexpa_runtime

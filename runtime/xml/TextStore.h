@@ -6,13 +6,16 @@
 #include <memory>
 #include <vector>
 
+#include "runtime/xml/DocumentMemory.h"
+
 namespace vexpa_runtime {
 
-// Nothing is given back or moved before the store ends. Pieces stay of one size, so that the
-// last of them is never a large part of the whole.
+// Nothing is given back or moved before the store ends. Beyond the document's block pieces are of
+// one size, so that the last of them is never a large part of the whole.
 class TextStore {
 public:
-    TextStore() = default;
+    // `memory` outlives the store.
+    explicit TextStore(DocumentMemory& memory) noexcept : memory_(memory) {}
     TextStore(const TextStore&) = delete;
     TextStore& operator=(const TextStore&) = delete;
 
@@ -24,6 +27,7 @@ private:
 
     char16_t* NewPiece(std::size_t units);
 
+    DocumentMemory& memory_;
     std::vector<std::unique_ptr<char16_t[]>> pieces_;
     char16_t* next_ = nullptr;  // in the piece that is not full yet
     std::size_t left_ = 0;

@@ -1,6 +1,5 @@
 #include "runtime/zip/EntrySearch.h"
 
-#include <optional>
 #include <string>
 
 #include "runtime/text/LocalText.h"
@@ -14,9 +13,8 @@ namespace {
 const Entry* FindUtf8(const Directory& directory, std::string_view request, std::size_t& tried) {
     if (const Entry* entry = directory.Find(request)) return entry;
     if (!NamePattern::HasSpecialCharacters(request)) return nullptr;
-    const NamePattern pattern(request);
-    if (const std::optional<std::string> name = pattern.OnlyName()) return directory.Find(*name);
-    return directory.Patterns().FindFirst(directory, pattern, request, tried);
+    if (const auto name = NamePattern::OnlyName(request)) return directory.Find(*name);
+    return directory.Patterns().FindFirst(directory, NamePattern(request), request, tried);
 }
 
 }  // namespace

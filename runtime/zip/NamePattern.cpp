@@ -31,6 +31,18 @@ bool NamePattern::HasSpecialCharacters(std::string_view text) noexcept {
     return text.find_first_of("*?[\\") != std::string_view::npos;
 }
 
+// No byte of a longer character is one of those that mean something.
+std::optional<std::string> NamePattern::OnlyName(std::string_view text) {
+    std::string name;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isEscape = text[at] == '\\';
+        if (!isEscape && HasSpecialCharacters(text.substr(at, 1))) return std::nullopt;
+        if (isEscape && ++at == text.size()) return std::nullopt;
+        name.push_back(text[at]);
+    }
+    return name;
+}
+
 NamePattern::NamePattern(std::string_view text) : patternSize_(text.size()) {
     matchesNothing_ = !Parse(Characters(text));
     FindPlainEnds();
@@ -166,16 +178,6 @@ bool NamePattern::MatchesTokens(std::string_view name, std::size_t& stepsLeft) c
     }
     while (token < tokens_.size() && tokens_[token].kind == Kind::kAnyRun) ++token;
     return token == tokens_.size();
-}
-
-std::optional<std::string> NamePattern::OnlyName() const {
-    if (matchesNothing_) return std::nullopt;
-    std::string name;
-    for (const Token& token : tokens_) {
-        if (token.kind != Kind::kCharacter) return std::nullopt;
-        AppendUtf8(name, token.character);
-    }
-    return name;
 }
 
 }  // namespace vexpa_runtime::zip

@@ -31,6 +31,9 @@ public:
     // Whether `text` holds a character that means something in a pattern.
     static bool HasSpecialCharacters(std::string_view text) noexcept;
 
+    // The one name that a pattern of plain and escaped characters matches; nothing for others.
+    static std::optional<std::string> OnlyName(std::string_view text);
+
     explicit NamePattern(std::string_view text);  // both texts are valid UTF-8
 
     // How long a match may take, in characters compared.
@@ -38,9 +41,6 @@ public:
 
     // *steps, when asked for, grows by the steps that it took.
     bool Matches(std::string_view name, std::size_t* steps = nullptr) const noexcept;
-
-    // The one name that a pattern of plain and escaped characters matches; nothing for others.
-    std::optional<std::string> OnlyName() const;
 
 private:
     enum class Kind { kCharacter, kAnyCharacter, kAnyRun, kClass };

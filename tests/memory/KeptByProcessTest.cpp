@@ -107,7 +107,7 @@ void Parse(const std::string& xml) {
 }
 
 // What makes a parser grow the most, at sizes that may leave one and at sizes that may not.
-TEST(KeptByTheThread, OfAParserIsHalfAMegabyteAtMost) {
+TEST(KeptByTheThread, OfAParserIsHalfAMegabyteAtMostBesidesTheBlockOfADocument) {
     const HeapMeter meter;
     std::size_t most = 0;
     for (std::size_t size = 2'000; size < 60'000; size = size * 5 / 4) {
@@ -119,8 +119,9 @@ TEST(KeptByTheThread, OfAParserIsHalfAMegabyteAtMost) {
             "</a>"));
         most = std::max(most, meter.Live());
     }
-    EXPECT_GE(most, 16 * kKilobyte) << "none is kept";
-    EXPECT_LE(most, 512 * kKilobyte);
+    constexpr std::size_t kBlockOfADocument = 16 * kKilobyte;
+    EXPECT_GE(most, 16 * kKilobyte + kBlockOfADocument) << "none is kept";
+    EXPECT_LE(most, 512 * kKilobyte + kBlockOfADocument);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <thread>
+#include <vector>
 
 #include "tests/runtime/xml/Dom.h"
 
@@ -62,6 +64,7 @@ struct Taken {
 };
 
 Taken TakenByParsing(std::string_view xml) {
+    Parsed("<a/>");  // the thread keeps the block of it
     const ComPtr<IStream> stream = StreamOver(xml);
     const std::size_t before = live;
     peak = live;
@@ -81,7 +84,7 @@ std::string Repeated(std::size_t count, std::string_view element) {
     return xml + "</r>";
 }
 
-// Whatever a document holds, it has tables and a first piece of text.
+// Whatever a document holds beyond the block, it has beginnings of tables and a piece of text.
 constexpr std::size_t kEmptyDocument = 24UL * 1024;
 
 TEST(DocumentMemory, GrowsWithElementsAsLittleAsItCan) {
@@ -116,6 +119,31 @@ TEST(DocumentMemory, IsNeverTakenTwice) {
         EXPECT_LE(taken.peak, taken.kept + kEmptyDocument + count * 9);
         EXPECT_LE(taken.largest, kEmptyDocument + count * 4);
     }
+}
+
+TEST(DocumentMemory, OfASmallDocumentIsTheBlockThatTheThreadKeeps) {
+    const Taken taken = TakenByParsing(Repeated(20, "<a b='0123456789' c='0123456789'/>"));
+    EXPECT_LE(taken.peak, 2'000u) << "the document and what finds its tables";
+}
+
+TEST(DocumentMemory, IsOfEachItsOwnWhenSeveralAreThere) {
+    const ComPtr<IDomDocument> one = Parsed("<r><a x='one'/></r>");
+    const ComPtr<IDomDocument> other = Parsed("<r><a x='other'/></r>");
+    EXPECT_EQ(Values(*one.Get(), u"a", u"x"), std::vector<std::u16string>{u"one"});
+    EXPECT_EQ(Values(*other.Get(), u"a", u"x"), std::vector<std::u16string>{u"other"});
+}
+
+TEST(DocumentMemory, StaysWhenTheThreadThatMadeItEnds) {
+    ComPtr<IDomDocument> document;
+    std::thread([&] { document = Parsed("<r><a x='still there'/></r>"); }).join();
+    EXPECT_EQ(Values(*document.Get(), u"a", u"x"), std::vector<std::u16string>{u"still there"});
+}
+
+TEST(DocumentMemory, MayEndInAThreadThatMadeNone) {
+    ComPtr<IDomDocument> document = Parsed("<r><a x='1'/></r>");
+    std::thread([&] { document.Reset(); }).join();
+    EXPECT_EQ(Values(*Parsed("<r><a x='2'/></r>").Get(), u"a", u"x"),
+              std::vector<std::u16string>{u"2"});
 }
 
 TEST(DocumentMemory, HoldsALongValueOnce) {

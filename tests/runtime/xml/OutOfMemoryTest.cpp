@@ -30,7 +30,7 @@ TEST(OutOfMemory, FailsTheParseWhereverItStrikes) {
         ASSERT_EQ(result, failed ? E_OUTOFMEMORY : S_OK);
         ASSERT_EQ(document != nullptr, result == S_OK);
         if (result == S_OK) {
-            EXPECT_GT(calls, 600);
+            EXPECT_GT(calls, 500);
             document->Release();
             return;
         }

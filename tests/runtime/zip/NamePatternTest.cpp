@@ -126,12 +126,12 @@ TEST(NamePattern, CountsItsStepsAlsoForNamesWithOtherEnds) {
 }
 
 TEST(NamePattern, OfEscapedCharactersHasOnlyOneName) {
-    EXPECT_EQ(NamePattern("\\[Content_Types\\].xml").OnlyName(), "[Content_Types].xml");
-    EXPECT_EQ(NamePattern("\\\xE2\x82\xAC").OnlyName(), "\xE2\x82\xAC");
-    EXPECT_EQ(NamePattern("a*").OnlyName(), std::nullopt);
-    EXPECT_EQ(NamePattern("a?").OnlyName(), std::nullopt);
-    EXPECT_EQ(NamePattern("[a]").OnlyName(), std::nullopt);
-    EXPECT_EQ(NamePattern("a\\").OnlyName(), std::nullopt);
+    EXPECT_EQ(NamePattern::OnlyName("\\[Content_Types\\].xml"), "[Content_Types].xml");
+    EXPECT_EQ(NamePattern::OnlyName("\\\xE2\x82\xAC"), "\xE2\x82\xAC");
+    EXPECT_EQ(NamePattern::OnlyName("a*"), std::nullopt);
+    EXPECT_EQ(NamePattern::OnlyName("a?"), std::nullopt);
+    EXPECT_EQ(NamePattern::OnlyName("[a]"), std::nullopt);
+    EXPECT_EQ(NamePattern::OnlyName("a\\"), std::nullopt);
 }
 
 TEST(NamePattern, KnowsItsSpecialCharacters) {
