@@ -95,7 +95,9 @@ def find(options, rows, drivers, effort):
     if "walks" in wanted:
         walk_rows(rows, drivers, effort)
     documents = [row for row in rows if row.group == "document"]
-    found = Findings({**machine(), "times": CLOCKS[effort.clock]}, rows, {}, {}, {}, [])
+    how = {"times": CLOCKS[effort.clock],
+           "rounds": f"{effort.rounds} at most, of {effort.seconds_a_round} s or one pass for each driver"}
+    found = Findings({**machine(), **how}, rows, {}, {}, {}, [])
     if "memory" in wanted:
         found.memory = measure_memory(build, rows)
     if "extraction" in wanted:

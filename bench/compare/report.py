@@ -52,9 +52,11 @@ WHY = """What stands in the way of those that are not met:
   part grows, and what a part takes beyond 1.5 KB.
 - *One large part*, and documents of over 1 MiB: a part's bytes are copied once, from where they were
   unpacked to the block that its stream reads, and the reader copies them again. The limit copies once.
-- *One extraction beside libzip*: both inflate the same bytes, and of what both take for a small entry
-  that is most. libzip has the archive open; here a call names the file, and looks whether it is still
-  the one that is kept.
+  Of the time for the part of 200 MB a third is the system's, which clears the pages of both blocks;
+  libdeflate takes a third and the copies a quarter.
+- *One extraction beside libzip*: a call here is little else than inflating: all but that is in the
+  time for an absent name. A seventh of what libzip takes for a small document, opening it and all,
+  is less than inflating alone.
 """
 
 
