@@ -80,8 +80,8 @@ def calibrate(cell, driver, row, effort):
 
 
 def measure_row(row, drivers, effort, left_out):
-    """Cells by driver name; those of the drivers left out stay empty. Rounds go through all drivers, to and fro, so that what slows the
-    machine for a while slows all of them."""
+    """Cells by driver name; those of the drivers left out stay empty. Rounds go through all drivers,
+    to and fro, so that what slows the machine for a while slows all of them."""
     cells, rounds = {}, {}
     for driver in drivers:
         cell = cells[driver.name] = Cell(driver.title, driver.cold)
