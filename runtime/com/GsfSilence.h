@@ -4,8 +4,9 @@
 
 namespace vexpa_runtime {
 
-// While one lives, what libgsf logs from this thread is dropped. Other threads' messages,
-// other libraries' messages and the host's handlers are left as they are.
+// While one lives, what libgsf logs from this thread is dropped. What it logs from other threads
+// goes to GLib's default handler meanwhile, past one that the host has set; the host's handlers and
+// the messages of other libraries are left as they are.
 class GsfSilence {
 public:
     GsfSilence() noexcept;

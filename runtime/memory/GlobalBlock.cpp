@@ -6,6 +6,7 @@
 #include <new>
 
 #include "runtime/memory/PagePool.h"
+#include "runtime/memory/Poison.h"
 
 namespace vexpa_runtime {
 
@@ -13,14 +14,7 @@ namespace {
 
 // Blocks from here on are runs of pages; but a sanitizer knows the ends of malloc's blocks only.
 constexpr std::size_t kLarge = 64UL * 1024;
-#ifndef __has_feature
-#define __has_feature(feature) 0  // GCC 12 has macros of its own for what Clang asks for so
-#endif
-#if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
-constexpr bool kHasRuns = false;
-#else
-constexpr bool kHasRuns = true;
-#endif
+constexpr bool kHasRuns = VEXPA_POISONS == 0;
 
 struct Memory {
     std::byte* bytes;

@@ -49,8 +49,9 @@ std::string_view LocalName(std::string_view name) {
 
 void DocumentBuilder::AddElement(const char* name, const char* const* attributes) {
     const std::uint32_t element = AddAttributes(attributes);
-    if (elements_.size() == kMaxCount) throw std::bad_alloc();
-    elements_.push_back({data_->localNames.Intern(Convert(LocalName(name), scratch_)), element});
+    if (draft_->elements.size() == kMaxCount) throw std::bad_alloc();
+    draft_->elements.push_back(
+        {data_->localNames.Intern(Convert(LocalName(name), draft_->scratch)), element});
     cost_ += sizeof(NamedElement) + sizeof(std::uint32_t);
 }
 
@@ -73,19 +74,20 @@ void DocumentBuilder::AddAttribute(const char* name, const char* value) {
     const std::size_t units = Utf16Length(text);
     char16_t* copy = data_->text.Allocate(units + 1);
     *WriteUtf16(text, units, copy) = u'\0';
-    data_->attributes.emplace_back(data_->attributeNames.Intern(Convert(name, scratch_)), copy);
+    data_->attributes.emplace_back(data_->attributeNames.Intern(Convert(name, draft_->scratch)), copy);
     cost_ += sizeof(Attribute) + (units + 1) * sizeof(char16_t);
 }
 
 std::unique_ptr<Document> DocumentBuilder::Finish() {
     BuildLists();
+    draft_.reset();
     return std::make_unique<Document>(std::move(data_));
 }
 
 // A counting sort: each list is a range, and document order holds within it.
 void DocumentBuilder::BuildLists() {
     std::pmr::vector<std::uint32_t> places(data_->localNames.Size(), &data_->memory);
-    for (const NamedElement& element : elements_) ++places[element.name];
+    for (const NamedElement& element : draft_->elements) ++places[element.name];
 
     data_->lists.reserve(places.size());
     std::uint32_t first = 0;
@@ -95,8 +97,8 @@ void DocumentBuilder::BuildLists() {
         first += length;
     }
 
-    data_->order.resize(elements_.size());
-    for (const NamedElement& element : elements_) {
+    data_->order.resize(draft_->elements.size());
+    for (const NamedElement& element : draft_->elements) {
         data_->order[places[element.name]++] = element.element;
     }
 }

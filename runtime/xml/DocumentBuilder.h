@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,7 @@ namespace vexpa_runtime {
 // memory is exhausted or a number of 32 bits is.
 class DocumentBuilder {
 public:
-    DocumentBuilder() : data_(std::make_unique<DocumentData>()) {}
+    DocumentBuilder() : data_(std::make_unique<DocumentData>()), draft_(std::in_place, data_->memory) {}
 
     // `attributes` alternates names and values up to a null.
     void AddElement(const char* name, const char* const* attributes);
@@ -28,11 +29,10 @@ public:
     }
     // Elements and attributes.
     std::uint64_t Nodes() const noexcept {
-        return std::uint64_t{elements_.size()} + data_->attributes.size();
+        return std::uint64_t{draft_->elements.size()} + data_->attributes.size();
     }
 
-    // The document, which the caller keeps for as long as the builder; nothing may be added after
-    // this.
+    // The document; nothing may be added or asked after this.
     std::unique_ptr<Document> Finish();
 
 private:
@@ -43,13 +43,19 @@ private:
         std::uint32_t element;  // in DocumentData::elements, or kBare
     };
 
+    // What only the making needs, in the document's memory.
+    struct Draft {
+        explicit Draft(DocumentMemory& memory) : elements(&memory), scratch(&memory) {}
+        std::pmr::deque<NamedElement> elements;  // in document order
+        std::pmr::u16string scratch;
+    };
+
     std::uint32_t AddAttributes(const char* const* attributes);
     void AddAttribute(const char* name, const char* value);
     void BuildLists();
 
     std::unique_ptr<DocumentData> data_;
-    std::pmr::deque<NamedElement> elements_{&data_->memory};  // in document order
-    std::pmr::u16string scratch_{&data_->memory};
+    std::optional<Draft> draft_;  // until the document goes to its owner, and its memory with it
     std::uint64_t cost_ = 0;
 };
 

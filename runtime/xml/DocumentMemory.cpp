@@ -1,48 +1,54 @@
 #include "runtime/xml/DocumentMemory.h"
 
-#include <sanitizer/asan_interface.h>
-
+#include <algorithm>
 #include <functional>
 #include <new>
 #include <utility>
 
 #include "runtime/ThreadsOwn.h"
+#include "runtime/memory/Poison.h"
 
 namespace vexpa_runtime {
 
-std::unique_ptr<DocumentMemory::Block> DocumentMemory::TakeBlock() {
-    std::unique_ptr<Block> block = std::exchange(ThreadsOwn<Kept>().block, nullptr);
-    if (block == nullptr) return std::make_unique_for_overwrite<Block>();
-    ASAN_UNPOISON_MEMORY_REGION(block.get(), sizeof(Block));
-    return block;
-}
-
-// A document may end in another thread than it was made in, which then has the block, and which
-// goes without one when it has no memory to note that.
-void DocumentMemory::KeepBlock(std::unique_ptr<Block> block) noexcept {
+// Null for a thread that has no room to note what it keeps: it goes without.
+DocumentMemory::Kept* DocumentMemory::KeptByThread() noexcept {
     try {
-        Kept& kept = ThreadsOwn<Kept>();
-        if (kept.block != nullptr) return;
-        // Whoever reads a document after its end shall be told, though the memory is still there.
-        ASAN_POISON_MEMORY_REGION(block.get(), sizeof(Block));
-        kept.block = std::move(block);
+        return &ThreadsOwn<Kept>();
     } catch (const std::bad_alloc&) {
-        return;
+        return nullptr;
     }
 }
 
+std::unique_ptr<DocumentMemory::Block> DocumentMemory::TakeBlock() {
+    Kept* const kept = KeptByThread();
+    if (kept != nullptr && kept->block != nullptr) return std::move(kept->block);
+    return std::make_unique_for_overwrite<Block>();
+}
+
+// A document may end in another thread than it was made in; that one then keeps the block, unless
+// it has one already.
+void DocumentMemory::KeepBlock(std::unique_ptr<Block> block) noexcept {
+    Kept* const kept = KeptByThread();
+    if (kept != nullptr && kept->block == nullptr) kept->block = std::move(block);
+}
+
 DocumentMemory::DocumentMemory()
-    : block_(TakeBlock()), next_(block_->bytes), left_(sizeof block_->bytes) {}
+    : block_(TakeBlock()), next_(block_->bytes), left_(sizeof block_->bytes) {
+    Poison(block_.get(), sizeof(Block));
+}
 
 DocumentMemory::~DocumentMemory() {
+    Poison(block_.get(), sizeof(Block));
     KeepBlock(std::move(block_));
 }
 
 void* DocumentMemory::TakeFromBlock(std::size_t bytes, std::size_t alignment) noexcept {
-    void* const taken = std::align(alignment, bytes, next_, left_);
+    void* const taken =
+        std::align(std::max(alignment, kPoisonedGap), bytes + kPoisonedGap, next_, left_);
     if (taken == nullptr) return nullptr;
-    next_ = static_cast<std::byte*>(taken) + bytes;
-    left_ -= bytes;
+    next_ = static_cast<std::byte*>(taken) + bytes + kPoisonedGap;
+    left_ -= bytes + kPoisonedGap;
+    Unpoison(taken, bytes);
     return taken;
 }
 
@@ -51,14 +57,20 @@ bool DocumentMemory::IsInBlock(const void* memory) const noexcept {
     return !isBefore(memory, block_->bytes) && isBefore(memory, block_->bytes + kBlockBytes);
 }
 
-// Nothing in a document is aligned beyond what operator new gives.
+// Nothing in a document is aligned beyond what operator new gives. What has no bytes gets one, as
+// else it would begin where the block ends.
 void* DocumentMemory::do_allocate(std::size_t bytes, std::size_t alignment) {
-    if (void* const taken = TakeFromBlock(bytes, alignment)) return taken;
-    return ::operator new(bytes);
+    const std::size_t size = std::max<std::size_t>(bytes, 1);
+    if (void* const taken = TakeFromBlock(size, alignment)) return taken;
+    return ::operator new(size);
 }
 
 void DocumentMemory::do_deallocate(void* memory, std::size_t bytes, std::size_t) {
-    if (!IsInBlock(memory)) ::operator delete(memory, bytes);
+    if (IsInBlock(memory)) {
+        Poison(memory, bytes);
+    } else {
+        ::operator delete(memory);
+    }
 }
 
 }  // namespace vexpa_runtime

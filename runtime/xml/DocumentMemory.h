@@ -9,8 +9,8 @@
 namespace vexpa_runtime {
 
 // One block while it lasts, as nearly every document fits into it, then the heap. Nothing in the
-// block is given back before the end. The block is the thread's, which keeps it from document to
-// document: what the many small pieces of one would cost is a good part of a small stream's parse.
+// block is given back before the end. The thread keeps the block from document to document: some
+// twenty small allocations were a good part of the parse of a small stream.
 class DocumentMemory final : public std::pmr::memory_resource {
 public:
     DocumentMemory();  // throws std::bad_alloc
@@ -18,7 +18,7 @@ public:
     DocumentMemory(const DocumentMemory&) = delete;
     DocumentMemory& operator=(const DocumentMemory&) = delete;
 
-    // [borrowed] From the block, or null when its rest is too small.
+    // [borrowed] From the block, or null when its rest is too small. At least one byte.
     void* TakeFromBlock(std::size_t bytes, std::size_t alignment) noexcept;
 
 private:
@@ -31,6 +31,7 @@ private:
         std::unique_ptr<Block> block;
     };
 
+    static Kept* KeptByThread() noexcept;
     static std::unique_ptr<Block> TakeBlock();
     static void KeepBlock(std::unique_ptr<Block> block) noexcept;
 

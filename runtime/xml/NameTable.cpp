@@ -39,6 +39,7 @@ std::uint32_t NameTable::Intern(std::u16string_view name) {
     const std::uint32_t known = Find(name);
     if (known != kUnknown) return known;
 
+    // By doubling it would leave its earlier selves in the block.
     if (names_.empty()) names_.reserve(kFew);
     char16_t* copy = text_->Allocate(name.size());
     std::copy(name.begin(), name.end(), copy);

@@ -15,10 +15,10 @@ namespace tarn {
 // The place of the first unit in which the texts differ; the length of the shorter one when there
 // is none.
 //
-// Names of one archive begin alike, so this is what their look-ups do. The standard library goes
-// unit by unit.
+// Names of one archive begin alike, so most of a look-up is to pass over what two names share. The
+// standard library goes unit by unit.
 inline std::size_t CommonLength(std::u16string_view a, std::u16string_view b) noexcept {
-    static_assert(std::endian::native == std::endian::little, "the first unit stands lowest");
+    constexpr bool kFirstStandsLowest = std::endian::native == std::endian::little;
     constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(char16_t);
     constexpr int kUnitBits = 16;
     const std::size_t length = std::min(a.size(), b.size());
@@ -28,8 +28,10 @@ inline std::size_t CommonLength(std::u16string_view a, std::u16string_view b) no
         std::uint64_t fromB = 0;
         std::memcpy(&fromA, a.data() + at, sizeof fromA);
         std::memcpy(&fromB, b.data() + at, sizeof fromB);
-        if (fromA == fromB) continue;
-        return at + static_cast<std::size_t>(std::countr_zero(fromA ^ fromB) / kUnitBits);
+        const std::uint64_t differing = fromA ^ fromB;
+        if (differing == 0) continue;
+        const int bits = kFirstStandsLowest ? std::countr_zero(differing) : std::countl_zero(differing);
+        return at + static_cast<std::size_t>(bits / kUnitBits);
     }
     while (at < length && a[at] == b[at]) ++at;
     return at;

@@ -21,7 +21,8 @@ void ForEachRule(IDomDocument& document, const char16_t* element, const char16_t
         IDomAttribute* key = attributes->GetNamedItem(keyName);
         IDomAttribute* contentType = attributes->GetNamedItem(u"ContentType");
         if (key == nullptr || contentType == nullptr) continue;
-        visit(key->GetValue(), contentType->GetValue());
+        const char16_t* keyText = key->GetValue();
+        visit(keyText, contentType->GetValue());
     }
 }
 

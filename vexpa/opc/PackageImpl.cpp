@@ -53,7 +53,7 @@ Part* PackageImpl::FindPart(const unsigned short* name) {
 
 // The part at the first place that is not before the key, if it has the key.
 PartImpl* PackageImpl::LoadedAt(PartsByName::const_iterator place, std::u16string_view key) const {
-    if (place == partsByName_.end() || place->first != key) return nullptr;
+    if (place == partsByName_.end() || UnitLess()(key, place->first)) return nullptr;
     return place->second < parts_.size() ? parts_[place->second].get() : nullptr;
 }
 

@@ -48,11 +48,11 @@ public:
     Handle<Object> ShallowClone() override { return {}; }
 
 private:
-    HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
     // By key, where the part stands in parts_. Beyond the end of the list there is none, as in a
     // closed package: Close empties only the list.
     using PartsByName = std::pmr::map<std::pmr::u16string, std::size_t, UnitLess>;
 
+    HRESULT OpenEntry(const char16_t* entryName, IStream** stream);
     PartImpl* LoadedAt(PartsByName::const_iterator place, std::u16string_view key) const;
     bool MayLoad(std::u16string_view key);
     PartImpl* LoadPart(const PartUri& name, std::u16string_view key, PartsByName::const_iterator place);

@@ -3,11 +3,9 @@
 
 #include <span>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "runtime/com/CompoundCheck.h"
-#include "runtime/com/GsfSilence.h"
 #include "tests/runtime/com/Blocks.h"
 #include "tests/runtime/com/CompoundBytes.h"
 #include "tests/runtime/com/CompoundWalk.h"
@@ -303,22 +301,6 @@ TEST(Storage, LeavesTheHostsLogHandlersInPlace) {
     EXPECT_EQ(heard, "");
     g_log("libgsf:msole", G_LOG_LEVEL_WARNING, "the host's own");
     g_log_remove_handler("libgsf:msole", handler);
-    EXPECT_EQ(heard, "the host's own");
-}
-
-// GLib numbers handlers outside its lock, so two threads may be given one number.
-TEST(GsfSilence, OfSeveralThreadsAtOnceLeavesNoHandlersBehind) {
-    constexpr int kTimes = 100'000;
-    std::string heard;
-    g_log_set_default_handler(Note, &heard);
-    const auto silenceOften = [] {
-        for (int i = 0; i < kTimes; ++i) const vexpa_runtime::GsfSilence silence;
-    };
-    std::thread other(silenceOften);
-    silenceOften();
-    other.join();
-    g_log("libgsf", G_LOG_LEVEL_MESSAGE, "the host's own");
-    g_log_set_default_handler(g_log_default_handler, nullptr);
     EXPECT_EQ(heard, "the host's own");
 }
 

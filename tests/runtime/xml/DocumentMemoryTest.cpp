@@ -7,9 +7,10 @@
 #include <new>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
 
+#include "runtime/memory/Poison.h"
+#include "runtime/xml/DocumentMemory.h"
 #include "tests/runtime/xml/Dom.h"
 
 namespace {
@@ -133,17 +134,38 @@ TEST(DocumentMemory, IsOfEachItsOwnWhenSeveralAreThere) {
     EXPECT_EQ(Values(*other.Get(), u"a", u"x"), std::vector<std::u16string>{u"other"});
 }
 
-TEST(DocumentMemory, StaysWhenTheThreadThatMadeItEnds) {
-    ComPtr<IDomDocument> document;
-    std::thread([&] { document = Parsed("<r><a x='still there'/></r>"); }).join();
-    EXPECT_EQ(Values(*document.Get(), u"a", u"x"), std::vector<std::u16string>{u"still there"});
+#if VEXPA_POISONS
+TEST(DocumentMemoryDeathTest, IsNotToBeReadAfterItsEnd) {
+    ComPtr<IDomDocument> document = Parsed("<r><a x='value'/></r>");
+    IDomNode* element = document->GetElementsByTagName(u"a")->GetItem(0);
+    const char16_t* value = element->GetAttributes()->GetNamedItem(u"x")->GetValue();
+    document.Reset();
+    EXPECT_DEATH(static_cast<void>(std::u16string(value)), "use-after-poison");
 }
 
-TEST(DocumentMemory, MayEndInAThreadThatMadeNone) {
-    ComPtr<IDomDocument> document = Parsed("<r><a x='1'/></r>");
-    std::thread([&] { document.Reset(); }).join();
-    EXPECT_EQ(Values(*Parsed("<r><a x='2'/></r>").Get(), u"a", u"x"),
-              std::vector<std::u16string>{u"2"});
+TEST(DocumentMemoryDeathTest, IsNotToBeReadBeyondAText) {
+    const ComPtr<IDomDocument> document = Parsed("<r><a x='value'/></r>");
+    IDomNode* element = document->GetElementsByTagName(u"a")->GetItem(0);
+    const char16_t* value = element->GetAttributes()->GetNamedItem(u"x")->GetValue();
+    EXPECT_DEATH(static_cast<void>(std::u16string(value, 7)), "use-after-poison");
+}
+
+TEST(DocumentMemoryDeathTest, IsNotToBeReadWhereATableWasBeforeItGrew) {
+    vexpa_runtime::DocumentMemory memory;
+    std::pmr::vector<int> numbers({1}, &memory);
+    const int* first = numbers.data();
+    numbers.resize(100);
+    EXPECT_DEATH(std::exit(*first), "use-after-poison");
+}
+#endif
+
+TEST(DocumentMemory, OfNoBytesCanBeGivenBackWhenTheBlockIsFull) {
+    vexpa_runtime::DocumentMemory memory;
+    while (memory.TakeFromBlock(1, 1) != nullptr) {
+    }
+    void* const nothing = memory.allocate(0, 1);
+    EXPECT_NE(nothing, nullptr);
+    memory.deallocate(nothing, 0, 1);
 }
 
 TEST(DocumentMemory, HoldsALongValueOnce) {

@@ -128,6 +128,8 @@ TEST(NamePattern, CountsItsStepsAlsoForNamesWithOtherEnds) {
 TEST(NamePattern, OfEscapedCharactersHasOnlyOneName) {
     EXPECT_EQ(NamePattern::OnlyName("\\[Content_Types\\].xml"), "[Content_Types].xml");
     EXPECT_EQ(NamePattern::OnlyName("\\\xE2\x82\xAC"), "\xE2\x82\xAC");
+    EXPECT_EQ(NamePattern::OnlyName("a]-!^\\*"), "a]-!^*") << "plain where no class is open";
+    EXPECT_EQ(NamePattern::OnlyName("\\\\"), "\\");
     EXPECT_EQ(NamePattern::OnlyName("a*"), std::nullopt);
     EXPECT_EQ(NamePattern::OnlyName("a?"), std::nullopt);
     EXPECT_EQ(NamePattern::OnlyName("[a]"), std::nullopt);
