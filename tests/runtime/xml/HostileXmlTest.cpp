@@ -44,7 +44,7 @@ TEST(HostileXml, TakesTheDeepestDocumentAndNoDeeper) {
 }
 
 TEST(HostileXml, CountsDepthAndNotElements) {
-    EXPECT_EQ(ParseResult("<r>" + Repeat("<a><b/></a>", 2 * kMaxDepth) + "</r>"), S_OK);
+    EXPECT_EQ(ParseResult("<r>" + Repeat("<a><b/></a>", std::size_t{2} * kMaxDepth) + "</r>"), S_OK);
 }
 
 TEST(HostileXml, TakesTheLargestDocumentAndNoLarger) {
@@ -204,7 +204,7 @@ TEST(HostileXml, PassesOverParameterEntitiesOfTheDocument) {
 
 // Reading it again for each piece would take hours.
 TEST(HostileXml, ReadsOneVeryLongTokenInTime) {
-    const std::string value(30'000'000, 'v');
+    const std::string value = Repeat("v", 30'000'000);
     for (const std::string& xml :
          {"<r x='" + value + "'/>", "<!--" + value + "--><r/>", "<?p " + value + "?><r/>",
           "<r><![CDATA[" + value + "]]></r>", "<" + value + "/>"}) {

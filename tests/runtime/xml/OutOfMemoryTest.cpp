@@ -13,7 +13,8 @@ TEST(OutOfMemory, FailsTheParseWhereverItStrikes) {
     std::string xml = "<r>";
     for (int i = 0; i < 300; ++i) {
         const std::string number = std::to_string(i);
-        xml += "<e" + number + " a" + number + "='" + std::string(100, 'v') + "'/>";
+        xml.append("<e").append(number).append(" a").append(number).append("='");
+        xml.append(100, 'v').append("'/>");
     }
     xml += "</r>";
     for (int calls = 0;; ++calls) {
