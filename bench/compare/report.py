@@ -42,18 +42,18 @@ part less. The limit inflates also what no relationship leads to. Other counts t
 
 WHY = """What stands in the way of those that are not met:
 
-- *Small documents*: of all instructions for the smallest workbook a third are spent in Expat and what
-  it calls, a quarter in libdeflate. The limit has only the latter, and the fastest peer has Expat,
-  too, for the same relationships. What is left to this library - names, types, indexes, two copies of
-  each part - is about as much as Expat takes.
+- *Small documents*: of all instructions for the smallest workbook, as callgrind counts its driver's, a
+  third are spent in Expat and what it calls, three in ten in libdeflate. The limit has only the latter,
+  and the fastest peer has Expat, too, for the same relationships. What is left to this library - names,
+  types, indexes, two copies of each part - is about as much as Expat takes.
 - *10,000 parts and more*: the objects no longer fit the processor's caches. A part name is a record
   of 296 bytes by the binary interface, besides its texts, and each part of a chain has four of them:
   its own, and source, target and resolved target of its relationship. That is also why the time for a
   part grows, and what a part takes beyond 1.5 KB.
 - *One large part*, and documents of over 1 MiB: a part's bytes are copied once, from where they were
   unpacked to the block that its stream reads, and the reader copies them again. The limit copies once.
-  Of the time for the part of 200 MB a third is the system's, which clears the pages of both blocks;
-  libdeflate takes a third and the copies a quarter.
+  Of the time for the part of 200 MB, as perf samples it, a third is the system's, which clears the
+  pages of both blocks; libdeflate takes a third and the copies a quarter.
 - *One extraction beside libzip*: a call here is little else than inflating; all but that is in the
   time for an absent name. For a small document, a seventh of what libzip takes, which is the goal, is
   less than inflating alone takes.

@@ -7,14 +7,19 @@
 
 #include <cstddef>
 
-#ifndef __has_feature
-#define __has_feature(feature) 0  // GCC 12 has macros of its own for what Clang asks for so
-#endif
-#if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
+#if defined(__SANITIZE_ADDRESS__)
 #define VEXPA_POISONS 1
-#include <sanitizer/asan_interface.h>
-#else
+#elif defined(__has_feature)  // Clang has no macro of its own for it
+#if __has_feature(address_sanitizer)
+#define VEXPA_POISONS 1
+#endif
+#endif
+#ifndef VEXPA_POISONS
 #define VEXPA_POISONS 0
+#endif
+
+#if VEXPA_POISONS
+#include <sanitizer/asan_interface.h>
 #endif
 
 namespace vexpa_runtime {

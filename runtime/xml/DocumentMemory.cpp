@@ -43,11 +43,12 @@ DocumentMemory::~DocumentMemory() {
 }
 
 void* DocumentMemory::TakeFromBlock(std::size_t bytes, std::size_t alignment) noexcept {
-    void* const taken =
-        std::align(std::max(alignment, kPoisonedGap), bytes + kPoisonedGap, next_, left_);
+    // What has no bytes takes one, as else it could begin where the block ends.
+    const std::size_t room = std::max<std::size_t>(bytes, 1) + kPoisonedGap;
+    void* const taken = std::align(std::max(alignment, kPoisonedGap), room, next_, left_);
     if (taken == nullptr) return nullptr;
-    next_ = static_cast<std::byte*>(taken) + bytes + kPoisonedGap;
-    left_ -= bytes + kPoisonedGap;
+    next_ = static_cast<std::byte*>(taken) + room;
+    left_ -= room;
     Unpoison(taken, bytes);
     return taken;
 }
@@ -57,12 +58,10 @@ bool DocumentMemory::IsInBlock(const void* memory) const noexcept {
     return !isBefore(memory, block_->bytes) && isBefore(memory, block_->bytes + kBlockBytes);
 }
 
-// Nothing in a document is aligned beyond what operator new gives. What has no bytes gets one, as
-// else it would begin where the block ends.
+// Nothing in a document is aligned beyond what operator new gives.
 void* DocumentMemory::do_allocate(std::size_t bytes, std::size_t alignment) {
-    const std::size_t size = std::max<std::size_t>(bytes, 1);
-    if (void* const taken = TakeFromBlock(size, alignment)) return taken;
-    return ::operator new(size);
+    if (void* const taken = TakeFromBlock(bytes, alignment)) return taken;
+    return ::operator new(bytes);
 }
 
 void DocumentMemory::do_deallocate(void* memory, std::size_t bytes, std::size_t) {

@@ -18,7 +18,7 @@ public:
     DocumentMemory(const DocumentMemory&) = delete;
     DocumentMemory& operator=(const DocumentMemory&) = delete;
 
-    // [borrowed] From the block, or null when its rest is too small. At least one byte.
+    // [borrowed] From the block, or null when its rest is too small.
     void* TakeFromBlock(std::size_t bytes, std::size_t alignment) noexcept;
 
 private:

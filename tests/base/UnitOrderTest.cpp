@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "vexpa/base/UnitOrder.h"
 
+using namespace std::string_view_literals;
 using tarn::CommonLength;
 using tarn::UnitLess;
 
@@ -39,32 +41,27 @@ TEST(CommonLength, OfATextAndItsBeginningIsAllOfTheBeginning) {
     }
 }
 
-TEST(UnitLess, OrdersATextBeforeThoseThatItBegins) {
-    EXPECT_TRUE(UnitLess()(u"", u"a"));
-    EXPECT_TRUE(UnitLess()(u"word/document", u"word/document.xml"));
-    EXPECT_FALSE(UnitLess()(u"word/document.xml", u"word/document"));
-}
-
-TEST(UnitLess, OfATextAndItselfIsFalse) {
-    EXPECT_FALSE(UnitLess()(u"", u""));
-    EXPECT_FALSE(UnitLess()(u"word/document.xml", u"word/document.xml"));
-}
-
-// U+FF5E stands above the surrogates that write U+1F600, a character beyond it.
-TEST(UnitLess, OrdersByUnitsNotByCharacters) {
-    EXPECT_TRUE(UnitLess()(u"\U0001F600", u"\uFF5E"));
-    EXPECT_FALSE(UnitLess()(u"\uFF5E", u"\U0001F600"));
-}
-
-TEST(UnitLess, TakesUnitsForUnsigned) {
-    EXPECT_TRUE(UnitLess()(u"abc\u0001", u"abc\u8000"));
-    EXPECT_FALSE(UnitLess()(u"abc\u8000", u"abc\u0001"));
-}
-
-TEST(UnitLess, ComparesBeyondANul) {
-    using namespace std::string_view_literals;
-    EXPECT_TRUE(UnitLess()(u"a\0b"sv, u"a\0c"sv));
-    EXPECT_TRUE(UnitLess()(u"a"sv, u"a\0"sv));
+TEST(UnitLess, OrdersTextsByTheirUnits) {
+    struct Row {
+        const char* shows;
+        std::u16string_view lesser;
+        std::u16string_view greater;
+    };
+    const Row rows[] = {
+        {"nothing is before all else", u"", u"a"},
+        {"a text is before those that it begins", u"word/document", u"word/document.xml"},
+        {"units count, not characters", u"\U0001F600", u"\uFF5E"},
+        {"units have no sign", u"abc\u0001", u"abc\u8000"},
+        {"a NUL is a unit as any other", u"a\0b"sv, u"a\0c"sv},
+        {"a NUL is no end", u"a"sv, u"a\0"sv},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.shows);
+        EXPECT_TRUE(UnitLess()(row.lesser, row.greater));
+        EXPECT_FALSE(UnitLess()(row.greater, row.lesser));
+        EXPECT_FALSE(UnitLess()(row.lesser, row.lesser));
+        EXPECT_FALSE(UnitLess()(row.greater, row.greater));
+    }
 }
 
 TEST(UnitLess, AgreesWithTheStandardOrderOnTextsOfTwoUnits) {

@@ -4,13 +4,15 @@
 #include <pthread.h>
 
 #include <cerrno>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "tests/runtime/xml/Dom.h"
 
 namespace {
 
-constexpr int kNever = -1;
+constexpr int kNever = -1;  // what is left, too, when the note that fails has been counted
 thread_local int notesUntilFailure = kNever;
 
 // Lets so many notes of this thread succeed, and then one fail.
