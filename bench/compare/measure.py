@@ -20,7 +20,7 @@ class Effort:
     most_repetitions: int = 300
 
 
-FULL = Effort(clock="wall", rounds=9, seconds_a_round=0.4, cut_off=60, most_seconds=90)
+FULL = Effort(clock="wall", rounds=7, seconds_a_round=0.25, cut_off=10, most_seconds=20)
 QUICK = Effort(clock="cpu", rounds=3, seconds_a_round=0.1, cut_off=10, most_seconds=10)
 
 

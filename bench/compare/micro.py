@@ -31,7 +31,6 @@ def run_benchmarks(program, effort, arguments=(), pattern="", environment=None):
     return times
 
 
-
 VOCABULARY = [  # what, ours, the peer, what the peer is
     ("Initialize + Terminate", "FillAndClear", "FillAndClearPlain", "two plain maps"),
     ("look-up, hit", "LookUpInRegistry/hit", "LookUpInPlain/hit", "two plain maps"),

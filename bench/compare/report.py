@@ -10,7 +10,7 @@ from micro import VOCABULARY
 
 HOW = """## How to run it
 
-    bench/compare.sh                          # everything, about an hour on two cores
+    bench/compare.sh                          # everything, 35 minutes on two cores
     bench/compare.sh --quick                  # a rough look, a few minutes
     bench/compare.sh --rows 'tree-*,*docx' --drivers vexpa,limit,libgsf
     bench/compare.sh --render FILE            # this text again, from kept findings
@@ -23,9 +23,9 @@ this file; any other one writes to `build/bench/report`.
 TASK = """The task is the same for all: open the package, walk every relationship, read every part's bytes,
 hold them until the end. Each driver (`bench/drivers/`) runs it again and again in one process; the
 drivers take turns, to and fro, and a ratio is taken within a round. Shown are medians, and the
-quartiles of the ratios in brackets (of fewer than four rounds the extremes). Before the timing each
-driver reports what it read, as counts and checksums; where a peer reads something else it says so
-below.
+quartiles of the ratios in brackets (of fewer than four rounds the extremes); a median ratio need not
+be the ratio of the two medians. Before the timing each driver reports what it read, as counts and
+checksums; where a peer reads something else it says so below.
 
 The limit maps or reads the file, goes through its directory once, inflates every entry with
 libdeflate, checks the CRC and copies the bytes once, with the memory of the pass before or with
@@ -42,21 +42,21 @@ part less. The limit inflates also what no relationship leads to. Other counts t
 
 WHY = """What stands in the way of those that are not met:
 
-- *Small documents*: of all instructions for the smallest workbook, as callgrind counts its driver's, a
-  third are spent in Expat and what it calls, three in ten in libdeflate. The limit has only the latter,
-  and the fastest peer has Expat, too, for the same relationships. What is left to this library - names,
-  types, indexes, two copies of each part - is about as much as Expat takes.
-- *10,000 parts and more*: the objects no longer fit the processor's caches. A part name is a record
-  of 296 bytes by the binary interface, besides its texts, and each part of a chain has four of them:
-  its own, and source, target and resolved target of its relationship. That is also why the time for a
-  part grows, and what a part takes beyond 1.5 KB.
-- *One large part*, and documents of over 1 MiB: a part's bytes are copied once, from where they were
-  unpacked to the block that its stream reads, and the reader copies them again. The limit copies once.
-  Of the time for the part of 200 MB, as perf samples it, a third is the system's, which clears the
-  pages of both blocks; libdeflate takes a third and the copies a quarter.
-- *One extraction beside libzip*: a call here is little else than inflating; all but that is in the
-  time for an absent name. For a small document, a seventh of what libzip takes, which is the goal, is
-  less than inflating alone takes.
+- *Small documents, and documents of many parts*: for each part there are names to parse and resolve,
+  types, indexes, a call that looks whether the file has changed, and two copies. Of all instructions
+  for the smallest workbook, as callgrind counts its driver's, a third are spent in Expat and what it
+  calls, three in ten in libdeflate. The limit has only the latter, and the fastest peer has Expat, too,
+  for the same relationships. What is left to this library is about as much as Expat takes.
+- *10,000 parts and more*: besides, the objects no longer fit the processor's caches, so the time for a
+  part grows. A part name is a record of 296 bytes by the binary interface, and each part of a chain has
+  four of them: its own, and source, target and resolved target of its relationship. Those are 1.2 KB of
+  the 3.4 KB that it takes; their texts, the part and its relationship, and the name of its entry in
+  four tables are the rest.
+- *One large part*: its bytes are copied once, from where they were unpacked to the block that its
+  stream reads, and the reader copies them again. The limit copies once. Of the time for the part of
+  200 MB, as perf samples it, a third is the system's, which clears the pages of both blocks; libdeflate
+  takes a third and the copies a quarter. It weighs most where there is nothing to inflate: in the
+  stored part, and in the largest pptx, which is stored pictures for the most part.
 """
 
 

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Chooses the real documents that the benchmarks read.
 
-Of each kind the smallest, the median and the largest by the bytes they unpack to; of all
-packages of any kind the one with the most entries and the one with the largest entry. The corpus is where the tests look for it: the environment
-variable VEXPA_CORPUS, or else ../shared/corpus beside the source.
+Of each kind the smallest, the median and the largest by the bytes they unpack to; of all packages
+of any kind the one with the most entries and the one with the largest entry. The corpus is where the
+tests look for it: the environment variable VEXPA_CORPUS, or else ../shared/corpus beside the source.
 """
 
 import os
