@@ -142,7 +142,7 @@ TEST_P(SystemFault, OfAnInterruptedCallLosesNothing) {
 }
 
 TEST_P(SystemFault, OfAShortReadLosesNothing) {
-    for (const std::size_t most : {1, 2, 29}) {
+    for (const std::size_t most : {1u, 2u, 29u}) {
         SCOPED_TRACE(most);
         ForEachCall([most](std::size_t n) {
             return [n, most](const SystemCall& call) {

@@ -9,9 +9,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define VEXPA_SANITIZER_ALLOCATES 1
-#endif
+#include "tests/support/Sanitizers.h"
 
 namespace {
 
@@ -40,7 +38,7 @@ void OnGivenBack(std::size_t got) {
 
 }  // namespace
 
-#ifdef VEXPA_SANITIZER_ALLOCATES
+#if VEXPA_SANITIZED
 
 // As sanitizer/allocator_interface.h has them, which does not come with every compiler.
 extern "C" {

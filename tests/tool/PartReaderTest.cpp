@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/tool/RunTool.h"
 #include "tool/model/PartReader.h"
 
@@ -12,7 +13,7 @@ namespace opc = tarn::opc;
 constexpr std::size_t kLarge = 48 << 20;
 
 // Sanitizers need terabytes of address space for themselves.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if VEXPA_SANITIZED
 constexpr std::uint64_t kMostMemory = 0;
 #else
 constexpr std::uint64_t kMostMemory = 420 << 20;

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/tool/RunTool.h"
 
 namespace {
@@ -124,7 +125,7 @@ TEST_F(SeveralFiles, ComeInTheirOrderHoweverManyThreadsWork) {
 }
 
 // Sanitizers need terabytes of address space for themselves.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#if !VEXPA_SANITIZED
 TEST_F(SeveralFiles, AreReadByTheThreadsThatThereAre) {
     std::vector<std::string> arguments = {"parts", "--json", "-j", "256"};
     for (int i = 0; i < 300; ++i) arguments.push_back(path_);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/opc/PackageFile.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/tool/RunTool.h"
 
 namespace {
@@ -12,7 +13,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 // Sanitizers have to be loaded before anything else.
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#if !VEXPA_SANITIZED
 
 class VocabularyOfCommands : public testing::Test {
 protected:

@@ -81,11 +81,11 @@ Table::Row MakeRow(const Container& container, const ContainerEntry& entry, bool
 void WriteTable(const Container& container, const std::vector<const ContainerEntry*>& entries,
                 bool isLong, Output& out) {
     Table table;
-    for (const std::size_t column : {1, 2, 3}) table.AlignRight(column);
+    for (const std::size_t column : {1u, 2u, 3u}) table.AlignRight(column);
     Table::Row heading = {"Method", "Packed", "Size", "Ratio", "CRC", "Flags"};
     if (isLong) {
         heading.insert(heading.end(), {"Bits", "Offset", "Extra", "Modified", "Made by", "Needs"});
-        for (const std::size_t column : {7, 8}) table.AlignRight(column);
+        for (const std::size_t column : {7u, 8u}) table.AlignRight(column);
     }
     heading.emplace_back("Name");
     table.AddHeading(std::move(heading));

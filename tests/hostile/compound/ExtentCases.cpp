@@ -10,6 +10,7 @@
 #include "runtime/com/CompoundCheck.h"
 #include "tests/hostile/PackageText.h"
 #include "tests/hostile/compound/CraftedStorage.h"
+#include "tests/support/Sanitizers.h"
 
 namespace {
 
@@ -125,7 +126,7 @@ std::vector<std::string> Remains() {
 TEST(HostileCompound, IsNeverReadBeyondWhereItIsCut) {
     const std::string bytes = SmallCompound().bytes;
     const std::vector<std::string> remains = Remains();
-    const auto step = [](std::size_t size) { return size % 512 < 2 || size % 512 > 509 ? 1 : 36; };
+    const auto step = [](std::size_t size) { return size % 512 < 2 || size % 512 > 509 ? 1u : 36u; };
     for (std::size_t size = 0; size < bytes.size(); size += step(size)) {
         SCOPED_TRACE(size);
         const std::string cut = bytes.substr(0, size);
@@ -151,7 +152,7 @@ TEST(HostileStorageSiblings, AreSoManyInAll) {
     EXPECT_TRUE(IsStorage(storagesOf(1'000, 100)));
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__OPTIMIZE__)
+#if VEXPA_SANITIZED || !defined(__OPTIMIZE__)
 constexpr std::size_t kStack = 16 << 20;  // what is compiled so takes many times as much
 #else
 constexpr std::size_t kStack = 1 << 20;

@@ -250,7 +250,9 @@ CraftedPackages ManyCases() {
         {"OfNamesThatGrow", "three hundred names of a unit more each",
          [] {
              std::string rules;
-             for (int i = 0; i < 300; ++i) rules += Override("/" + std::string(1 + i, 'n'), "x/y");
+             for (std::size_t size = 1; size <= 300; ++size) {
+                 rules += Override("/" + std::string(size, 'n'), "x/y");
+             }
              return Rules(rules + Default("xml", "a/b"))();
          },
          TypesText("a/b")},
