@@ -11,9 +11,11 @@ namespace vexpa_runtime::zip {
 namespace {
 
 const Entry* FindUtf8(const Directory& directory, std::string_view request, std::size_t& tried) {
+    if (!NamePattern::HasSpecialCharacters(request)) return directory.Find(request);
+    const auto onlyName = NamePattern::OnlyName(request);
+    if (onlyName && NamePattern::HasEscapes(request)) return directory.Find(*onlyName);
     if (const Entry* entry = directory.Find(request)) return entry;
-    if (!NamePattern::HasSpecialCharacters(request)) return nullptr;
-    if (const auto name = NamePattern::OnlyName(request)) return directory.Find(*name);
+    if (onlyName) return directory.Find(*onlyName);
     return directory.Patterns().FindFirst(directory, NamePattern(request), request, tried);
 }
 

@@ -31,6 +31,14 @@ bool NamePattern::HasSpecialCharacters(std::string_view text) noexcept {
     return text.find_first_of("*?[\\") != std::string_view::npos;
 }
 
+bool NamePattern::HasEscapes(std::string_view text) noexcept {
+    constexpr std::string_view kSpecial = "*?[]\\";
+    for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at + 2)) {
+        if (at + 1 < text.size() && kSpecial.find(text[at + 1]) != kSpecial.npos) return true;
+    }
+    return false;
+}
+
 // No byte of a longer character is one of those that mean something.
 std::optional<std::string> NamePattern::OnlyName(std::string_view text) {
     std::string name;

@@ -190,11 +190,11 @@ struct UzpCB {
     StatCBFn* statrepfn;
 };
 
-// Extracts one entry into memory. `zip` and `entry` are local 8-bit text. An entry whose
-// name equals `entry` wins; otherwise `entry` is a pattern in Info-ZIP's manner (case
-// counts): * any run, also over '/'; ? one character; [...] a class, with ranges, negated
-// by a leading ! or ^; a backslash takes the next character literally. Of several matches
-// the first in directory order is taken.
+// Extracts one entry into memory. `zip` and `entry` are local 8-bit text. `entry` is a pattern
+// in Info-ZIP's manner (case counts): * any run, also over '/'; ? one character; [...] a class,
+// with ranges, negated by a leading ! or ^; a backslash takes the next character literally.
+// Of several matches the first in directory order is taken; but an entry whose name equals
+// `entry` wins, unless all of *?[]\ in it are escaped, which leaves it one name to mean.
 //
 // Non-zero is success; an entry of no bytes gives strlength 0. Zero: no such file, archive
 // or entry, an encrypted or damaged entry, an unknown method, or no memory. No file stays

@@ -237,6 +237,7 @@ CraftedPackages EncodingCases() {
 
 // The entry is asked for by a pattern, but a name that is there is never taken for one.
 CraftedPackages WildcardCases() {
+    constexpr const char* kEscaped = "\\[Content_Types\\].xml";
     const auto named = [](const std::string& name) {
         return [name] {
             ZipFile zip = SmallPackageWith(kDocumentRelationshipsEntry,
@@ -276,8 +277,11 @@ CraftedPackages WildcardCases() {
         {"InsteadOfTheContentTypes", "their brackets are no class that a letter would match",
          PackageWith([](ZipFile& zip) { EntryOf(zip, kContentTypesEntry).name = "C.xml"; }),
          kDoesNotOpen},
-        {"EscapedInTheNameOfTheContentTypes", "an entry of the pattern's own text wins over the match",
-         PackageWith([](ZipFile& zip) { zip.Add("\\[Content_Types\\].xml", "<Types"); }), kDoesNotOpen},
+        {"EscapedInstead", "nor are they the escapes that they are asked for with",
+         PackageWith([](ZipFile& zip) { EntryOf(zip, kContentTypesEntry).name = kEscaped; }),
+         kDoesNotOpen},
+        {"EscapedBesides", "an entry of the pattern's own text is another one",
+         PackageWith([](ZipFile& zip) { zip.Add(kEscaped, "<Types"); }), SmallPackageText()},
     };
 }
 

@@ -47,6 +47,12 @@ TEST_F(EntrySearch, FindsNamesWithBracketsEscapedOrNot) {
     EXPECT_EQ(Find("\\[Content_Types\\].xml"), 1);
 }
 
+TEST_F(EntrySearch, OfAnEscapedNameIsNotForAnEntrySpelledWithTheEscapes) {
+    List({"\\[Content_Types\\].xml", "a\\b"});
+    EXPECT_EQ(Find("\\[Content_Types\\].xml"), -1);
+    EXPECT_EQ(Find("a\\b"), 1) << "escapes nothing";
+}
+
 TEST_F(EntrySearch, NeverTriesNamesForARequestWithoutPatternCharacters) {
     List({"a", "b", "c"});
     EXPECT_EQ(Find("missing]!-^/name"), -1);

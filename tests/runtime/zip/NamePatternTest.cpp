@@ -136,6 +136,15 @@ TEST(NamePattern, OfEscapedCharactersHasOnlyOneName) {
     EXPECT_EQ(NamePattern::OnlyName("a\\"), std::nullopt);
 }
 
+TEST(NamePattern, KnowsABackslashThatEscapesFromOneThatParts) {
+    for (const char* text : {"\\[a", "a\\]", "a\\*b", "\\?", "a\\\\", "a\\b\\\\c"}) {
+        EXPECT_TRUE(NamePattern::HasEscapes(text)) << text;
+    }
+    for (const char* text : {"", "a", "[a]", "a\\b", "a\\", "\\a[b]"}) {
+        EXPECT_FALSE(NamePattern::HasEscapes(text)) << text;
+    }
+}
+
 TEST(NamePattern, KnowsItsSpecialCharacters) {
     EXPECT_FALSE(NamePattern::HasSpecialCharacters("word/_rels/document.xml.rels]!^-"));
     for (const char* text : {"a*", "a?", "[a", "\\a"}) {
