@@ -5,9 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <new>
 
 #include "tests/opc/PackageFile.h"
 #include "vexpa/opc/RelationshipImpl.h"
+#include "vexpa/zip/UnZipArchive.h"
 
 namespace {
 
@@ -139,6 +142,25 @@ TEST_F(Slots, ReleaseOfANullObjectDoesNothing) {
     Slot<Release>(part_, 2)(nullptr);
     Slot<Release>(relationship_, 2)(nullptr);
     EXPECT_NE(package_->GetRelationshipById(u"rId1"), nullptr);
+}
+
+// Called twice, the second call finds nothing to end.
+TEST(ArchiveSlots, OfTheDestructorLeavesNoState) {
+    using lumo::Compression::Zip::UnZipArchive;
+    PackageFile package = MinimalPackage();
+    alignas(UnZipArchive) unsigned char memory[sizeof(UnZipArchive)];
+    auto* archive = new (memory) UnZipArchive;
+    ASSERT_EQ(archive->Open(package.Write().Path16().c_str()), 0);
+    const auto destroy = Slot<Release>(archive, 0);
+    const auto state = [&memory] {
+        const void* pointer = nullptr;
+        std::memcpy(&pointer, memory + sizeof(void*), sizeof pointer);
+        return pointer;
+    };
+    EXPECT_NE(state(), nullptr);
+    destroy(memory);
+    EXPECT_EQ(state(), nullptr);
+    destroy(memory);
 }
 
 }  // namespace

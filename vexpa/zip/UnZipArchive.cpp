@@ -1,6 +1,7 @@
 #include "vexpa/zip/UnZipArchive.h"
 
 #include <algorithm>
+#include <atomic>
 #include <string>
 
 #include "vexpa/base/Utf16.h"
@@ -15,7 +16,13 @@ bool IsReadable(const UnZipArchiveImpl& archive) {
 }
 
 UnZipArchive::UnZipArchive() noexcept = default;
-UnZipArchive::~UnZipArchive() = default;
+
+// A compiled caller may end an archive in place and look at the pointer after it; the store of a
+// member that ends would be left out.
+UnZipArchive::~UnZipArchive() {
+    Close();
+    std::atomic_signal_fence(std::memory_order_seq_cst);
+}
 
 // Kept: a file that is open and readable stays; one that is gone makes room for another.
 // (UnZipArchiveOpen.RefusesAnotherFileWhileOneIsOpenAndReadable,
