@@ -100,6 +100,19 @@ TEST(RelationshipStream, IsFoundForANameWithTwoLeadingSlashes) {
     EXPECT_EQ(ReadToEnd(*stream.Get()), "odd");
 }
 
+// The stream is asked for unseen, and what is asked for is a pattern.
+TEST(RelationshipStream, OfANameThatIsAPatternMayBeThatOfAnotherPart) {
+    PackageFile file = MinimalPackage();
+    file.Entry("word/a1.xml", "<a/>");
+    file.Entry("word/a[1].xml", "<a/>");
+    file.Entry("word/_rels/a1.xml.rels",
+               RelationshipsXml(RelationshipXml("rId1", kStyles, "styles.xml")));
+    const Handle<opc::Package> package = file.Open();
+    opc::Part* part = package->GetPart(opc::PartUri(u"word/a[1].xml"));
+    ASSERT_NE(part, nullptr);
+    EXPECT_TRUE(part->HasRelationship(u"rId1"));
+}
+
 TEST(RelationshipStream, ThatIsAbsentLeavesThePartWithoutRelationships) {
     PackageFile file = MinimalPackage();
     const Handle<opc::Package> package = file.Open();

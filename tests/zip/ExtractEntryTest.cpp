@@ -112,6 +112,13 @@ TEST_F(ExtractEntry, OfANameWithAByteOrderMarkFails) {
     EXPECT_EQ(result_, E_FAIL);
 }
 
+TEST_F(ExtractEntry, OfANameBehindAByteOrderMarkIsThatOfTheNameWithoutIt) {
+    zip_.Add("a", "another");
+    const ScratchFile file(zip_.Bytes());
+    EXPECT_EQ(Extract(file, u"\uFEFFa", result_), "another");
+    EXPECT_EQ(Extract(file, u"\uFFFE\u6100", result_), "another") << "the other byte order";
+}
+
 TEST_F(ExtractEntry, TellsTheShortRecordLength) {
     zip_.Add("a", "a");
     const ScratchFile file(zip_.Bytes());
