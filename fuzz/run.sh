@@ -3,8 +3,6 @@
 # million inputs, JOBS (two unless set) at a time, all unless some are named. The table of what
 # they did goes to build/fuzz/report.md, inputs that broke something to build/fuzz/finds/TARGET/;
 # corpora begin with fuzz/corpora/ and grow from run to run; fuzz/minimise.sh keeps the best of them.
-#
-# Needs besides packages.txt: clang, libclang-rt-14-dev (or that of the clang installed).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

@@ -2,13 +2,10 @@
 # scripts/coverage.sh   builds with clang's counters, runs all tests but those of the tool and
 # prints how much of vexpa/ and runtime/ they reach; fails below the bars that
 # scripts/coverage_table.py names. What is not reached is listed in build/coverage/unreached.txt.
-#
-# Needs besides packages.txt: clang, llvm and libclang-rt-14-dev (or that of the clang installed).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/install-packages.sh
 install_packages packages.txt
-install_packages <(printf '%s\n' clang llvm libclang-rt-14-dev)
 
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage

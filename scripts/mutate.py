@@ -38,7 +38,8 @@ ASAN_OPTIONS = "hard_rss_limit_mb=4096"
 # The quick one first: few mutants see the second.
 BUILDS = {
     "plain": "-O0 -g0 -D_GLIBCXX_ASSERTIONS",
-    "asan": "-O1 -g0 -D_GLIBCXX_ASSERTIONS -fsanitize=address,undefined -fno-sanitize-recover=all",
+    "asan": "-O1 -g0 -D_GLIBCXX_ASSERTIONS -fsanitize=address,undefined -fno-sanitize=vptr"
+            " -fno-sanitize-recover=all",
 }
 
 # What each binary operator is replaced by. The style puts blanks around them, and none into

@@ -39,7 +39,7 @@ class Single final : public Object, public Noncopyable {
 public:
     explicit Single(int& ended) : ended_(ended) {}
     ~Single() override { ++ended_; }
-    // Called for no object, too, as the callers that are compiled already do it.
+    // Called for no object, too, as compiled callers do.
     __attribute__((no_sanitize("null"))) void Release() override { DeleteIfExists(this); }
 
 private:

@@ -21,7 +21,7 @@ expect "" "$list" three
 build=$(list_packages "$1/packages.txt" build)
 all=$(list_packages "$1/packages.txt")
 [ -n "$build" ] || { echo "packages.txt names nothing to build with"; exit 1; }
-for package in clang doxygen lintian valgrind; do
+for package in clang doxygen libclang-rt-dev lintian llvm valgrind; do
     grep -qx $package <<<"$all" || { echo "packages.txt does not name $package"; exit 1; }
     ! grep -qx $package <<<"$build" || { echo "packages.txt builds with $package"; exit 1; }
 done

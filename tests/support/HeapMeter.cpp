@@ -38,7 +38,7 @@ void OnGivenBack(std::size_t got) {
 
 }  // namespace
 
-#if VEXPA_SANITIZED
+#if VEXPA_SANITIZER_ALLOCATES
 
 // As sanitizer/allocator_interface.h has them, which does not come with every compiler.
 extern "C" {

@@ -13,7 +13,7 @@ namespace opc = tarn::opc;
 constexpr std::size_t kLarge = 48 << 20;
 
 // Sanitizers need terabytes of address space for themselves.
-#if VEXPA_SANITIZED
+#if VEXPA_SANITIZER_ALLOCATES
 constexpr std::uint64_t kMostMemory = 0;
 #else
 constexpr std::uint64_t kMostMemory = 420 << 20;

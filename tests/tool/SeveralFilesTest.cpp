@@ -125,7 +125,7 @@ TEST_F(SeveralFiles, ComeInTheirOrderHoweverManyThreadsWork) {
 }
 
 // Sanitizers need terabytes of address space for themselves.
-#if !VEXPA_SANITIZED
+#if !VEXPA_SANITIZER_ALLOCATES
 TEST_F(SeveralFiles, AreReadByTheThreadsThatThereAre) {
     std::vector<std::string> arguments = {"parts", "--json", "-j", "256"};
     for (int i = 0; i < 300; ++i) arguments.push_back(path_);

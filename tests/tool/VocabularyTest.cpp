@@ -13,7 +13,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 // Sanitizers have to be loaded before anything else.
-#if !VEXPA_SANITIZED
+#if !VEXPA_SANITIZER_ALLOCATES
 
 class VocabularyOfCommands : public testing::Test {
 protected:

@@ -152,7 +152,7 @@ TEST(HostileStorageSiblings, AreSoManyInAll) {
     EXPECT_TRUE(IsStorage(storagesOf(1'000, 100)));
 }
 
-#if VEXPA_SANITIZED || !defined(__OPTIMIZE__)
+#if VEXPA_SANITIZER_ALLOCATES || !defined(__OPTIMIZE__)
 constexpr std::size_t kStack = 16 << 20;  // what is compiled so takes many times as much
 #else
 constexpr std::size_t kStack = 1 << 20;
