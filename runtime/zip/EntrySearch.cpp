@@ -12,10 +12,9 @@ namespace {
 
 const Entry* FindUtf8(const Directory& directory, std::string_view request, std::size_t& tried) {
     if (!NamePattern::HasSpecialCharacters(request)) return directory.Find(request);
-    const auto onlyName = NamePattern::OnlyName(request);
-    if (onlyName && NamePattern::HasEscapes(request)) return directory.Find(*onlyName);
+    if (const auto name = NamePattern::EscapedName(request)) return directory.Find(*name);
     if (const Entry* entry = directory.Find(request)) return entry;
-    if (onlyName) return directory.Find(*onlyName);
+    if (const auto name = NamePattern::OnlyName(request)) return directory.Find(*name);
     return directory.Patterns().FindFirst(directory, NamePattern(request), request, tried);
 }
 

@@ -10,8 +10,8 @@
 namespace vexpa_runtime::zip {
 
 // The entry named `request` (local 8-bit text), else the first in directory order that it
-// matches as a pattern, else null. A request whose special characters are all escaped means the
-// name without the escapes and no other: an entry "\[Content_Types\].xml" has no content types.
+// matches as a pattern, else null. But a request with every special character escaped means the
+// name without the escapes and no other: "\[Content_Types\].xml" is not for an entry spelled so.
 //
 // Only a request that truly is a pattern is tried on the names one by one (see PatternSearch); a
 // plain name, or one whose special characters are all escaped, is looked up. *namesTried, when

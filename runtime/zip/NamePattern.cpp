@@ -31,12 +31,17 @@ bool NamePattern::HasSpecialCharacters(std::string_view text) noexcept {
     return text.find_first_of("*?[\\") != std::string_view::npos;
 }
 
-bool NamePattern::HasEscapes(std::string_view text) noexcept {
+std::optional<std::string> NamePattern::EscapedName(std::string_view text) {
     constexpr std::string_view kSpecial = "*?[]\\";
-    for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at + 2)) {
-        if (at + 1 < text.size() && kSpecial.find(text[at + 1]) != kSpecial.npos) return true;
+    std::string name;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isEscape = text[at] == '\\';
+        if (isEscape) ++at;
+        const bool isSpecial = at < text.size() && kSpecial.find(text[at]) != kSpecial.npos;
+        if (isSpecial != isEscape) return std::nullopt;
+        name.push_back(text[at]);
     }
-    return false;
+    return name;
 }
 
 // No byte of a longer character is one of those that mean something.

@@ -31,8 +31,9 @@ public:
     // Whether `text` holds a character that means something in a pattern.
     static bool HasSpecialCharacters(std::string_view text) noexcept;
 
-    // Whether a backslash in `text` takes its meaning from such a character.
-    static bool HasEscapes(std::string_view text) noexcept;
+    // The name that `text` spells with each of *?[]\ in it escaped, and nothing else; nothing for
+    // other texts.
+    static std::optional<std::string> EscapedName(std::string_view text);
 
     // The one name that a pattern of plain and escaped characters matches; nothing for others.
     static std::optional<std::string> OnlyName(std::string_view text);

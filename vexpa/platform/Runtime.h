@@ -194,7 +194,8 @@ struct UzpCB {
 // in Info-ZIP's manner (case counts): * any run, also over '/'; ? one character; [...] a class,
 // with ranges, negated by a leading ! or ^; a backslash takes the next character literally.
 // Of several matches the first in directory order is taken; but an entry whose name equals
-// `entry` wins, unless all of *?[]\ in it are escaped, which leaves it one name to mean.
+// `entry` wins, unless every one of *?[]\ in it is escaped: then the name without the escapes
+// is meant and no other.
 //
 // Non-zero is success; an entry of no bytes gives strlength 0. Zero: no such file, archive
 // or entry, an encrypted or damaged entry, an unknown method, or no memory. No file stays

@@ -17,8 +17,8 @@ bool IsReadable(const UnZipArchiveImpl& archive) {
 
 UnZipArchive::UnZipArchive() noexcept = default;
 
-// A compiled caller may end an archive in place and look at the pointer after it; the store of a
-// member that ends would be left out.
+// A compiled caller may end an archive in place and look at the pointer after it. Without the fence
+// GCC leaves the null out, as nobody may read an object that has ended.
 UnZipArchive::~UnZipArchive() {
     Close();
     std::atomic_signal_fence(std::memory_order_seq_cst);

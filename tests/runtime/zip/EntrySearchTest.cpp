@@ -48,9 +48,15 @@ TEST_F(EntrySearch, FindsNamesWithBracketsEscapedOrNot) {
 }
 
 TEST_F(EntrySearch, OfAnEscapedNameIsNotForAnEntrySpelledWithTheEscapes) {
-    List({"\\[Content_Types\\].xml", "a\\b"});
+    List({"\\[Content_Types\\].xml", "a\\\\b"});
     EXPECT_EQ(Find("\\[Content_Types\\].xml"), -1);
-    EXPECT_EQ(Find("a\\b"), 1) << "escapes nothing";
+    EXPECT_EQ(Find("a\\\\b"), -1);
+}
+
+TEST_F(EntrySearch, PrefersTheExactNameWhereNotAllIsEscaped) {
+    List({"xl[trash]0.dat", "ab", "xl\\[trash]\\0.dat", "a\\b"});
+    EXPECT_EQ(Find("xl\\[trash]\\0.dat"), 2);
+    EXPECT_EQ(Find("a\\b"), 3);
 }
 
 TEST_F(EntrySearch, NeverTriesNamesForARequestWithoutPatternCharacters) {

@@ -136,12 +136,12 @@ TEST(NamePattern, OfEscapedCharactersHasOnlyOneName) {
     EXPECT_EQ(NamePattern::OnlyName("a\\"), std::nullopt);
 }
 
-TEST(NamePattern, KnowsABackslashThatEscapesFromOneThatParts) {
-    for (const char* text : {"\\[a", "a\\]", "a\\*b", "\\?", "a\\\\", "a\\b\\\\c"}) {
-        EXPECT_TRUE(NamePattern::HasEscapes(text)) << text;
-    }
-    for (const char* text : {"", "a", "[a]", "a\\b", "a\\", "\\a[b]"}) {
-        EXPECT_FALSE(NamePattern::HasEscapes(text)) << text;
+TEST(NamePattern, ThatIsEscapedThroughoutSpellsAName) {
+    EXPECT_EQ(NamePattern::EscapedName("\\[Content_Types\\].xml"), "[Content_Types].xml");
+    EXPECT_EQ(NamePattern::EscapedName("\\*\\?a\\\\"), "*?a\\");
+    EXPECT_EQ(NamePattern::EscapedName("\\[\xE2\x82\xAC\\]"), "[\xE2\x82\xAC]");
+    for (const char* text : {"[a]", "\\[a]", "a\\*b*", "a\\b", "a\\b\\\\c", "a\\", "\\\xE2\x82\xAC"}) {
+        EXPECT_EQ(NamePattern::EscapedName(text), std::nullopt) << text;
     }
 }
 
