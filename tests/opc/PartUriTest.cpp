@@ -113,6 +113,12 @@ TEST(PartUri, HasNoComponentsForAByteOrderMarkAlone) {
     EXPECT_TRUE(HasNoComponents(uri));
 }
 
+TEST(PartUri, LosesAByteOrderMarkInItsComponentsOnly) {
+    const PartUri uri(u"\uFEFFword/a.xml");
+    EXPECT_EQ(uri.name, u"\uFEFFword/a.xml");
+    EXPECT_EQ(uri.path, u"word/a.xml");
+}
+
 TEST(PartUri, HasNoComponentsWhenOnlyTheEndOfTheNameDoesNotParse) {
     const PartUri uri(u"http://example.org:1/a?b#c d");
     EXPECT_TRUE(HasNoComponents(uri));
